@@ -1,0 +1,60 @@
+// The widths and variable numbers of a symbolic state, and the map file that tells them.
+
+#include <bit>
+#include <fstream>
+
+#include "model/tpnmodel.hpp"
+
+namespace {
+
+// The number of binary digits of n, 0 where n is not positive.
+int binaryDigits(int n) {
+  return n > 0 ? static_cast<int>(std::bit_width(static_cast<unsigned>(n))) : 0;
+}
+
+// 2 * n + add in wrapping 32-bit arithmetic.
+int twicePlus(int n, unsigned add) { return static_cast<int>(2U * static_cast<unsigned>(n) + add); }
+
+// The least b with 2^b >= count, and 0 for at most one location.
+int locationBits(int count) { return count > 1 ? binaryDigits(count - 1) : 0; }
+
+}  // namespace
+
+void NetTimedModel::compNrOfBits() {
+  const auto entries = static_cast<std::size_t>(nrOfProcs) + 1;
+  nrOfClocks = nrOfProcs;
+  totalNrVertBits = 0;
+  nrVertBits.assign(entries, 0);
+  firstVertBit.assign(entries, 0);
+
+  std::vector<int> locations(entries, 0);
+  for (const Pair& vertex : vertices) ++locations[vertex.first];
+  for (std::size_t p = 1; p < entries; ++p) {
+    nrVertBits[p] = locationBits(locations[p]);
+    firstVertBit[p] = firstVertBit[p - 1] + nrVertBits[p - 1];
+    totalNrVertBits += nrVertBits[p];
+  }
+
+  intPLen = binaryDigits(twicePlus(maxConst, 2));
+  frPLen = nrOfClocks > 0 ? binaryDigits(twicePlus(nrOfClocks, ~0U)) : 0;  // of 2n - 1
+}
+
+std::int64_t NetTimedModel::getSymStateLen() const {
+  const std::int64_t slots = std::int64_t{nrOfClocks} + 1;
+  return totalNrVertBits + slots * (intPLen + frPLen) + frPLen;
+}
+
+SymState NetTimedModel::genSymState(int first) const {
+  return SymState(totalNrVertBits, nrOfClocks, intPLen, frPLen, first);
+}
+
+void NetTimedModel::showLCK(int k, int maxVar, std::string name) const {
+  std::ofstream file(name.append(".lck"));
+  file << nrOfProcs << "\n";
+  for (std::size_t p = 1; p < nrVertBits.size(); ++p) file << nrVertBits[p] << " ";
+  file << "\n";
+  file << nrOfClocks << " " << intPLen << " " << frPLen << "\n";
+  file << k << "\n";
+  file << maxVar << "\n";
+  file << nrOfTrans << " " << nrInvTerms << "\n";
+}

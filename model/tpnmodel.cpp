@@ -1,0 +1,104 @@
+// Formulas over one symbolic state: locations, enabledness, guards, invariants, the initial state
+// and the propositions.
+
+#include "model/tpnmodel.hpp"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "clock/clockcond.hpp"
+
+namespace {
+
+constexpr auto unbounded = static_cast<NetTimedModel::Number>(-1);  // no latest firing time
+
+BoolForm clockAtom(const SymState& s, NetTimedModel::Number p, ClockRel rel,
+                   NetTimedModel::Number bound) {
+  const SmplClockCond atom{static_cast<int>(p), 0, rel, static_cast<int>(bound)};
+  return atom.toBool(s.clocks);
+}
+
+}  // namespace
+
+BoolForm NetTimedModel::bef(int p, int l, const BoolFormVect& loc) const {
+  assert(loc.size() == totalNrVertBits);
+  const int offset = firstVertBit[static_cast<std::size_t>(p)];
+  const auto location = static_cast<unsigned>(l);
+  BoolForm r(true);
+  for (int b = 0; b < nrVertBits[static_cast<std::size_t>(p)]; ++b) {
+    const BoolForm bit = loc[offset + b];
+    r = con(r, (location >> b & 1U) != 0 ? bit : neg(bit));
+  }
+  return r;
+}
+
+BoolForm NetTimedModel::enabled(const SymState& s, int t) const {
+  BoolForm r(true);
+  for (const Number p : transProcs.at(static_cast<Number>(t))) {
+    const Number source = localTrans.at({p, static_cast<Number>(t)}).first;
+    const BoolForm there = bef(static_cast<int>(p), static_cast<int>(source), s.loc);
+    r = con(r, there);
+  }
+  return r;
+}
+
+BoolForm NetTimedModel::latestReached(const SymState& s, Number p, Number latest) const {
+  return latest == unbounded ? BoolForm(true) : clockAtom(s, p, relLessOrEqual, latest);
+}
+
+// The earliest time must be reached by the clocks of all processes of t; the latest time need only
+// hold for one of them.
+BoolForm NetTimedModel::guard(const SymState& s, int t) const {
+  const auto [earliest, latest] = timeIntervals[static_cast<std::size_t>(t)];
+  BoolForm allReady(true);
+  BoolForm oneInTime(false);
+  for (const Number p : transProcs.at(static_cast<Number>(t))) {
+    const BoolForm ready = clockAtom(s, p, relGreaterOrEqual, earliest);
+    allReady = con(allReady, ready);
+    const BoolForm inTime = latestReached(s, p, latest);
+    oneInTime = dis(oneInTime, inTime);
+  }
+  return con(allReady, oneInTime);
+}
+
+BoolForm NetTimedModel::invariant(const SymState& s) const {
+  BoolForm all(true);
+  for (int t = 1; t <= nrOfTrans; ++t) {
+    const Number latest = timeIntervals[static_cast<std::size_t>(t)].second;
+    const auto procs = transProcs.find(static_cast<Number>(t));
+    if (procs == transProcs.end()) {
+      std::cout << "tranzycja z pustym zbiorem procesow\n";
+      std::exit(1);
+    }
+    BoolForm oneInTime(false);
+    for (const Number p : procs->second) {
+      const BoolForm inTime = latestReached(s, p, latest);
+      oneInTime = dis(oneInTime, inTime);
+    }
+    const BoolForm isEnabled = enabled(s, t);
+    const BoolForm term = dis(neg(isEnabled), oneInTime);
+    if (!(term == BoolForm(true))) ++nrInvTerms;
+    all = con(all, term);
+  }
+  return all;
+}
+
+BoolForm NetTimedModel::fI(int l, const SymState& s) const {
+  BoolForm r = allZero(s.clocks);
+  for (int p = 1; p <= nrOfProcs; ++p) {
+    const BoolForm there = bef(p, l, s.loc);
+    r = con(r, there);
+  }
+  return r;
+}
+
+BoolForm NetTimedModel::fP(int q, const SymState& s) const {
+  BoolForm r(false);
+  for (const auto& [vertex, proposition] : valuation) {
+    if (proposition != static_cast<Number>(q)) continue;
+    const BoolForm there =
+        bef(static_cast<int>(vertex.first), static_cast<int>(vertex.second), s.loc);
+    r = dis(r, there);
+  }
+  return r;
+}
