@@ -1,0 +1,108 @@
+#include "translation/pathlimit.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <limits>
+#include <new>
+#include <vector>
+
+#include "boolform/boolform.hpp"
+#include "translation/reachtran.hpp"
+
+namespace {
+
+constexpr std::int64_t mostVariables = varNrLimit - 1;
+
+// At the peak, when the clauses are sorted: key and index of a node, three or four clauses of 12
+// bytes, and as much again to sort into.
+constexpr std::int64_t peakBytesPerNode = 128;
+
+[[noreturn]] void refuse(int k, const std::string& why, const std::string& quantity, int largest) {
+  std::cerr << "zervan: path length " << k << " needs " << why << "; ";
+  if (largest > 0)
+    std::cerr << "the largest path length that fits is " << quantity << largest << std::endl;
+  else
+    std::cerr << "no path length fits" << std::endl;
+  std::exit(1);
+}
+
+void emptyStore() {
+  BoolForm::tv = {};
+  BoolForm::mti = {};
+  BoolForm::maxNr = varNrLimit;
+}
+
+// The nodes of a whole run with path length k, counted in an empty store.
+std::int64_t nodesFor(const NetTimedModel& model, int k) {
+  emptyStore();
+  EctlTransl translator(model, k);
+  const BoolForm path = translator.symbPath();
+  const BoolForm property = translator.inSomeState(*model.formula);
+  con(property, path);
+  return static_cast<std::int64_t>(BoolForm::tv.size());
+}
+
+// The largest block of memory to be had in one piece, to the megabyte.
+std::int64_t largestBlock() {
+  constexpr std::size_t megabyte = 1 << 20;
+  std::size_t fits = 0;
+  for (std::size_t step = std::size_t{1} << 46; step >= megabyte; step /= 2) {
+    void* block = ::operator new(fits + step, std::nothrow);
+    if (block != nullptr) fits += step;
+    ::operator delete(block);
+  }
+  return static_cast<std::int64_t>(fits);
+}
+
+}  // namespace
+
+void refuseTooManyVariables(const NetTimedModel& model, int k) {
+  const std::int64_t perState = model.getSymStateLen();
+  const std::int64_t needed = (std::int64_t{k} + 1) * perState;
+  if (needed <= mostVariables) return;
+  const std::string most = ", and " + std::to_string(mostVariables) + " is the most";
+  refuse(k, std::to_string(needed) + " variables" + most, "",
+         static_cast<int>(mostVariables / perState - 1));
+}
+
+void refuseTooManyNodes(const NetTimedModel& model, int k) {
+  const std::int64_t most = std::int64_t{BoolForm::lastNr} - varNrLimit;
+  const int largest = largestLengthWithin(model, most);
+  refuse(k, "more than " + std::to_string(most) + " formula nodes", "", largest);
+}
+
+void refuseOutOfMemory(const NetTimedModel& model, int k) {
+  emptyStore();
+  const std::int64_t bytes = largestBlock();
+  const int largest = std::min(k - 1, largestLengthWithin(model, bytes / peakBytesPerNode));
+  refuse(k, "more memory than the " + std::to_string(bytes >> 20) + " MiB there are", "about ",
+         largest);
+}
+
+// Every rotation of three steps is the one before on other variables, but for the first, which
+// knows the initial state. From the third rotation on the node count therefore grows by the same
+// amount every three steps, and counting goes on without building.
+int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
+  constexpr int measured = 12;
+  constexpr int rotation = 3;
+  const std::int64_t lengths = mostVariables / std::max<std::int64_t>(model.getSymStateLen(), 1);
+  std::vector<std::int64_t> count{0};  // [j]: the nodes for path length j
+  int largest = 0;
+  for (int j = 1; j < lengths; ++j) {
+    if (j <= measured) {
+      try {
+        count.push_back(nodesFor(model, j));
+      } catch (const std::exception&) {  // this one already runs out
+        break;
+      }
+    } else {
+      const auto end = count.end();
+      count.push_back(*(end - rotation) + *(end - rotation) - *(end - 2 * rotation));
+    }
+    if (count.back() > nodes) break;
+    largest = j;
+  }
+  emptyStore();
+  return largest;
+}

@@ -1,0 +1,136 @@
+#include "translation/reachtran.hpp"
+
+#include <ctime>
+#include <iostream>
+#include <new>
+#include <vector>
+
+#include "boolform/clause.hpp"
+#include "boolform/dimacs.hpp"
+#include "translation/pathlimit.hpp"
+
+namespace {
+
+std::size_t storeSize() { return BoolForm::tv.size(); }
+
+BoolForm pop(std::vector<BoolForm>& s) {
+  const BoolForm top = s.back();
+  s.pop_back();
+  return top;
+}
+
+}  // namespace
+
+int EctlTransl::getStartNr(int i) const {
+  return i <= 0 ? 1 : static_cast<int>(1 + i * model.getSymStateLen());
+}
+
+BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const {
+  switch (i % 3) {
+    case 0:
+      return model.timeSucc(from, to);
+    case 1:
+      return model.actionSucc(from, to);
+    default:
+      return model.adjustSucc(from, to);
+  }
+}
+
+BoolForm EctlTransl::symbPath() {
+  SymState from = stateAt(0);
+  BoolForm path = model.fI(0, from);
+  for (int i = 0; i < k; ++i) {
+    SymState to = stateAt(i + 1);
+    const BoolForm next = step(i, from, to);
+    path = con(path, next);
+    from = std::move(to);
+  }
+  return path;
+}
+
+BoolForm EctlTransl::inSomeState(const EctlForm& property) {
+  BoolForm r(false);
+  for (int i = 0; i <= k; ++i) {
+    const BoolForm here = transl(property, i);
+    r = dis(r, here);
+  }
+  return r;
+}
+
+BoolForm EctlTransl::transl(const EctlForm& property) {
+  const BoolForm r = inSomeState(property);
+  std::cerr << "translation : " << storeSize() << std::endl;
+  return r;
+}
+
+BoolForm EctlTransl::transl(const EctlForm& property, int i) {
+  const SymState state = stateAt(i);
+  std::vector<BoolForm> s;
+  for (const OnpNode& item : property.onp) {
+    switch (item.op) {
+      case EctlOper::truth:
+        s.push_back(BoolForm(true));
+        break;
+      case EctlOper::prop:
+        s.push_back(model.fP(item.arg, state));
+        break;
+      case EctlOper::negProp:
+        s.push_back(neg(model.fP(item.arg, state)));
+        break;
+      case EctlOper::conj:
+      case EctlOper::disj: {
+        const BoolForm b = pop(s);
+        const BoolForm a = pop(s);
+        s.push_back(item.op == EctlOper::conj ? con(a, b) : dis(a, b));
+        break;
+      }
+      default:
+        return BoolForm(false);  // temporal operators are not translated
+    }
+  }
+  assert(s.size() == 1);
+  return s.back();
+}
+
+void EctlTransl::checkEctlFormula(const std::string& name) {
+  refuseTooManyVariables(model, k);
+  try {
+    run(name);
+  } catch (const NodeNumbersExhausted&) {
+    refuseTooManyNodes(model, k);
+  } catch (const std::bad_alloc&) {
+    refuseOutOfMemory(model, k);
+  }
+}
+
+void EctlTransl::run(const std::string& name) {
+  const EctlForm property = *model.formula;
+  const std::clock_t start = std::clock();
+
+  std::cerr << "Creating symbolic paths" << std::endl;
+  const BoolForm path = symbPath();
+  std::cerr << "End of symbolic path: " << storeSize() << std::endl;
+
+  std::cerr << "Translation" << std::endl;
+  const BoolForm translated = transl(property);
+  std::cerr << "End of translation: " << storeSize() << std::endl;
+
+  std::cout << "Conjunction: " << std::flush;
+  const BoolForm whole = con(translated, path);
+  std::cout << storeSize() << std::endl;
+
+  std::cerr << "Creating clauses: ";
+  ClauseSet cnf;
+  whole.toCNF(cnf);
+  std::cerr << cnf.size() << std::endl;
+
+  std::cerr << "Writing down clauses ";
+  showCNF(cnf, name);
+  model.showLCK(k, maxCNFOrgVarNr(cnf), name);
+  std::cerr << std::endl;
+
+  const std::clock_t end = std::clock();
+  std::cerr << "Time consumed : ";
+  std::cerr.precision(4);
+  std::cerr << static_cast<double>(end - start) / 1000000.0 << std::endl;
+}

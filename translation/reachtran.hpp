@@ -1,0 +1,50 @@
+// From model, property and path length to the clause file.
+//
+// One symbolic path: state copies 0..k, each on its own block of variables, linked by steps in the
+// fixed rotation time, action, adjust. The property is a state formula asked of every state of the
+// path. The clause set of their conjunction is satisfiable exactly when the path has k legal steps
+// and some state on it satisfies the property.
+//
+// The state length L is the number of variables of one state; state i starts at variable 1 + i * L.
+
+#pragma once
+
+#include <string>
+
+#include "boolform/boolform.hpp"
+#include "model/tpnmodel.hpp"
+
+class EctlTransl {
+ public:
+  // The model is borrowed and outlives the translator; k >= 1.
+  EctlTransl(const NetTimedModel& net, int length) : k(length), model(net) {}
+
+  // Runs everything: path, property, clauses, name.cnf and name.lck, with progress lines. Where the
+  // path needs more variables or nodes than there are numbers, or more memory than there is, the
+  // process ends with exit status 1 and one line on standard error, before any file is touched.
+  void checkEctlFormula(const std::string& name);
+
+  // The initial state, then k steps: ((initial and step 0) and step 1) and ...
+  BoolForm symbPath();
+
+  // The property in some state of the path; reports the store's size on standard error.
+  BoolForm transl(const EctlForm& property);
+
+  // The same, without the report.
+  BoolForm inSomeState(const EctlForm& property);
+
+  // The property in state i. A temporal operator makes it false. Asserts that the postfix items
+  // leave one value.
+  BoolForm transl(const EctlForm& property, int i);
+
+  // The first variable of state i; 1 for i <= 0.
+  int getStartNr(int i) const;
+
+ private:
+  SymState stateAt(int i) const { return model.genSymState(getStartNr(i)); }
+  BoolForm step(int i, const SymState& from, const SymState& to) const;
+  void run(const std::string& name);
+
+  int k;
+  const NetTimedModel& model;
+};
