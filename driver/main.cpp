@@ -1,0 +1,83 @@
+// zervan NET PHI K: the order of a run, and its reports of time and memory.
+
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <new>
+#include <string>
+
+#include "driver/freemem.hpp"
+#include "model/tpnmodel.hpp"
+#include "translation/reachtran.hpp"
+
+namespace {
+
+constexpr int exitUsage = 1;
+constexpr int exitPathLength = 2;
+
+std::uint32_t freeBytes() { return static_cast<std::uint32_t>(getfreemem()); }
+
+// clock() counts millionths of a second.
+double seconds(std::clock_t from, std::clock_t to) {
+  return static_cast<double>(to - from) / 1000000.0;
+}
+
+bool logTime(double time) {
+  std::ofstream log("bmctime.out", std::ios::app);
+  if (!log) {
+    std::cout << "Nie mozna otworzyc pliku bmctime.out\n";
+    return false;
+  }
+  log.precision(4);
+  log << time << "\n";
+  return true;
+}
+
+int run(const std::string& net, const std::string& phi, const std::string& length, int k) {
+  const std::uint32_t freeBefore = freeBytes();
+  const std::clock_t start = std::clock();
+  std::cout << freeBefore << " bytes memory" << std::endl;
+
+  NetTimedModel model;
+  model.readNetwork(net);
+  model.compNrOfBits();
+  std::cout << "Places: " << model.vertices.size() << std::endl;
+  std::cout << "Transitions: " << model.localTrans.size() << std::endl;
+  model.readFormula(phi);
+  std::cout << "Formula is read\n";
+
+  EctlTransl translator(model, k);
+  translator.checkEctlFormula(net + "k" + length);
+
+  std::cout << std::endl;
+  const double time = seconds(start, std::clock());
+  std::cout.precision(4);
+  std::cout << time << std::endl;
+  const std::uint32_t used = freeBefore - freeBytes();  // wraps where free memory grew
+  std::cout << "Memory used by ZERVAN : " << used * 9.5367431640625e-07 << " Mb" << std::endl;
+  return logTime(time) ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 4) {
+    std::cerr << "Usage : zervan TimePetriNetFile FormulaFile PathLen\n";
+    return exitUsage;
+  }
+  // Cut to 32 bits first, tested then.
+  const int k = static_cast<int>(std::strtol(argv[3], nullptr, 10));
+  if (k < 1) {
+    std::cerr << "Length of path should be > 0\n";
+    return exitPathLength;
+  }
+  try {
+    return run(argv[1], argv[2], argv[3], k);
+  } catch (const std::bad_alloc&) {
+    std::cerr << "zervan: the network needs more memory than there is" << std::endl;
+    return EXIT_FAILURE;
+  }
+}
