@@ -103,9 +103,10 @@ void EctlForm::show() const { std::cout << text() << std::endl << std::endl; }
 int EctlForm::getSpecLen(int k) const { return specLen(k, buildTree().get()); }
 
 // Backwards through the pre-order, operands come before their operator and the left operand's value
-// lies on top.
+// lies on top of the stack.
 int EctlForm::specLen(int k, const Node* node) {
-  const std::vector<const Node*> order = inPreOrder(node);
+  std::vector<const Node*> order = inPreOrder(node);
+  std::reverse(order.begin(), order.end());
   std::vector<unsigned> values;
   const auto pop = [&](const std::unique_ptr<Node>& child) {
     if (!child) return 0U;
@@ -113,10 +114,10 @@ int EctlForm::specLen(int k, const Node* node) {
     values.pop_back();
     return value;
   };
-  for (auto n = order.rbegin(); n != order.rend(); ++n) {
-    const unsigned first = pop((*n)->left);
-    const unsigned second = pop((*n)->right);
-    values.push_back(pathCount((*n)->op, static_cast<unsigned>(k), first, second));
+  for (const Node* n : order) {
+    const unsigned first = pop(n->left);
+    const unsigned second = pop(n->right);
+    values.push_back(pathCount(n->op, static_cast<unsigned>(k), first, second));
   }
   return values.empty() ? 0 : static_cast<int>(values.back());
 }

@@ -97,8 +97,8 @@ int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
         break;
       }
     } else {
-      const auto end = count.end();
-      count.push_back(*(end - rotation) + *(end - rotation) - *(end - 2 * rotation));
+      const auto last = count.end() - rotation;  // the same step, one rotation ago
+      count.push_back(*last + (*last - *(last - rotation)));
     }
     if (count.back() > nodes) break;
     largest = j;
