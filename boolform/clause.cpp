@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
+#include <span>
 #include <utility>
 
 Clause::Clause(int a, int b, int c) : first(a), second(b), third(c) {
@@ -18,7 +20,7 @@ Clause::Clause(int a, int b, int c) : first(a), second(b), third(c) {
 
 namespace {
 
-constexpr int maxDigitBits = 12;  // 4096 counters stay in the first-level cache
+constexpr int maxDigitBits = 9;  // 512 write positions: more would outrun the TLB
 
 struct Column {
   int Clause::*slot;
@@ -30,23 +32,23 @@ struct Column {
   }
 };
 
-// One counting pass over the digit at `shift`; stable. False, with `to` unset, where all clauses
-// have the same digit.
-bool sortByDigit(const Column& column, int shift, std::uint32_t mask,
-                 const std::vector<Clause>& from, std::vector<Clause>& to) {
+// One counting pass over the digit at `shift`; stable. False, with `to` untouched, where all
+// clauses have the same digit.
+bool sortByDigit(const Column& column, int shift, std::uint32_t mask, std::span<const Clause> from,
+                 std::span<Clause> to) {
   std::array<std::size_t, std::size_t{1} << maxDigitBits> next{};
   const auto digit = [&](const Clause& c) { return column.key(c) >> shift & mask; };
   for (const Clause& c : from) ++next[digit(c)];
   if (next[digit(from.front())] == from.size()) return false;
   std::size_t start = 0;
   for (std::size_t& n : next) start += std::exchange(n, start);
-  to.resize(from.size());
   for (const Clause& c : from) to[next[digit(c)]++] = c;
   return true;
 }
 
 // Least significant digit first; a column that stands in order already costs one look.
-void sortByColumn(int Clause::*slot, std::vector<Clause>& clauses, std::vector<Clause>& spare) {
+// The order is in `clauses` afterwards, which the two arrays may swap roles for.
+void sortByColumn(int Clause::*slot, std::span<Clause>& clauses, std::span<Clause>& spare) {
   int lowest = clauses.front().*slot;
   int highest = lowest;
   int previous = lowest;
@@ -67,7 +69,7 @@ void sortByColumn(int Clause::*slot, std::vector<Clause>& clauses, std::vector<C
   const int digitBits = (bits + digits - 1) / digits;
   const std::uint32_t mask = (std::uint32_t{1} << digitBits) - 1;
   for (int d = 0; d < digits; ++d)
-    if (sortByDigit({slot, lowest}, d * digitBits, mask, clauses, spare)) clauses.swap(spare);
+    if (sortByDigit({slot, lowest}, d * digitBits, mask, clauses, spare)) std::swap(clauses, spare);
 }
 
 }  // namespace
@@ -79,10 +81,14 @@ void ClauseSet::clear() {
 
 const std::vector<Clause>& ClauseSet::ordered() const {
   if (!ordered_) {
-    std::vector<Clause> spare;
-    sortByColumn(&Clause::third, clauses_, spare);
-    sortByColumn(&Clause::second, clauses_, spare);
-    sortByColumn(&Clause::first, clauses_, spare);
+    // Not initialised: at this size touching memory once more is what costs.
+    const auto room = std::make_unique_for_overwrite<Clause[]>(clauses_.size());
+    std::span<Clause> sorted(clauses_);
+    std::span<Clause> spare(room.get(), clauses_.size());
+    sortByColumn(&Clause::third, sorted, spare);
+    sortByColumn(&Clause::second, sorted, spare);
+    sortByColumn(&Clause::first, sorted, spare);
+    if (sorted.data() == room.get()) std::copy(sorted.begin(), sorted.end(), clauses_.begin());
     clauses_.erase(std::unique(clauses_.begin(), clauses_.end()), clauses_.end());
     ordered_ = true;
   }

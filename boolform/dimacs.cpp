@@ -32,7 +32,7 @@ int renumbered(int literal, int shift) {
 void writeLiteral(LineWriter& lines, int literal, int shift) {
   if (literal == 0) return;
   lines.number(renumbered(literal, shift));
-  lines.text(" ");
+  lines.character(' ');
 }
 
 // Literals up to `shift` keep their number.
@@ -44,14 +44,14 @@ void writeDimacs(const ClauseSet& cnf, const std::string& file, int highest, int
   LineWriter lines(out);
   lines.text("p cnf ");
   lines.number(highest);
-  lines.text(" ");
-  lines.number(static_cast<long long>(cnf.size()));
+  lines.character(' ');
+  lines.number(cnf.size());
   lines.endLine();
   for (const Clause& c : cnf) {
     writeLiteral(lines, c.first, shift);
     writeLiteral(lines, c.second, shift);
     writeLiteral(lines, c.third, shift);
-    lines.text("0");
+    lines.character('0');
     lines.endLine();
   }
 }

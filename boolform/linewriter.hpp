@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <charconv>
 #include <cstddef>
 #include <ostream>
@@ -21,12 +22,17 @@ class LineWriter {
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
 
-  void text(std::string_view s);
-  void number(long long n) {
+  void text(std::string_view s) {
+    assert(s.size() <= maxLine);
+    used_ += s.copy(next(), s.size());
+  }
+  void character(char c) { block_[used_++] = c; }
+  template <class Integer>
+  void number(Integer n) {
     used_ += static_cast<std::size_t>(std::to_chars(next(), next() + maxLine, n).ptr - next());
   }
   void endLine() {
-    block_[used_++] = '\n';
+    character('\n');
     if (used_ >= blockSize) handOver();
   }
 

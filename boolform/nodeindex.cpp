@@ -1,30 +1,53 @@
 #include "boolform/nodeindex.hpp"
 
+#include <algorithm>
 #include <bit>
 
 namespace {
 
 constexpr std::size_t smallestCapacity = 1024;
+constexpr std::size_t slotsPerVariable = 8;
+constexpr int nearProbes = 16;
 
 bool fits(std::size_t count, std::size_t capacity) { return count <= capacity / 4 * 3; }
 
 }  // namespace
 
-// Multiplicative hash, high bits: the low bits of a product know only the low bits of the key.
-std::size_t NodeIndex::home(const Triple& key) const {
+// Multiplicative hash; its high bits are the good ones, for the low bits of a product know only the
+// low bits of its factors.
+std::uint64_t NodeIndex::hash(const Triple& key) const {
   const auto left = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.left));
   const auto right = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.right));
   const auto op = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.op));
   const std::uint64_t mixed = (left << 32 | right) * 0x9E3779B97F4A7C15ULL + op;
-  return static_cast<std::size_t>((mixed ^ mixed >> 29) * 0xBF58476D1CE4E5B9ULL >> shift_);
+  return (mixed ^ mixed >> 29) * 0xBF58476D1CE4E5B9ULL;
+}
+
+// Formulas are built state by state, so the operands of new nodes are recent nodes. Where the
+// larger operand is node i, the search starts about where i stands among all nodes, four slots for
+// three of them: what is built together lies together.
+std::size_t NodeIndex::near(const Triple& key) const {
+  const auto size = [](int nr) { return static_cast<std::uint32_t>(nr < 0 ? -nr : nr); };
+  const std::size_t larger = std::max(size(key.left), size(key.right));
+  const std::size_t i = larger >= firstNr ? larger - firstNr : larger * slotsPerVariable;
+  return i + i / 3;
+}
+
+template <class Holds>
+std::size_t NodeIndex::probe(const Triple& key, Holds holds) const {
+  const std::size_t mask = slots_.size() - 1;
+  const std::uint64_t h = hash(key);
+  std::size_t at = near(key) + (h & 3U);
+  for (int i = 0; i < nearProbes; ++i, ++at)
+    if (holds(slots_[at & mask])) return at & mask;
+  for (at = static_cast<std::size_t>(h >> shift_); !holds(slots_[at]);) at = (at + 1) & mask;
+  return at;
 }
 
 int& NodeIndex::slot(const Triple& key, const std::vector<Triple>& nodes) {
   if (!fits(nodes.size() + 1, slots_.size())) reserve(nodes.size() + 1, nodes);
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t at = home(key);
-  while (slots_[at] != 0 && nodes[static_cast<std::size_t>(slots_[at] - firstNr)] != key)
-    at = (at + 1) & mask;
+  const std::size_t at = probe(
+      key, [&](int nr) { return nr == 0 || nodes[static_cast<std::size_t>(nr - firstNr)] == key; });
   return slots_[at];
 }
 
@@ -39,10 +62,7 @@ void NodeIndex::rebuild(std::size_t capacity, const std::vector<Triple>& nodes) 
   slots_.shrink_to_fit();  // old and new table never stand in memory together
   slots_.resize(capacity, 0);
   shift_ = 64 - std::countr_zero(capacity);
-  const std::size_t mask = capacity - 1;
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    std::size_t at = home(nodes[i]);
-    while (slots_[at] != 0) at = (at + 1) & mask;  // keys are distinct: the first free slot is it
-    slots_[at] = firstNr + static_cast<int>(i);
-  }
+  int nr = firstNr;
+  for (const Triple& key : nodes)  // keys are distinct: the first free slot is the place
+    slots_[probe(key, [](int taken) { return taken == 0; })] = nr++;
 }

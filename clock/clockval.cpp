@@ -7,18 +7,6 @@ namespace {
 // c + 1 as the unsigned constant that the comparisons take.
 unsigned above(int c) { return static_cast<unsigned>(c) + 1U; }
 
-BoolForm zeroClock(const ClockVal& v, int i) {
-  const BoolForm fraction = v.frPart(i).zero();
-  const BoolForm integer = v.intPart(i).zero();
-  return con(integer, fraction);
-}
-
-BoolForm sameClock(const ClockVal& u, const ClockVal& v, int i) {
-  const BoolForm fraction = eq(v.frPart(i), u.frPart(i));
-  const BoolForm integer = eq(v.intPart(i), u.intPart(i));
-  return con(integer, fraction);
-}
-
 // Clock i as one fixed-point number, the fractional part in the low bits.
 BoolFormVect fixedPoint(const ClockVal& v, int i) {
   return BoolFormVect(v.intPart(i), v.frPart(i));
@@ -110,6 +98,18 @@ void ClockVal::show() const {
     frPart(i).show();
   }
   std::cout << std::endl;
+}
+
+BoolForm zeroClock(const ClockVal& v, int i) {
+  const BoolForm fraction = v.frPart(i).zero();
+  const BoolForm integer = v.intPart(i).zero();
+  return con(integer, fraction);
+}
+
+BoolForm sameClock(const ClockVal& v1, const ClockVal& v2, int i) {
+  const BoolForm fraction = eq(v1.frPart(i), v2.frPart(i));
+  const BoolForm integer = eq(v1.intPart(i), v2.intPart(i));
+  return con(integer, fraction);
 }
 
 BoolForm reset(const ClockVal& v1, const ClockVal& v2, const NumSet& x) {

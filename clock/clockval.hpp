@@ -48,6 +48,10 @@ class ClockVal {
   void show() const;
 };
 
+// Clock i, 1 <= i <= n: it is zero in v; it has the same value in v1 and v2.
+BoolForm zeroClock(const ClockVal& v, int i);
+BoolForm sameClock(const ClockVal& v1, const ClockVal& v2, int i);
+
 // The clocks in x are zero in v2, the others keep their values from v1; asserts equal n. Numbers
 // outside 1..n in x are ignored.
 BoolForm reset(const ClockVal& v1, const ClockVal& v2, const NumSet& x);

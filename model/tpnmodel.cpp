@@ -12,10 +12,23 @@ namespace {
 
 constexpr auto unbounded = static_cast<NetTimedModel::Number>(-1);  // no latest firing time
 
-BoolForm clockAtom(const SymState& s, NetTimedModel::Number p, ClockRel rel,
+// Building an atom again would give the same formula and no new node.
+template <class Atoms>
+BoolForm clockAtom(const SymState& s, Atoms& atoms, NetTimedModel::Number p, ClockRel rel,
                    NetTimedModel::Number bound) {
   const SmplClockCond atom{static_cast<int>(p), 0, rel, static_cast<int>(bound)};
-  return atom.toBool(s.clocks);
+  const auto known = atoms.find(atom);
+  if (known != atoms.end()) return known->second;
+  const BoolForm built = atom.toBool(s.clocks);
+  atoms.emplace(atom, built);
+  return built;
+}
+
+template <class Atoms>
+BoolForm inTime(const SymState& s, Atoms& atoms, NetTimedModel::Number p,
+                NetTimedModel::Number latest) {
+  if (latest == unbounded) return BoolForm(true);
+  return clockAtom(s, atoms, p, relLessOrEqual, latest);
 }
 
 }  // namespace
@@ -42,26 +55,28 @@ BoolForm NetTimedModel::enabled(const SymState& s, int t) const {
   return r;
 }
 
-BoolForm NetTimedModel::latestReached(const SymState& s, Number p, Number latest) const {
-  return latest == unbounded ? BoolForm(true) : clockAtom(s, p, relLessOrEqual, latest);
-}
-
 // The earliest time must be reached by the clocks of all processes of t; the latest time need only
 // hold for one of them.
 BoolForm NetTimedModel::guard(const SymState& s, int t) const {
+  Atoms atoms;
+  return guard(s, t, atoms);
+}
+
+BoolForm NetTimedModel::guard(const SymState& s, int t, Atoms& atoms) const {
   const auto [earliest, latest] = timeIntervals[static_cast<std::size_t>(t)];
   BoolForm allReady(true);
   BoolForm oneInTime(false);
   for (const Number p : transProcs.at(static_cast<Number>(t))) {
-    const BoolForm ready = clockAtom(s, p, relGreaterOrEqual, earliest);
+    const BoolForm ready = clockAtom(s, atoms, p, relGreaterOrEqual, earliest);
     allReady = con(allReady, ready);
-    const BoolForm inTime = latestReached(s, p, latest);
-    oneInTime = dis(oneInTime, inTime);
+    const BoolForm notLate = inTime(s, atoms, p, latest);
+    oneInTime = dis(oneInTime, notLate);
   }
   return con(allReady, oneInTime);
 }
 
 BoolForm NetTimedModel::invariant(const SymState& s) const {
+  Atoms atoms;
   BoolForm all(true);
   for (int t = 1; t <= nrOfTrans; ++t) {
     const Number latest = timeIntervals[static_cast<std::size_t>(t)].second;
@@ -72,8 +87,8 @@ BoolForm NetTimedModel::invariant(const SymState& s) const {
     }
     BoolForm oneInTime(false);
     for (const Number p : procs->second) {
-      const BoolForm inTime = latestReached(s, p, latest);
-      oneInTime = dis(oneInTime, inTime);
+      const BoolForm notLate = inTime(s, atoms, p, latest);
+      oneInTime = dis(oneInTime, notLate);
     }
     const BoolForm isEnabled = enabled(s, t);
     const BoolForm term = dis(neg(isEnabled), oneInTime);

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "boolform/boolform.hpp"
+#include "clock/clockcond.hpp"
 #include "clock/clockval.hpp"
 #include "ectl/ectlform.hpp"
 #include "model/symstate.hpp"
@@ -86,7 +87,14 @@ class NetTimedModel {
   BoolForm adjustSucc(const SymState& s1, const SymState& s2) const;  // clocks are normalised
 
  private:
+  // Clock atoms already built for one state: transitions share most of theirs.
+  using Atoms = std::map<SmplClockCond, BoolForm>;
+
   void readTransitions(std::ifstream& file);
   bool readProcess(std::ifstream& file);  // false at the end of the process list
-  BoolForm latestReached(const SymState& s, Number p, Number latest) const;
+  class StepTerms;
+
+  BoolForm guard(const SymState& s, int t, Atoms& atoms) const;
+  BoolForm fired(const SymState& s1, int t, const SymState& s2, StepTerms& terms) const;
+  BoolForm resets(int t, StepTerms& terms) const;
 };

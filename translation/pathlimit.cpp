@@ -81,8 +81,8 @@ void refuseOutOfMemory(const NetTimedModel& model, int k) {
 }
 
 // Every rotation of three steps is the one before on other variables, but for the first, which
-// knows the initial state. From the third rotation on the node count therefore grows by the same
-// amount every three steps, and counting goes on without building.
+// knows the initial state. The node count therefore grows by the same amount every three steps, and
+// counting goes on without building.
 int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
   constexpr int measured = 12;
   constexpr int rotation = 3;

@@ -1,5 +1,6 @@
 #include "translation/reachtran.hpp"
 
+#include <algorithm>
 #include <ctime>
 #include <iostream>
 #include <new>
@@ -19,6 +20,20 @@ BoolForm pop(std::vector<BoolForm>& s) {
   return top;
 }
 
+constexpr int rotation = 3;  // time, action, adjust
+
+// Makes room in the store for a path of length k once its first `built` steps are in it. The last
+// rotation made `perRotation` nodes and all further ones make as many. A path that is bound to run
+// out of node numbers is given up here, not gigabytes later. A sixteenth on top is for the
+// property.
+void reservePath(std::size_t perRotation, int built, int k) {
+  const auto nameable = static_cast<std::size_t>(BoolForm::lastNr - varNrLimit);
+  const auto rotations = static_cast<std::size_t>((k - built) / rotation);
+  const std::size_t atLeast = storeSize() + rotations * perRotation;
+  if (atLeast > nameable) throw NodeNumbersExhausted();
+  BoolForm::reserve(std::min(atLeast + perRotation + atLeast / 16, nameable));
+}
+
 }  // namespace
 
 int EctlTransl::getStartNr(int i) const {
@@ -26,7 +41,7 @@ int EctlTransl::getStartNr(int i) const {
 }
 
 BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const {
-  switch (i % 3) {
+  switch (i % rotation) {
     case 0:
       return model.timeSucc(from, to);
     case 1:
@@ -39,7 +54,10 @@ BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const
 BoolForm EctlTransl::symbPath() {
   SymState from = stateAt(0);
   BoolForm path = model.fI(0, from);
+  std::size_t firstRotation = 0;  // the store's size after it
   for (int i = 0; i < k; ++i) {
+    if (i == rotation) firstRotation = storeSize();
+    if (i == 2 * rotation) reservePath(storeSize() - firstRotation, i, k);
     SymState to = stateAt(i + 1);
     const BoolForm next = step(i, from, to);
     path = con(path, next);
