@@ -6,6 +6,8 @@
 namespace {
 
 constexpr std::size_t smallestCapacity = 1024;
+// Measured on Fischer's protocol with 3, 8 and 16 processes: half or four times as many slots a
+// variable cost up to a third of the speed, fewer than twelve near probes a tenth.
 constexpr std::size_t slotsPerVariable = 8;
 constexpr int nearProbes = 16;
 
@@ -23,11 +25,13 @@ std::uint64_t NodeIndex::hash(const Triple& key) const {
   return (mixed ^ mixed >> 29) * 0xBF58476D1CE4E5B9ULL;
 }
 
-// Formulas are built state by state, so the operands of new nodes are recent nodes. Where the
-// larger operand is node i, the search starts about where i stands among all nodes, four slots for
-// three of them: what is built together lies together.
+// Where the larger operand is the i-th node: the place of i when all nodes are spread evenly, four
+// slots for three of them. Where it is a variable: a place that grows with its number.
 std::size_t NodeIndex::near(const Triple& key) const {
-  const auto size = [](int nr) { return static_cast<std::uint32_t>(nr < 0 ? -nr : nr); };
+  const auto size = [](int nr) {
+    const auto bits = static_cast<std::uint32_t>(nr);
+    return nr < 0 ? 0U - bits : bits;
+  };
   const std::size_t larger = std::max(size(key.left), size(key.right));
   const std::size_t i = larger >= firstNr ? larger - firstNr : larger * slotsPerVariable;
   return i + i / 3;
