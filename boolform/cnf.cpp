@@ -36,21 +36,49 @@ std::size_t countClauses(const std::vector<std::uint8_t>& marked) {
   return clauses;
 }
 
+// The two halves of a definition: n implies the node, and the node implies n.
+
+void addNecessary(ClauseSet& cnf, const Triple& node, int n) {
+  const auto [op, l, r] = node;
+  if (op == bfCon) {
+    cnf.insert(Clause(-n, l, 0));
+    cnf.insert(Clause(-n, r, 0));
+  }
+  if (op == bfEqu) {
+    cnf.insert(Clause(-n, -l, r));
+    cnf.insert(Clause(-n, -r, l));
+  }
+}
+
+void addSufficient(ClauseSet& cnf, const Triple& node, int n) {
+  const auto [op, l, r] = node;
+  if (op == bfEqu) cnf.insert(Clause(l, r, n));
+  cnf.insert(Clause(-l, -r, n));
+}
+
+// Halves apart, the one from the last node down and the other from the first node up: a node's own
+// literal is the third of all its clauses, so the set's array comes out sorted by that column.
+void addDefinitions(ClauseSet& cnf, const std::vector<std::uint8_t>& marked) {
+  cnf.reserve(countClauses(marked));
+  const auto number = [](std::size_t i) { return NodeIndex::firstNr + static_cast<int>(i); };
+  for (std::size_t i = marked.size(); i-- > 0;)
+    if (marked[i] != 0) addNecessary(cnf, BoolForm::tv[i], number(i));
+  for (std::size_t i = 0; i < marked.size(); ++i)
+    if (marked[i] != 0) addSufficient(cnf, BoolForm::tv[i], number(i));
+}
+
 }  // namespace
 
 void BoolForm::addVar(ClauseSet& cnf, int x) const { cnf.insert(Clause(x, 0, 0)); }
 
 void BoolForm::addCon(ClauseSet& cnf, int l, int r, int n) const {
-  cnf.insert(Clause(-n, l, 0));
-  cnf.insert(Clause(-n, r, 0));
-  cnf.insert(Clause(-l, -r, n));
+  addNecessary(cnf, {bfCon, l, r}, n);
+  addSufficient(cnf, {bfCon, l, r}, n);
 }
 
 void BoolForm::addEqu(ClauseSet& cnf, int l, int r, int n) const {
-  cnf.insert(Clause(-n, -l, r));
-  cnf.insert(Clause(-n, -r, l));
-  cnf.insert(Clause(l, r, n));
-  cnf.insert(Clause(-l, -r, n));
+  addNecessary(cnf, {bfEqu, l, r}, n);
+  addSufficient(cnf, {bfEqu, l, r}, n);
 }
 
 void BoolForm::addNeg(ClauseSet& cnf, int a, int b) const {
@@ -64,16 +92,7 @@ void BoolForm::toCNF(ClauseSet& cnf) const {
     if (nr == falseNr) cnf.insert(Clause(0, 0, 0));
     return;
   }
-  if (isNode(nr)) {
-    const std::vector<std::uint8_t> marked = reachableFrom(nr);
-    cnf.reserve(countClauses(marked));
-    for (std::size_t i = 0; i < marked.size(); ++i) {
-      if (marked[i] == 0) continue;
-      const Triple& node = tv[i];
-      const int n = NodeIndex::firstNr + static_cast<int>(i);
-      if (node.op == bfCon) addCon(cnf, node.left, node.right, n);
-      if (node.op == bfEqu) addEqu(cnf, node.left, node.right, n);
-    }
-  }
-  addVar(cnf, nr);
+  if (nr < 0) addVar(cnf, nr);
+  if (isNode(nr)) addDefinitions(cnf, reachableFrom(nr));
+  if (nr > 0) addVar(cnf, nr);
 }
