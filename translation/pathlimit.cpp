@@ -28,8 +28,8 @@ constexpr std::int64_t peakBytesPerNode = 128;
 }
 
 void emptyStore() {
-  BoolForm::tv = {};
-  BoolForm::mti = {};
+  std::vector<Triple>().swap(BoolForm::tv);  // gives the memory back
+  BoolForm::mti = NodeIndex();
   BoolForm::maxNr = varNrLimit;
 }
 

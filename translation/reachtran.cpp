@@ -139,8 +139,13 @@ void EctlTransl::run(const std::string& name) {
 
   std::cerr << "Creating clauses: ";
   ClauseSet cnf;
-  whole.toCNF(cnf);
-  std::cerr << cnf.size() << std::endl;
+  try {
+    whole.toCNF(cnf);
+    std::cerr << cnf.size() << std::endl;
+  } catch (const std::bad_alloc&) {
+    std::cerr << std::endl;  // the refusal gets a line of its own
+    throw;
+  }
 
   std::cerr << "Writing down clauses ";
   showCNF(cnf, name);
