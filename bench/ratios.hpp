@@ -1,0 +1,43 @@
+// Runs the benchmarks of one program and prints, beside each, how many times as long the first of
+// its family took. A family is what stands before the first '/' of a benchmark's name, after the
+// last ':' counts the variant: "order:tree/1000000". Times depend on the machine, ratios hardly.
+
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+class RatioReporter : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context& /*context*/) override {
+    std::printf("%-40s %12s %14s\n", "benchmark", "items", "times as fast");
+    return true;
+  }
+
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      const std::string name = run.benchmark_name();
+      const std::size_t size = name.rfind('/');
+      const std::string key = name.substr(0, name.find(':')) + name.substr(size);
+      const double time = run.GetAdjustedRealTime();
+      const double first = first_.emplace(key, time).first->second;
+      std::printf("%-40s %12s %14.1f\n", name.substr(0, size).c_str(), name.substr(size + 1).c_str(),
+                  first / time);
+    }
+  }
+
+ private:
+  std::map<std::string, double> first_;  // the time of each family's first member, by size
+};
+
+inline int runBenchmarks(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  return 0;
+}
