@@ -25,8 +25,8 @@ class RatioReporter : public benchmark::BenchmarkReporter {
       const std::string key = name.substr(0, name.find(':')) + name.substr(size);
       const double time = run.GetAdjustedRealTime();
       const double first = first_.emplace(key, time).first->second;
-      std::printf("%-40s %12s %14.1f\n", name.substr(0, size).c_str(), name.substr(size + 1).c_str(),
-                  first / time);
+      std::printf("%-40s %12s %14.1f\n", name.substr(0, size).c_str(),
+                  name.substr(size + 1).c_str(), first / time);
     }
   }
 

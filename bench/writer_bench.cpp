@@ -18,9 +18,8 @@ void lines(benchmark::State& state, WriteLine writeLine) {
 void flushed(benchmark::State& state) {
   for (auto _ : state) {
     std::ofstream out(file);
-    lines(state, [&](int a, int b, int c) {
-      out << a << ' ' << b << ' ' << c << " 0" << std::endl;
-    });
+    lines(state,
+          [&](int a, int b, int c) { out << a << ' ' << b << ' ' << c << " 0" << std::endl; });
   }
 }
 
