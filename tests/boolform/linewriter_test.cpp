@@ -1,0 +1,155 @@
+// The line writer, seen from the stream it hands its blocks to.
+
+#include "boolform/linewriter.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <ostream>
+#include <streambuf>
+#include <string>
+#include <vector>
+
+#include "tests/boolform/assertion.hpp"
+
+namespace {
+
+// Keeps every block that is handed over; single characters would arrive as blocks of one.
+class Recorder : public std::streambuf {
+ public:
+  std::vector<std::string> blocks;
+
+  std::string all() const {
+    std::string text;
+    for (const std::string& block : blocks) text += block;
+    return text;
+  }
+
+ protected:
+  std::streamsize xsputn(const char* s, std::streamsize n) override {
+    if (n > 0) blocks.emplace_back(s, static_cast<std::size_t>(n));
+    return n;
+  }
+  int_type overflow(int_type c) override {
+    blocks.emplace_back(1, traits_type::to_char_type(c));
+    return c;
+  }
+};
+
+// Lines of `length` characters and their end; returns the text they make.
+std::string writeLines(LineWriter& lines, int count, std::size_t length) {
+  std::string expected;
+  for (int i = 0; i < count; ++i) {
+    const std::string line(length, static_cast<char>('a' + i % 26));
+    lines.text(line);
+    lines.endLine();
+    expected += line + "\n";
+  }
+  return expected;
+}
+
+class LineWriterTest : public testing::Test {
+ protected:
+  Recorder recorder;
+  std::ostream out{&recorder};
+};
+using LineWriterDeathTest = LineWriterTest;
+
+TEST_F(LineWriterTest, WritesTextAndNumbers) {
+  {
+    LineWriter lines(out);
+    lines.text("p ");
+    lines.number(-17);
+    lines.text(" ");
+    lines.number(0);
+    lines.endLine();
+  }
+  EXPECT_EQ(recorder.all(), "p -17 0\n");
+}
+
+TEST_F(LineWriterTest, WritesTheExtremeNumbers) {
+  {
+    LineWriter lines(out);
+    lines.number(std::numeric_limits<long long>::min());
+    lines.endLine();
+    lines.number(std::numeric_limits<long long>::max());
+    lines.endLine();
+  }
+  EXPECT_EQ(recorder.all(), "-9223372036854775808\n9223372036854775807\n");
+}
+
+TEST_F(LineWriterTest, EmptyLineIsALineEnd) {
+  {
+    LineWriter lines(out);
+    lines.endLine();
+    lines.text("");
+    lines.endLine();
+  }
+  EXPECT_EQ(recorder.all(), "\n\n");
+}
+
+TEST_F(LineWriterTest, UnusedWriterHandsOverNothing) {
+  std::make_unique<LineWriter>(out).reset();
+  EXPECT_TRUE(recorder.blocks.empty());
+}
+
+TEST_F(LineWriterTest, ShortTextIsKeptUntilTheEnd) {
+  {
+    LineWriter lines(out);
+    writeLines(lines, 100, 20);
+    EXPECT_TRUE(recorder.blocks.empty());
+  }
+  EXPECT_EQ(recorder.blocks.size(), 1U);
+}
+
+// Lines of every length, so that blocks end at every distance from the limit.
+TEST_F(LineWriterTest, EveryBlockEndsWithALineEnd) {
+  for (std::size_t length = 0; length <= LineWriter::maxLine; ++length) {
+    recorder.blocks.clear();
+    std::string expected;
+    {
+      LineWriter lines(out);
+      expected = writeLines(lines, 150000 / static_cast<int>(length + 1), length);
+    }
+    ASSERT_GE(recorder.blocks.size(), 2U);
+    for (const std::string& block : recorder.blocks) ASSERT_EQ(block.back(), '\n');
+    ASSERT_EQ(recorder.all(), expected) << "length " << length;
+  }
+}
+
+TEST_F(LineWriterTest, BlocksAreLarge) {
+  {
+    LineWriter lines(out);
+    writeLines(lines, 20000, 30);
+  }
+  ASSERT_GE(recorder.blocks.size(), 2U);
+  recorder.blocks.pop_back();
+  for (const std::string& block : recorder.blocks) EXPECT_GE(block.size(), 65536U);
+}
+
+TEST_F(LineWriterTest, FailedStreamSwallowsEverything) {
+  out.setstate(std::ios::failbit);
+  {
+    LineWriter lines(out);
+    writeLines(lines, 5000, 60);
+  }
+  EXPECT_TRUE(recorder.blocks.empty());
+}
+
+TEST_F(LineWriterTest, LongestTextIsTaken) {
+  std::string expected;
+  {
+    LineWriter lines(out);
+    expected = writeLines(lines, 1, LineWriter::maxLine);
+  }
+  EXPECT_EQ(recorder.all(), expected);
+}
+
+TEST_F(LineWriterDeathTest, LongerTextIsRefused) {
+  LineWriter lines(out);
+  const std::string tooLong(LineWriter::maxLine + 1, 'x');
+  EXPECT_DEATH(lines.text(tooLong), failedAssertion("s.size() <= maxLine"));
+}
+
+}  // namespace
