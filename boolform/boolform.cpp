@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <span>
 
 #ifdef NDEBUG
 #error "assertions are part of the program's behaviour and stay on"
@@ -11,6 +12,15 @@ namespace {
 
 bool isFalse(const BoolForm& a) { return a.nr == BoolForm::falseNr; }
 bool isTrue(const BoolForm& a) { return a.nr == BoolForm::trueNr; }
+
+// The highest variable among the operands.
+int maxVariable(std::span<const Triple> nodes) {
+  int result = 0;
+  for (const Triple& node : nodes)
+    for (const int operand : {node.left, node.right})
+      if (!isNodeNr(operand)) result = std::max(result, std::abs(operand));
+  return result;
+}
 
 }  // namespace
 
@@ -26,9 +36,28 @@ BoolForm::BoolForm(const BoolForm& l, const BoolForm& r, int op) : nr(falseNr) {
   nr = slot;
 }
 
-void BoolForm::reserve(std::size_t nodes) {
-  tv.reserve(nodes);
-  mti.reserve(nodes, tv);
+bool BoolForm::lastRepeat(const Distance& distance) {
+  const auto count = static_cast<std::size_t>(distance.nodes);
+  if (count == 0 || tv.size() < 2 * count || mti.copies().size() > 0) return false;
+  const std::span<const Triple> later = std::span(tv).last(count);
+  const std::span<const Triple> earlier = std::span(tv).last(2 * count).first(count);
+  const int oldest = maxNr + 1 - 2 * distance.nodes;
+  const auto tooOld = [=](int operand) { return isNodeNr(operand) && std::abs(operand) < oldest; };
+  for (std::size_t i = 0; i < count; ++i)
+    if (later[i] != distance.moved(earlier[i]) || tooOld(later[i].left) || tooOld(later[i].right))
+      return false;
+  return maxVariable(tv) == maxVariable(later);
+}
+
+void BoolForm::repeatLast(const Distance& distance, int times) {
+  const Repetition copies(distance, times, tv);
+  if (copies.size() > static_cast<std::size_t>(lastNr - maxNr)) throw NodeNumbersExhausted();
+  mti.know(copies);
+  // Room for a sixteenth more: what follows is less, and growing costs as much as all of this.
+  tv.reserve((tv.size() + copies.size()) / 16 * 17);
+  std::size_t source = tv.size() - static_cast<std::size_t>(distance.nodes);
+  for (std::size_t i = 0; i < copies.size(); ++i) tv.push_back(distance.moved(tv[source++]));
+  maxNr += static_cast<int>(copies.size());
 }
 
 BoolForm con(const BoolForm& a, const BoolForm& b) {

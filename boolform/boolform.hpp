@@ -78,8 +78,13 @@ class BoolForm {
   void addEqu(ClauseSet& cnf, int l, int r, int n) const;  // n <-> (l <-> r)
   void addNeg(ClauseSet& cnf, int a, int b) const;         // a <-> not b
 
-  // Makes room for `nodes` nodes in all: growing costs as much as the inserts themselves.
-  static void reserve(std::size_t nodes);
+  // Repetition: the last distance.nodes nodes are a block that occurs again and again, moved up by
+  // `distance` each time. lastRepeat tells whether they are such a block: the same as the block
+  // before, moved up; with no operand older than these two, and no variable in the store above
+  // theirs. repeatLast appends `times` copies. The store knows one repetition at most; after that
+  // lastRepeat is false.
+  static bool lastRepeat(const Distance& distance);
+  static void repeatLast(const Distance& distance, int times);
 
   static constexpr int falseNr = 0;
   static constexpr int trueNr = std::numeric_limits<int>::min();
@@ -113,6 +118,11 @@ BoolForm equ(const BoolForm& a, const BoolForm& b);
 
 // imp(x, neg(x)) is false, not neg(x): kept on purpose.
 BoolForm imp(const BoolForm& a, const BoolForm& b);
+
+inline BoolForm moved(const BoolForm& a, const Distance& up) {
+  const bool constant = a.nr == BoolForm::falseNr || a.nr == BoolForm::trueNr;
+  return constant ? a : BoolForm::ofNr(up.moved(a.nr));
+}
 
 BoolForm notequ(const BoolForm& a, const BoolForm& b);
 

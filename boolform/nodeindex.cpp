@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 
 namespace {
 
@@ -49,10 +50,21 @@ std::size_t NodeIndex::probe(const Triple& key, Holds holds) const {
 }
 
 int& NodeIndex::slot(const Triple& key, const std::vector<Triple>& nodes) {
-  if (!fits(nodes.size() + 1, slots_.size())) reserve(nodes.size() + 1, nodes);
-  const std::size_t at = probe(
-      key, [&](int nr) { return nr == 0 || nodes[static_cast<std::size_t>(nr - firstNr)] == key; });
-  return slots_[at];
+  const std::size_t taken = nodes.size() - copies_.size();
+  if (!fits(taken + 1, slots_.size())) reserve(taken + 1, nodes);
+  const auto slotOf = [&](const Triple& wanted) -> int& {
+    return slots_[probe(wanted, [&](int nr) {
+      return nr == 0 || nodes[static_cast<std::size_t>(nr - firstNr)] == wanted;
+    })];
+  };
+  int& slot = slotOf(key);
+  if (slot == 0) copyNr_ = copies_.find(key, slotOf);
+  return slot == 0 && copyNr_ != 0 ? copyNr_ : slot;
+}
+
+void NodeIndex::know(const Repetition& copies) {
+  assert(copies_.size() == 0);
+  copies_ = copies;
 }
 
 void NodeIndex::reserve(std::size_t count, const std::vector<Triple>& nodes) {
@@ -66,7 +78,10 @@ void NodeIndex::rebuild(std::size_t capacity, const std::vector<Triple>& nodes) 
   slots_.shrink_to_fit();  // old and new table never stand in memory together
   slots_.resize(capacity, 0);
   shift_ = 64 - std::countr_zero(capacity);
-  int nr = firstNr;
-  for (const Triple& key : nodes)  // keys are distinct: the first free slot is the place
-    slots_[probe(key, [](int taken) { return taken == 0; })] = nr++;
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    if (i == copies_.begin()) i += copies_.size();
+    if (i == nodes.size()) break;
+    // Keys are distinct: the first free slot is the place.
+    slots_[probe(nodes[i], [](int taken) { return taken == 0; })] = firstNr + static_cast<int>(i);
+  }
 }

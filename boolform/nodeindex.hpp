@@ -12,7 +12,8 @@
 //
 // Invariants:
 //  1. slots_ is empty or a power of two in size.
-//  2. A slot is 0 (free) or the number of a node; every node of the table has exactly one slot.
+//  2. A slot is 0 (free) or the number of a node; every node of the table has exactly one slot,
+//     but for the copies of a repetition, which are found through the block they repeat.
 //  3. At most three quarters of the slots are taken, so every hashed search meets a free slot.
 
 #pragma once
@@ -21,14 +22,7 @@
 #include <cstdint>
 #include <vector>
 
-// The key of an internal node: operator and the two operands' numbers (negative: negated).
-struct Triple {
-  int op;
-  int left;
-  int right;
-
-  friend auto operator<=>(const Triple&, const Triple&) = default;  // lexicographic
-};
+#include "boolform/repetition.hpp"
 
 class NodeIndex {
  public:
@@ -37,12 +31,16 @@ class NodeIndex {
   // `nodes` is the table the index has been used with so far; node number firstNr + i is nodes[i].
   int& slot(const Triple& key, const std::vector<Triple>& nodes);
 
+  // The caller appends these copies to `nodes` next. One repetition can be known; asserted.
+  void know(const Repetition& copies);
+  const Repetition& copies() const { return copies_; }
+
   // Makes room for `count` nodes in all, so that no call of slot() up to there rebuilds the table.
   void reserve(std::size_t count, const std::vector<Triple>& nodes);
 
   std::size_t capacity() const { return slots_.size(); }
 
-  static constexpr int firstNr = 1000001;  // the number of nodes[0]
+  static constexpr int firstNr = firstNodeNr;  // the number of nodes[0]
 
  private:
   std::uint64_t hash(const Triple& key) const;
@@ -53,4 +51,6 @@ class NodeIndex {
 
   std::vector<int> slots_;
   int shift_ = 64;  // 64 minus log2 of the number of slots
+  Repetition copies_;
+  int copyNr_ = 0;  // stands in for the slot that a copy does not have
 };

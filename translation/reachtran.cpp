@@ -22,18 +22,6 @@ BoolForm pop(std::vector<BoolForm>& s) {
 
 constexpr int rotation = 3;  // time, action, adjust
 
-// Makes room in the store for a path of length k once its first `built` steps are in it. The last
-// rotation made `perRotation` nodes and all further ones make as many. A path that is bound to run
-// out of node numbers is given up here, not gigabytes later. A sixteenth on top is for the
-// property.
-void reservePath(std::size_t perRotation, int built, int k) {
-  const auto nameable = static_cast<std::size_t>(BoolForm::lastNr - varNrLimit);
-  const auto rotations = static_cast<std::size_t>((k - built) / rotation);
-  const std::size_t atLeast = storeSize() + rotations * perRotation;
-  if (atLeast > nameable) throw NodeNumbersExhausted();
-  BoolForm::reserve(std::min(atLeast + perRotation + atLeast / 16, nameable));
-}
-
 }  // namespace
 
 int EctlTransl::getStartNr(int i) const {
@@ -52,18 +40,32 @@ BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const
 }
 
 BoolForm EctlTransl::symbPath() {
-  SymState from = stateAt(0);
-  BoolForm path = model.fI(0, from);
-  std::size_t firstRotation = 0;  // the store's size after it
-  for (int i = 0; i < k; ++i) {
-    if (i == rotation) firstRotation = storeSize();
-    if (i == 2 * rotation) reservePath(storeSize() - firstRotation, i, k);
-    SymState to = stateAt(i + 1);
-    const BoolForm next = step(i, from, to);
-    path = con(path, next);
-    from = std::move(to);
+  BoolForm path = model.fI(0, stateAt(0));
+  for (int i = 0; i < k;) {
+    const Milestone begin{storeSize(), model.nrInvTerms, path};
+    for (const int end = std::min(i + rotation, k); i < end; ++i) {
+      const BoolForm next = step(i, stateAt(i), stateAt(i + 1));
+      path = con(path, next);
+    }
+    if (i > rotation) i += repeatRotation(begin, path, (k - i) / rotation);
   }
   return path;
+}
+
+// Every rotation asks the store for the same formulas as the one before, about states three further
+// on. Once the nodes of two rotations agree that far, so do those of all later ones: what a
+// rotation finds in the store already, rather than making it, is about the state that it shares
+// with the rotation before, and was found there, or not, in the same way. The nodes of the others
+// are then copied, at a tenth of the price of building them (docs/performance.md).
+int EctlTransl::repeatRotation(const Milestone& begin, BoolForm& path, int times) {
+  const int nodes = static_cast<int>(storeSize() - begin.nodes);
+  const Distance rotated{getStartNr(rotation) - getStartNr(0), nodes};
+  if (times == 0 || !BoolForm::lastRepeat(rotated)) return 0;
+  if (!(moved(begin.path, rotated) == path)) return 0;
+  BoolForm::repeatLast(rotated, times);
+  path = moved(path, times * rotated);
+  model.nrInvTerms += times * (model.nrInvTerms - begin.invTerms);
+  return times * rotation;
 }
 
 BoolForm EctlTransl::inSomeState(const EctlForm& property) {

@@ -43,6 +43,16 @@ class EctlTransl {
  private:
   SymState stateAt(int i) const { return model.genSymState(getStartNr(i)); }
   BoolForm step(int i, const SymState& from, const SymState& to) const;
+
+  // What there was when a rotation began.
+  struct Milestone {
+    std::size_t nodes;
+    int invTerms;
+    BoolForm path;
+  };
+  // Appends up to `times` rotations to the path where the one built since `begin` repeats the one
+  // before it; the number of steps appended.
+  int repeatRotation(const Milestone& begin, BoolForm& path, int times);
   void run(const std::string& name);
 
   int k;

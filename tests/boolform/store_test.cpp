@@ -100,24 +100,6 @@ TEST_F(Store, IndexKnowsEveryNodeOfTheTable) {
   }
 }
 
-TEST_F(Store, ReservingChangesNoNumber) {
-  const Keys plain = keysOf(build);
-  const Keys reserved = keysOf([] {
-    BoolForm::reserve(10000);
-    build();
-  });
-  EXPECT_EQ(reserved, plain);
-  EXPECT_GE(BoolForm::tv.capacity(), 10000U);
-}
-
-TEST_F(Store, ReservingKeepsTheNodesThatAreThere) {
-  build();
-  const Keys before = BoolForm::tv;
-  BoolForm::reserve(100000);
-  build();
-  EXPECT_EQ(BoolForm::tv, before);
-}
-
 TEST_F(Store, FormulasAreEqualWhereTheirNumbersAre) {
   EXPECT_TRUE(lit(4) == lit(4));
   EXPECT_FALSE(lit(4) == lit(-4));

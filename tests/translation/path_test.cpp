@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "tests/model/networks.hpp"
+#include "tests/model/sample.hpp"
 #include "tests/translation/built.hpp"
 #include "translation/reachtran.hpp"
 
@@ -96,6 +98,82 @@ TEST_P(Path, InvariantTermsOfTimeAndActionStepsAreCounted) {
 INSTANTIATE_TEST_SUITE_P(Networks, Path,
                          testing::Values(twoProcesses(), threeProcesses(), tinyNetwork(),
                                          emptyNetwork()));
+
+// --- Long paths, whose later rotations are copied. ---
+
+BoolForm stepByStep(const NetTimedModel& model, int k) {
+  const int length = static_cast<int>(model.getSymStateLen());
+  const auto state = [&](int i) { return model.genSymState(1 + i * length); };
+  BoolForm path = model.fI(0, state(0));
+  for (int i = 0; i < k; ++i) {
+    const SymState from = state(i);
+    const SymState to = state(i + 1);
+    const BoolForm step = i % 3 == 0   ? model.timeSucc(from, to)
+                          : i % 3 == 1 ? model.actionSucc(from, to)
+                                       : model.adjustSucc(from, to);
+    path = con(path, step);
+  }
+  return path;
+}
+
+// The property is built as well: it asks for formulas that the copies hold.
+void expectSameAsStepByStep(const Model& model, int k) {
+  EctlTransl translator(*model, k);
+  const EctlForm property("p1p2&p1p-2&+");
+  const auto with = [&](const BoolForm& path) {
+    const BoolForm asked = translator.inSomeState(property);
+    return con(asked, path);
+  };
+  model->nrInvTerms = 0;
+  expectSameNodes([&] { return with(translator.symbPath()); },
+                  [&] {
+                    EXPECT_EQ(BoolForm::mti.copies().size(), 0U);
+                    const int terms = std::exchange(model->nrInvTerms, 0);
+                    const BoolForm path = stepByStep(*model, k);
+                    EXPECT_EQ(model->nrInvTerms, terms);
+                    return with(path);
+                  });
+}
+
+TEST(LongPath, OfRandomNetworksIsTheOneBuiltStepByStep) {
+  for (unsigned seed = 1; seed <= 60; ++seed) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    const Model model = modelOf(randomNetwork(seed));
+    expectSameAsStepByStep(model, 9 + static_cast<int>(seed % 20));
+  }
+}
+
+TEST(LongPath, OfEveryLengthIsTheOneBuiltStepByStep) {
+  for (const std::string& text : {twoProcesses(), threeProcesses(), tinyNetwork(), emptyNetwork(),
+                                  network("", process(""))}) {
+    const Model model = modelOf(text);
+    for (int k = 6; k <= 30; ++k) expectSameAsStepByStep(model, k);
+  }
+}
+
+TEST(LongPath, IsCopiedFromTheThirdRotationOn) {
+  const Model model = modelOf(twoProcesses());
+  EctlTransl(*model, 8).symbPath();
+  EXPECT_EQ(BoolForm::mti.copies().size(), 0U);
+  forgetFormulas();
+  EctlTransl(*model, 300).symbPath();
+  EXPECT_GT(BoolForm::mti.copies().size(), BoolForm::tv.size() * 9 / 10);
+}
+
+// A longer path on a store that holds a shorter one: found as far as that goes, built from there
+// on.
+TEST(LongPath, GoesOnFromAShorterOne) {
+  const Model model = modelOf(threeProcesses());
+  expectSameNodes(
+      [&] {
+        EctlTransl(*model, 20).symbPath();
+        return EctlTransl(*model, 50).symbPath();
+      },
+      [&] {
+        stepByStep(*model, 20);
+        return stepByStep(*model, 50);
+      });
+}
 
 TEST(PathWithoutTransitions, IsFalseFromTheActionStepOn) {
   const Model model = modelOf(network("", process("")));

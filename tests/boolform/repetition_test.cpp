@@ -1,0 +1,202 @@
+// Copying a block of nodes against building it again and again.
+
+#include "boolform/repetition.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "tests/boolform/assertion.hpp"
+#include "tests/boolform/store.hpp"
+
+namespace {
+
+constexpr int perState = 4;
+
+// A chain of random relations between state i and state i + 1, the same ones at every step.
+class Chain {
+ public:
+  explicit Chain(unsigned seed) : seed_(seed) {}
+
+  BoolForm path{true};
+  int steps = 0;
+
+  void step() {
+    std::mt19937 random(seed_);
+    const int from = steps++ * perState;
+    std::vector<BoolForm> pool;
+    for (int v = 1; v <= 2 * perState; ++v) pool.push_back(lit(from + v));
+    const auto pick = [&] {
+      const BoolForm f = pool[random() % pool.size()];
+      return random() % 2 == 0 ? f : neg(f);
+    };
+    for (int i = 0; i < 12; ++i) {
+      const BoolForm a = pick();
+      const BoolForm b = pick();
+      const BoolForm f = random() % 3 == 0 ? equ(a, b) : con(a, b);
+      if (f.nr != BoolForm::trueNr && isNodeNr(f.nr)) pool.push_back(f);
+    }
+    path = con(path, pool.back());
+  }
+
+  void stepsTo(int count) {
+    while (steps < count) step();
+  }
+
+ private:
+  unsigned seed_;
+};
+
+// The last step's nodes as a block.
+Distance lastBlock(Chain& chain, int step) {
+  chain.stepsTo(step - 1);
+  const std::size_t before = BoolForm::tv.size();
+  chain.stepsTo(step);
+  return {perState, static_cast<int>(BoolForm::tv.size() - before)};
+}
+
+// Formulas over states anywhere on the path and over what is in the store, most of them there
+// already in one of two ways of making the path.
+std::vector<int> askAround(unsigned seed, int states) {
+  std::mt19937 random(seed);
+  std::vector<int> numbers;
+  const auto stored = BoolForm::tv;  // some keys as they are, some with an operand exchanged
+  const auto literal = [&] {
+    const int v = 1 + static_cast<int>(random() % static_cast<unsigned>(states * perState));
+    return random() % 2 == 0 ? v : -v;
+  };
+  for (int i = 0; i < 3000; ++i) {
+    Triple key = stored[random() % stored.size()];
+    if (random() % 3 == 0) key.left = literal();
+    if (random() % 5 == 0) key.right = literal();
+    const BoolForm l = lit(key.left);
+    const BoolForm r = lit(key.right);
+    numbers.push_back((key.op == bfCon ? con(l, r) : equ(l, r)).nr);
+  }
+  return numbers;
+}
+
+class Repeated : public testing::TestWithParam<unsigned> {
+ protected:
+  void SetUp() override { clearStore(); }
+  void TearDown() override { clearStore(); }
+};
+
+TEST_P(Repeated, GivesTheNodesThatBuildingGives) {
+  constexpr int built = 4;
+  constexpr int states = 60;
+  Chain plain(GetParam());
+  plain.stepsTo(states);
+  const std::vector<int> plainAnswers = askAround(GetParam(), states);
+  plain.stepsTo(states + 2);
+  const Keys plainKeys = BoolForm::tv;
+
+  clearStore();
+  Chain chain(GetParam());
+  const Distance up = lastBlock(chain, built);
+  ASSERT_GT(up.nodes, 0);
+  ASSERT_TRUE(BoolForm::lastRepeat(up));
+  BoolForm::repeatLast(up, states - built);
+  chain.path = moved(chain.path, (states - built) * up);
+  chain.steps = states;
+  EXPECT_EQ(askAround(GetParam(), states), plainAnswers);
+  chain.stepsTo(states + 2);
+  EXPECT_EQ(chain.path, plain.path);
+  EXPECT_EQ(BoolForm::tv, plainKeys);
+  EXPECT_EQ(BoolForm::maxNr, varNrLimit + static_cast<int>(plainKeys.size()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Repeated, testing::Range(1U, 61U));
+
+class Repeats : public EmptyStore {};
+
+TEST_F(Repeats, NotWhereThereIsNoBlockBefore) {
+  con(lit(1), lit(2));
+  EXPECT_FALSE(BoolForm::lastRepeat({1, 1}));
+  EXPECT_FALSE(BoolForm::lastRepeat({1, 0}));
+}
+
+TEST_F(Repeats, WhereTheBlockBeforeIsTheSameLowerDown) {
+  con(lit(1), lit(2));
+  con(lit(3), lit(4));
+  EXPECT_TRUE(BoolForm::lastRepeat({2, 1}));
+  EXPECT_FALSE(BoolForm::lastRepeat({3, 1}));
+}
+
+TEST_F(Repeats, NotWhereASignDiffers) {
+  con(lit(1), lit(2));
+  con(lit(-3), lit(4));
+  EXPECT_FALSE(BoolForm::lastRepeat({2, 1}));
+}
+
+TEST_F(Repeats, NotWhereTheOperatorDiffers) {
+  con(lit(1), lit(2));
+  equ(lit(3), lit(4));
+  EXPECT_FALSE(BoolForm::lastRepeat({2, 1}));
+}
+
+TEST_F(Repeats, NotWhereAnOperandIsOlderThanBothBlocks) {
+  const BoolForm first = con(lit(1), lit(2));
+  const BoolForm second = con(lit(2), lit(3));
+  con(first, lit(4));
+  con(second, lit(5));
+  EXPECT_FALSE(BoolForm::lastRepeat({1, 1}));
+}
+
+TEST_F(Repeats, NotWhereTheStoreKnowsAHigherVariable) {
+  con(lit(8), lit(9));
+  con(lit(1), lit(2));
+  con(lit(3), lit(4));
+  EXPECT_FALSE(BoolForm::lastRepeat({2, 1}));
+}
+
+TEST_F(Repeats, OnceOnly) {
+  con(lit(1), lit(2));
+  con(lit(3), lit(4));
+  BoolForm::repeatLast({2, 1}, 2);
+  ASSERT_EQ(BoolForm::tv.back(), conKey(7, 8));
+  EXPECT_FALSE(BoolForm::lastRepeat({2, 1}));
+}
+
+TEST_F(Repeats, NoFurtherThanThereAreNumbers) {
+  con(lit(1), lit(2));
+  con(lit(3), lit(4));
+  BoolForm::lastNr = node(10);
+  EXPECT_THROW(BoolForm::repeatLast({2, 1}, 9), NodeNumbersExhausted);
+  EXPECT_EQ(BoolForm::tv.size(), 2U);
+  BoolForm::repeatLast({2, 1}, 8);
+  EXPECT_EQ(BoolForm::maxNr, node(10));
+}
+
+TEST_F(Repeats, MovedFormulaKeepsItsSign) {
+  const Distance up{100, 7};
+  EXPECT_EQ(moved(lit(5), up), lit(105));
+  EXPECT_EQ(moved(lit(-5), up), lit(-105));
+  EXPECT_EQ(moved(lit(node(3)), up), lit(node(10)));
+  EXPECT_EQ(moved(lit(-node(3)), up), lit(-node(10)));
+  EXPECT_EQ(moved(BoolForm(true), up), BoolForm(true));
+  EXPECT_EQ(moved(BoolForm(false), up), BoolForm(false));
+}
+
+// A key whose operand would be moved below the block's, and past 0, is no copy.
+TEST_F(Repeats, LowOperandBesideAHighOneIsNoCopy) {
+  con(lit(-3), lit(4));
+  con(lit(-6), lit(7));
+  BoolForm::repeatLast({3, 1}, 3);
+  EXPECT_EQ(con(lit(-9), lit(10)), lit(node(3)));
+  EXPECT_EQ(con(lit(3), lit(13)), lit(node(6)));
+  EXPECT_EQ(con(lit(-1), lit(13)), lit(node(7)));
+}
+
+using RepetitionDeathTest = EmptyStore;
+
+TEST_F(RepetitionDeathTest, DistancesArePositiveAndTheBlockIsThere) {
+  con(lit(1), lit(2));
+  EXPECT_DEATH(Repetition({0, 1}, 1, BoolForm::tv), failedAssertion("distance.variables > 0"));
+  EXPECT_DEATH(Repetition({1, 0}, 1, BoolForm::tv), failedAssertion("distance.nodes > 0"));
+  EXPECT_DEATH(Repetition({1, 2}, 1, BoolForm::tv),
+               failedAssertion("static_cast<std::size_t>(distance.nodes) <= nodes.size()"));
+}
+
+}  // namespace
