@@ -2,14 +2,14 @@
 //
 // Problem variables keep their numbers; node variables are moved down to follow the highest problem
 // variable that the clauses use. With o that variable and shift = 1000000 - o, a literal x is
-// written as it is while |x| <= shift and moved by shift towards 0 otherwise. (From o = 500000 on
+// written as it is while |x| <= shift and moved by shift towards 0 otherwise. (Above o = 500000
 // the rule moves problem variables as well; README, Limitations.)
 
 #pragma once
 
 #include <string>
 
-#include "boolform/clause.hpp"
+#include "boolform/clauseset.hpp"
 
 // The largest absolute value of a literal, 0 where there is none.
 int maxCNFVarNr(const ClauseSet& cnf);

@@ -14,9 +14,9 @@ namespace {
 
 constexpr std::int64_t mostVariables = varNrLimit - 1;
 
-// At the peak, when the clauses are sorted: key and index of a node, three or four clauses of 12
-// bytes, and as much again to sort into.
-constexpr std::int64_t peakBytesPerNode = 128;
+// At the peak, when the two-literal clauses are ordered: a node's key and mark, two clauses of 12
+// bytes, two counters, and what is reserved beyond that.
+constexpr std::int64_t peakBytesPerNode = 48;
 
 [[noreturn]] void refuse(int k, const std::string& why, const std::string& quantity, int largest) {
   std::cerr << "zervan: path length " << k << " needs " << why << "; ";

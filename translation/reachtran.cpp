@@ -6,7 +6,7 @@
 #include <new>
 #include <vector>
 
-#include "boolform/clause.hpp"
+#include "boolform/clauseset.hpp"
 #include "boolform/dimacs.hpp"
 #include "translation/pathlimit.hpp"
 

@@ -5,7 +5,7 @@
 #include <ostream>
 #include <vector>
 
-#include "boolform/clause.hpp"
+#include "boolform/clauseset.hpp"
 
 // The slots as they stand, without the normal form.
 inline Clause slots(int first, int second, int third) {
@@ -16,7 +16,11 @@ inline Clause slots(int first, int second, int third) {
   return c;
 }
 
-inline std::vector<Clause> listOf(const ClauseSet& cnf) { return {cnf.begin(), cnf.end()}; }
+inline std::vector<Clause> listOf(const ClauseSet& cnf) {
+  std::vector<Clause> list;
+  cnf.forEach([&](const Clause& c) { list.push_back(c); });
+  return list;
+}
 
 // Prints in the failures of gtest.
 inline void PrintTo(const Clause& c, std::ostream* out) {

@@ -169,7 +169,7 @@ TEST_F(Dimacs, FileThatCannotBeOpenedIsSkippedSilently) {
 std::string plainText(const ClauseSet& cnf, int shift) {
   std::ostringstream out;
   out << "p cnf " << maxCNFVarNr(cnf) - shift << " " << cnf.size() << "\n";
-  for (const Clause& c : cnf) {
+  for (const Clause& c : listOf(cnf)) {
     for (const int x : {c.first, c.second, c.third}) {
       if (x == 0) continue;
       const int distance = std::abs(x) <= shift ? 0 : shift;

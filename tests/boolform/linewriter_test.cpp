@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <random>
 #include <streambuf>
 #include <string>
 #include <vector>
@@ -105,12 +107,13 @@ TEST_F(LineWriterTest, ShortTextIsKeptUntilTheEnd) {
 
 // Lines of every length, so that blocks end at every distance from the limit.
 TEST_F(LineWriterTest, EveryBlockEndsWithALineEnd) {
+  constexpr int bytes = static_cast<int>(LineWriter::blockSize) * 9 / 4;
   for (std::size_t length = 0; length <= LineWriter::maxLine; ++length) {
     recorder.blocks.clear();
     std::string expected;
     {
       LineWriter lines(out);
-      expected = writeLines(lines, 150000 / static_cast<int>(length + 1), length);
+      expected = writeLines(lines, bytes / static_cast<int>(length + 1), length);
     }
     ASSERT_GE(recorder.blocks.size(), 2U);
     for (const std::string& block : recorder.blocks) ASSERT_EQ(block.back(), '\n');
@@ -121,11 +124,11 @@ TEST_F(LineWriterTest, EveryBlockEndsWithALineEnd) {
 TEST_F(LineWriterTest, BlocksAreLarge) {
   {
     LineWriter lines(out);
-    writeLines(lines, 20000, 30);
+    writeLines(lines, static_cast<int>(LineWriter::blockSize) / 10, 30);
   }
   ASSERT_GE(recorder.blocks.size(), 2U);
   recorder.blocks.pop_back();
-  for (const std::string& block : recorder.blocks) EXPECT_GE(block.size(), 65536U);
+  for (const std::string& block : recorder.blocks) EXPECT_GE(block.size(), LineWriter::blockSize);
 }
 
 TEST_F(LineWriterTest, FailedStreamSwallowsEverything) {
@@ -150,6 +153,45 @@ TEST_F(LineWriterDeathTest, LongerTextIsRefused) {
   LineWriter lines(out);
   const std::string tooLong(LineWriter::maxLine + 1, 'x');
   EXPECT_DEATH(lines.text(tooLong), failedAssertion("s.size() <= maxLine"));
+}
+
+// --- Numbers at once ---
+
+std::string numberText(int n) {
+  std::array<char, 32> text{};
+  return {text.data(), putNumber(text.data(), n)};
+}
+
+TEST(PutNumber, AgreesWithTheLibraryOnAllSmallNumbers) {
+  for (int n = -120000; n <= 120000; ++n) ASSERT_EQ(numberText(n), std::to_string(n));
+}
+
+TEST(PutNumber, AgreesWithTheLibraryAroundEveryPowerOfTen) {
+  for (int power = 1; power <= 1000000000 / 10; power *= 10)
+    for (const int n : {power * 10 - 1, power * 10, power * 10 + 1, power * 7 + 3})
+      for (const int signedN : {n, -n}) EXPECT_EQ(numberText(signedN), std::to_string(signedN));
+}
+
+TEST(PutNumber, AgreesWithTheLibraryOnRandomNumbersAndTheExtremes) {
+  std::mt19937 random(3);
+  for (int i = 0; i < 200000; ++i) {
+    const int n = static_cast<int>(random()) >> random() % 31;
+    ASSERT_EQ(numberText(n), std::to_string(n));
+  }
+  for (const int n : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+    EXPECT_EQ(numberText(n), std::to_string(n));
+}
+
+TEST_F(LineWriterTest, TakesLinesThatAreFormattedAtOnce) {
+  {
+    LineWriter lines(out);
+    lines.endLine(putNumber(lines.line(), -12));
+    lines.text("p ");
+    lines.number(3);
+    lines.endLine();
+    lines.endLine(putNumber(lines.line(), 4));
+  }
+  EXPECT_EQ(recorder.all(), "-12\np 3\n4\n");
 }
 
 }  // namespace

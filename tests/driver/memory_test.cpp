@@ -115,13 +115,13 @@ TEST_F(Memory, RefusalNamesALengthThatRunsThrough) {
 
 // The path fits, the clauses do not: the progress line is ended, the refusal has its own.
 TEST_F(Memory, ClausesThatNeedMoreAreRefused) {
-  const Outcome run = within(300 * mebibyte, "45000");
+  const Outcome run = within(150 * mebibyte, "45000");
   EXPECT_NE(run.err.find("\nCreating clauses: \nzervan: path length 45000 needs "),
             std::string::npos)
       << run.err;
   EXPECT_EQ(run.err.find("Writing down clauses"), std::string::npos) << run.err;
   EXPECT_NE(run.out.find("\nConjunction: "), std::string::npos) << run.out;
-  EXPECT_GT(refusedFor(300 * mebibyte, "45000"), 0);
+  EXPECT_GT(refusedFor(150 * mebibyte, "45000"), 0);
 }
 
 TEST_F(Memory, OlderFilesAreKept) {
