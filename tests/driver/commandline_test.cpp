@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
 #include <regex>
 #include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/driver/runprogram.hpp"
@@ -142,36 +139,6 @@ TEST_F(CommandLine, FiguresHaveAtMostFourDigits) {
 TEST_F(CommandLine, FreeMemoryIsPrintedUnsigned) {
   const std::string out = place.zervan({"net", "phi", "1"}).out;
   EXPECT_TRUE(std::regex_search(out, std::regex("^[0-9]{1,10} bytes memory\n"))) << out;
-}
-
-// Free memory grows between the two probes: the figure is the difference modulo 2^32 bytes. `free`
-// is called by both; the one put first on the path holds up the second until memory has been given
-// back.
-TEST_F(CommandLine, MemoryThatWasFreedMeanwhileWrapsRound) {
-  constexpr std::size_t size = std::size_t{512} << 20;
-  std::vector<char> taken(size, 'x');
-  place.makeFolder("bin");
-  place.write("bin/free",
-              "#!/bin/sh\n"
-              "[ -e second ] && { : > waiting; while [ ! -e go ]; do sleep 0.01; done; }\n"
-              ": > second\n");
-  std::filesystem::permissions(place.folder() / "bin/free", std::filesystem::perms::owner_all);
-  std::thread release([&] {
-    for (int i = 0; i < 6000 && !std::filesystem::exists(place.folder() / "waiting"); ++i)
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    std::vector<char>().swap(taken);
-    place.write("go", "");
-  });
-  const Outcome run = place.run(
-      "/bin/sh", {"-c", "PATH=./bin:$PATH exec " + std::string(ZERVAN_BINARY) + " net phi 1"});
-  release.join();
-  EXPECT_EQ(run.status, 0);
-  const std::string label = "Memory used by ZERVAN : ";
-  const std::size_t at = run.out.find(label);
-  ASSERT_NE(at, std::string::npos) << run.out;
-  const double figure = std::stod(run.out.substr(at + label.size()));
-  EXPECT_GT(figure, 2048) << run.out;
-  EXPECT_LE(figure, 4096) << run.out;
 }
 
 // --- Times. ---
