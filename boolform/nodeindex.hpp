@@ -7,7 +7,7 @@
 // A search looks at a few slots near the place of the key's larger operand first, then goes on from
 // a hashed place. Formulas are built state by state, so the near slots are in the cache, where
 // hashed ones are not once the table outgrows it: building runs twice as fast at nine million nodes
-// (bench/README.md). The hashed places are needed all the same: many nodes may share one larger
+// (docs/performance.md). The hashed places are needed all the same: many nodes may share one larger
 // operand.
 //
 // Invariants:
