@@ -128,7 +128,7 @@ void Definitions::orderBy(const Clauses& clauses, Clause* target) const {
 template <Definitions::Region region>
 void Definitions::order() const {
   if (sizes_[region] == 0) return;
-  const auto byThird = [this](auto&& take) { clausesByThird<region>(take); };
+  const auto byThird = [this](auto&& take) { this->clausesByThird<region>(take); };
   if (region == emptyFirst) {
     orderBy<&Clause::second>(byThird, ordered_.get());
   } else {

@@ -19,10 +19,11 @@ FILE* openInstead(const char* opener, const char* name, const char* mode) {
 
 }  // namespace
 
-// The two functions behind the standard file streams.
-extern "C" FILE* fopen(const char* name, const char* mode) {
-  return openInstead("fopen", name, mode);
-}
-extern "C" FILE* fopen64(const char* name, const char* mode) {
+// The two functions behind the standard file streams, by their names for the linker.
+extern "C" FILE* openFile(const char* name, const char* mode) __asm__("fopen");
+extern "C" FILE* openLargeFile(const char* name, const char* mode) __asm__("fopen64");
+
+FILE* openFile(const char* name, const char* mode) { return openInstead("fopen", name, mode); }
+FILE* openLargeFile(const char* name, const char* mode) {
   return openInstead("fopen64", name, mode);
 }

@@ -28,9 +28,9 @@ class MemoryReport : public testing::Test {
   }
   void runWithSummaries() {
     // The option lets the address sanitizer come after the preloaded library.
-    outcome = place.run("/usr/bin/env",
-                        {"LD_PRELOAD=" ZERVAN_MEMINFO, "ASAN_OPTIONS=verify_asan_link_order=0",
-                         ZERVAN_BINARY, "net", "phi", "1"});
+    outcome = place.run("/usr/bin/env", {std::string("LD_PRELOAD=") + ZERVAN_MEMINFO,
+                                         "ASAN_OPTIONS=verify_asan_link_order=0", ZERVAN_BINARY,
+                                         "net", "phi", "1"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
   }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/model/networks.hpp"
+#include "tests/model/refused.hpp"
 
 namespace {
 
@@ -213,21 +214,16 @@ TEST(NetworkReaderDeathTest, FolderCannotBeOpened) {
 
 TEST(NetworkReaderDeathTest, SecondLineMustBeginTheTransitions) {
   for (const std::string line : {"transition", " transitions", "Transitions", "1 0 3"})
-    EXPECT_EXIT(readModel("x\n" + line + "\n"), testing::ExitedWithCode(1),
-                "^\"transitions\" expected\n\n$")
-        << line;
+    expectRefused("x\n" + line + "\n", "^\"transitions\" expected\n\n$");
 }
 
 TEST(NetworkReaderDeathTest, BlockMustBeginWithProcess) {
   for (const std::string line : {"proces", " process", "Process", " end", "valuation"})
-    EXPECT_EXIT(readModel(block(line + "\n")), testing::ExitedWithCode(1),
-                "^\"process\" expected\n\n$")
-        << line;
+    expectRefused(block(line + "\n"), "^\"process\" expected\n\n$");
 }
 
 TEST(NetworkReaderDeathTest, LaterBlockMustBeginWithProcessToo) {
-  EXPECT_EXIT(readModel(block(process("") + "proces\n")), testing::ExitedWithCode(1),
-              "\"process\" expected\n\n$");
+  expectRefused(block(process("") + "proces\n"), "\"process\" expected\n\n$");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "tests/ectl/standstill.hpp"
 #include "tests/model/networks.hpp"
+#include "tests/model/refused.hpp"
 
 namespace {
 
@@ -64,8 +65,8 @@ TEST(UnterminatedNetwork, LineThatEndsTheReadingNeedsNoLineEnd) {
 }
 
 TEST(UnterminatedNetworkDeathTest, WrongLineNeedsNoLineEndToBeRefused) {
-  EXPECT_EXIT(readModel("x\ny"), testing::ExitedWithCode(1), "\"transitions\" expected");
-  EXPECT_EXIT(readModel(head + "y"), testing::ExitedWithCode(1), "\"process\" expected");
+  expectRefused("x\ny", "\"transitions\" expected");
+  expectRefused(head + "y", "\"process\" expected");
 }
 
 TEST(UnterminatedFormulaDeathTest, FileWithoutALineIsNeverRead) {
