@@ -1,62 +1,94 @@
-// The clause set against a tree and against std::sort: bringing the clauses of many nodes in order.
+// The clauses of a formula in order: put into a tree, sorted as a list, or as definitions, which
+// are ordered by counting. Each variant makes the clauses from the nodes and then looks at all of
+// them in ascending order.
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
 #include <set>
+#include <vector>
 
 #include "bench/ratios.hpp"
-#include "boolform/clause.hpp"
+#include "boolform/boolform.hpp"
+#include "boolform/clauseset.hpp"
 
 namespace {
 
-// Clauses as the conversion makes them, one conjunction after the other.
-std::vector<Clause> clauses(int count) {
+constexpr int nodesPerVariable = 10;
+
+// A new formula store with `count` nodes, each an operand of the next; the other operand is a
+// recent node or variable. Returns the last.
+int build(int count) {
+  BoolForm::tv.clear();
+  BoolForm::mti = NodeIndex();
+  BoolForm::maxNr = varNrLimit;
   std::mt19937 random(1);
-  std::vector<Clause> result;
-  for (int n = 1000100; static_cast<int>(result.size()) < count; ++n) {
-    const auto operand = [&] {
-      const int nr = random() % 4 == 0 ? 1 + n % 900000 : n - 1 - static_cast<int>(random() % 99);
-      return (random() & 1U) != 0 ? nr : -nr;
-    };
-    const int left = operand();
-    const int right = operand();
-    result.emplace_back(-n, left, 0);
-    result.emplace_back(-n, right, 0);
-    result.emplace_back(-left, -right, n);
+  const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  BoolForm last(1);
+  for (int i = 1; i <= count; ++i) {
+    const bool variable = i < 100 || below(4) == 0;
+    const int nr = variable ? 2 + i / nodesPerVariable + below(30) : varNrLimit + i - 2 - below(90);
+    const BoolForm other = BoolForm::ofNr(below(2) == 0 ? nr : -nr);
+    last = below(3) == 0 ? equ(last, other) : con(last, other);
   }
-  return result;
+  return std::abs(last.nr);
+}
+
+// collect(const Clause&) for each clause of each node.
+template <class Collect>
+void define(Collect collect) {
+  for (std::size_t i = 0; i < BoolForm::tv.size(); ++i) {
+    const auto [op, l, r] = BoolForm::tv[i];
+    const int n = firstNodeNr + static_cast<int>(i);
+    if (op == bfCon) {
+      collect(Clause(-n, l, 0));
+      collect(Clause(-n, r, 0));
+    } else {
+      collect(Clause(-n, -l, r));
+      collect(Clause(-n, l, -r));
+      collect(Clause(l, r, n));
+    }
+    collect(Clause(-l, -r, n));
+  }
+}
+
+template <class Clauses>
+void look(const Clauses& clauses) {
+  for (const Clause& c : clauses) benchmark::DoNotOptimize(c.third);
 }
 
 void tree(benchmark::State& state) {
-  const std::vector<Clause> source = clauses(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
-    const std::set<Clause> set(source.begin(), source.end());
-    benchmark::DoNotOptimize(set.size());
+  build(static_cast<int>(state.range(0)));
+  while (state.KeepRunning()) {
+    std::set<Clause> set;
+    define([&](const Clause& c) { set.insert(c); });
+    look(set);
   }
 }
 
 void sorted(benchmark::State& state) {
-  const std::vector<Clause> source = clauses(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
-    std::vector<Clause> copy = source;
-    std::sort(copy.begin(), copy.end());
-    benchmark::DoNotOptimize(std::unique(copy.begin(), copy.end()));
+  build(static_cast<int>(state.range(0)));
+  while (state.KeepRunning()) {
+    std::vector<Clause> list;
+    define([&](const Clause& c) { list.push_back(c); });
+    std::sort(list.begin(), list.end());
+    list.erase(std::unique(list.begin(), list.end()), list.end());
+    look(list);
   }
 }
 
-void clauseSet(benchmark::State& state) {
-  const std::vector<Clause> source = clauses(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+void definitions(benchmark::State& state) {
+  const int root = build(static_cast<int>(state.range(0)));
+  while (state.KeepRunning()) {
     ClauseSet set;
-    set.reserve(source.size());
-    for (const Clause& c : source) set.insert(c);
-    benchmark::DoNotOptimize(set.size());
+    set.insertDefinitions(root);
+    set.forEach([](const Clause& c) { benchmark::DoNotOptimize(c.third); });
   }
 }
 
-BENCHMARK(tree)->Name("order:tree")->Arg(100000)->Arg(1000000);
-BENCHMARK(sorted)->Name("order:std sort")->Arg(100000)->Arg(1000000)->Arg(10000000);
-BENCHMARK(clauseSet)->Name("order:clause set")->Arg(100000)->Arg(1000000)->Arg(10000000);
+BENCHMARK(tree)->Name("order:tree")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(sorted)->Name("order:std sort")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(definitions)->Name("order:definitions")->Arg(1000)->Arg(100000)->Arg(1000000);
 
 }  // namespace
 

@@ -1,6 +1,8 @@
-// Runs the benchmarks of one program and prints, beside each, how many times as long the first of
-// its family took. A family is what stands before the first '/' of a benchmark's name, after the
-// last ':' counts the variant: "order:tree/1000000". Times depend on the machine, ratios hardly.
+// Runs the benchmarks of one program and prints, beside each, how many times as fast it was as the
+// first of its family, in CPU time. A family is what stands before the first ':' of a benchmark's
+// name; between that and the last '/' stands the variant, then the size: "order:tree/1000000".
+// Times depend on the machine, ratios hardly. The exit status is 1 where a benchmark failed or
+// there was none to run.
 
 #pragma once
 
@@ -20,17 +22,21 @@ class RatioReporter : public benchmark::BenchmarkReporter {
 
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
+      failed_ = failed_ || run.error_occurred;
       const std::string name = run.benchmark_name();
       const std::size_t size = name.rfind('/');
       const std::string key = name.substr(0, name.find(':')) + name.substr(size);
-      const double time = run.GetAdjustedRealTime();
+      const double time = run.GetAdjustedCPUTime();
       const double first = first_.emplace(key, time).first->second;
       std::printf("%-40s %12s %14.1f\n", name.substr(0, size).c_str(),
                   name.substr(size + 1).c_str(), first / time);
     }
   }
 
+  bool failed() const { return failed_; }
+
  private:
+  bool failed_ = false;
   std::map<std::string, double> first_;  // the time of each family's first member, by size
 };
 
@@ -38,6 +44,6 @@ inline int runBenchmarks(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   RatioReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  return 0;
+  const std::size_t run = benchmark::RunSpecifiedBenchmarks(&reporter);
+  return run == 0 || reporter.failed() ? 1 : 0;
 }

@@ -1,11 +1,14 @@
-// The formula store's index against an ordered map and a hash map: building a table of nodes whose
-// operands are recent nodes, as formulas have them, and finding every one of them again.
+// The formula store. Its index against an ordered map and a hash map: building a table of nodes
+// whose operands are recent nodes, as formulas have them, and finding every one of them again. And
+// blocks of nodes that repeat: built again and again, or copied.
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <unordered_map>
 
 #include "bench/ratios.hpp"
+#include "boolform/boolform.hpp"
 #include "boolform/nodeindex.hpp"
 
 namespace {
@@ -60,7 +63,7 @@ void fill(Index& index, const std::vector<Triple>& source, std::vector<Triple>& 
 template <class Index>
 void insert(benchmark::State& state) {
   const std::vector<Triple> source = keys(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     Index index;
     std::vector<Triple> nodes;
     fill(index, source, nodes);
@@ -74,16 +77,79 @@ void find(benchmark::State& state) {
   Index index;
   std::vector<Triple> nodes;
   fill(index, source, nodes);
-  for (auto _ : state)
+  while (state.KeepRunning())
     for (const Triple& key : source) benchmark::DoNotOptimize(index.slot(key, nodes));
 }
 
-BENCHMARK(insert<OrderedMap>)->Name("insert:ordered map")->Arg(100000)->Arg(1000000);
-BENCHMARK(insert<HashMap>)->Name("insert:hash map")->Arg(100000)->Arg(1000000);
-BENCHMARK(insert<NodeIndex>)->Name("insert:node index")->Arg(100000)->Arg(1000000);
-BENCHMARK(find<OrderedMap>)->Name("find:ordered map")->Arg(100000)->Arg(1000000);
-BENCHMARK(find<HashMap>)->Name("find:hash map")->Arg(100000)->Arg(1000000);
-BENCHMARK(find<NodeIndex>)->Name("find:node index")->Arg(100000)->Arg(1000000);
+// A block of nodes over variables of its own, to be followed by the same over the next variables.
+struct Block {
+  static constexpr int variables = 200;
+  std::vector<Triple> nodes;
+
+  explicit Block(int size) {
+    std::mt19937 random(1);
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    for (int i = 0; i < size; ++i) {  // no two with the same operands: the left one is the block's
+      const int left = i < variables ? 1 + i : firstNodeNr + i - 1;
+      const int right = i < variables ? -1 - below(variables) : -(firstNodeNr + below(i - 1));
+      nodes.push_back({bfCon, right, left});
+    }
+  }
+  Distance distance() const { return {variables, static_cast<int>(nodes.size())}; }
+
+  void build(int time) const {
+    const Distance up = time * distance();
+    for (const Triple& key : nodes) {
+      const Triple here = up.moved(key);
+      BoolForm(BoolForm::ofNr(here.left), BoolForm::ofNr(here.right), here.op);
+    }
+  }
+};
+
+void emptyStore() {
+  std::vector<Triple>().swap(BoolForm::tv);
+  BoolForm::mti = NodeIndex();
+  BoolForm::maxNr = varNrLimit;
+}
+
+// Blocks of a tenth of all nodes, but of 3000 nodes at most.
+template <class Repeat>
+void repeat(benchmark::State& state, Repeat rest) {
+  const int all = static_cast<int>(state.range(0));
+  const Block block(std::min(all / 10, 3000));
+  const int times = all / block.distance().nodes;
+  while (state.KeepRunning()) {
+    state.PauseTiming();
+    emptyStore();
+    block.build(0);
+    block.build(1);
+    state.ResumeTiming();
+    rest(block, times);
+    if (static_cast<int>(BoolForm::tv.size()) != times * block.distance().nodes)
+      state.SkipWithError("not as many nodes as there should be");
+  }
+}
+
+void again(benchmark::State& state) {
+  repeat(state, [](const Block& block, int times) {
+    for (int i = 2; i < times; ++i) block.build(i);
+  });
+}
+
+void copied(benchmark::State& state) {
+  repeat(state, [](const Block& block, int times) {
+    if (BoolForm::lastRepeat(block.distance())) BoolForm::repeatLast(block.distance(), times - 2);
+  });
+}
+
+BENCHMARK(insert<OrderedMap>)->Name("insert:ordered map")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(insert<HashMap>)->Name("insert:hash map")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(insert<NodeIndex>)->Name("insert:node index")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(find<OrderedMap>)->Name("find:ordered map")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(find<HashMap>)->Name("find:hash map")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(find<NodeIndex>)->Name("find:node index")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(again)->Name("repeat:built again")->Arg(1000)->Arg(100000)->Arg(1000000);
+BENCHMARK(copied)->Name("repeat:copied")->Arg(1000)->Arg(100000)->Arg(1000000);
 
 }  // namespace
 
