@@ -20,7 +20,8 @@ $1 == "run" {
   clauses = $4; cpu = $5; memory = 1024 * $7 / clauses; writing = $8; reading = $10
   if ($9 != clauses) { print "floor has written " $9 " clauses of " clauses; exit missed = 1 }
   ns = 1e9 / clauses
-  printf "%-18s %9d %8.1f %10.1f %10.1f %12.1f\n", of($2, $3), clauses, ns * cpu, ns * writing, ns * reading, memory
+  printf "%-18s %9d %8.1f %10.1f %10.1f %12.1f\n", of($2, $3), clauses, ns * cpu, ns * writing,
+    ns * reading, memory
   goal("CPU: run / writing alone", of($2, $3), cpu / writing, 3, 2)
   goal("CPU: run / CaDiCaL reading", of($2, $3), cpu / reading, 0.25, 3)
   goal("peak memory, bytes a clause", of($2, $3), memory, 36, 1)
