@@ -1,8 +1,5 @@
 // Text out in whole lines: a line is formatted into a block, and the stream is handed nothing but
 // blocks that end with a line end. Whoever looks at a half-written file sees complete lines.
-//
-// A line is formatted through a plain pointer: the compiler then keeps the place in a register,
-// which it cannot do with a member while characters are stored (docs/performance.md).
 
 #pragma once
 
