@@ -1,0 +1,41 @@
+# Completion of tpn's command line for bash.
+
+_tpn() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
+  local options=--help
+  if [ "$COMP_CWORD" -eq 1 ]; then
+    mapfile -t COMPREPLY < <(compgen -W "lint show check trace run --help --version" -- "$word")
+    return
+  fi
+  case $before in
+    --solver)
+      mapfile -t COMPREPLY < <(compgen -W "cadical minisat picosat cryptominisat5" -- "$word"
+        compgen -f -- "$word")
+      return
+      ;;
+    --svg | --vcd | --script)
+      mapfile -t COMPREPLY < <(compgen -f -- "$word")
+      return
+      ;;
+    --keep)
+      mapfile -t COMPREPLY < <(compgen -d -- "$word")
+      return
+      ;;
+    --bound | --max-bound | --timeout | --jobs | --random | --steps) return ;;
+  esac
+  case $command in
+    lint) options+=" --bound --json" ;;
+    show) options+=" --json --dot --svg" ;;
+    check) options+=" --max-bound --timeout --solver --jobs --keep --json --svg --vcd" ;;
+    trace) options+=" --json --svg --vcd" ;;
+    run) options+=" --random --steps --script --json --svg --vcd" ;;
+  esac
+  if [[ $word == -* ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+  else
+    # Networks and properties go by their names without .tpn.
+    mapfile -t COMPREPLY < <(compgen -f -X '!*.tpn' -- "$word" | sed 's/\.tpn$//'
+      compgen -f -- "$word" | grep -v '\.tpn$')
+  fi
+}
+complete -o filenames -F _tpn tpn

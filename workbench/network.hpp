@@ -1,0 +1,69 @@
+// A network of timed processes as plain values: what the file says, once it says nothing wrong.
+//
+// Transitions and processes are numbered from 1 in files and in everything the user sees, and from
+// 0 here; `number` turns one into the other. Locations and propositions keep the numbers that the
+// file gives them.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tpn {
+
+// A firing interval in time units, both ends included; no latest time: it may wait for ever.
+struct Interval {
+  std::int64_t earliest = 0;
+  std::optional<std::int64_t> latest;
+
+  friend bool operator==(const Interval&, const Interval&) = default;
+};
+
+// What a transition does to one of its processes.
+struct Move {
+  std::size_t process = 0;  // index
+  int source = 0;           // location numbers
+  int target = 0;
+
+  friend bool operator==(const Move&, const Move&) = default;
+};
+
+struct Transition {
+  Interval interval;
+  std::vector<Move> moves;  // by process, ascending; at least one
+
+  friend bool operator==(const Transition&, const Transition&) = default;
+};
+
+struct Process {
+  std::set<int> locations;              // 0 is the initial one
+  std::map<int, std::set<int>> labels;  // location -> its propositions
+
+  friend bool operator==(const Process&, const Process&) = default;
+};
+
+struct Network {
+  std::string title;  // the file's first line
+  std::vector<Transition> transitions;
+  std::vector<Process> processes;
+
+  friend bool operator==(const Network&, const Network&) = default;
+};
+
+// The number that files and users know an index by.
+constexpr int number(std::size_t index) { return static_cast<int>(index) + 1; }
+
+// The location of every process.
+using Locations = std::vector<int>;
+
+Locations initialLocations(const Network& net);    // 0 everywhere
+std::int64_t largestConstant(const Network& net);  // of all earliest and finite latest times
+std::set<int> propositionsAt(const Network& net, const Locations& at);  // those that hold
+std::set<int> propositions(const Network& net);  // those that label any location
+
+}  // namespace tpn
