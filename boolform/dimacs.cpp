@@ -24,7 +24,7 @@ int renumbered(int literal, int shift) {
 // Literals up to `shift` keep their number.
 void writeDimacs(const ClauseSet& cnf, const std::string& file, int highest, int shift) {
   std::ofstream out;
-  LineWriter lines(out);  // has its memory before the file is touched
+  LineWriter lines(out);               // has its memory before the file is touched
   out.rdbuf()->pubsetbuf(nullptr, 0);  // the line writer's blocks go straight to the system
   out.open(file);
   if (!out) return;

@@ -7,8 +7,8 @@
 // A search looks at a few slots near the place of the key's larger operand first, then goes on from
 // a hashed place. Formulas are built state by state, so the near slots are in the cache, where
 // hashed ones are not once the table outgrows it. That counts where a path's rotations cannot be
-// copied: a whole run then takes two thirds of the time (docs/performance.md). The hashed places are
-// needed all the same: many nodes may share one larger operand.
+// copied: a whole run then takes two thirds of the time (docs/performance.md). The hashed places
+// are needed all the same: many nodes may share one larger operand.
 //
 // Invariants:
 //  1. slots_ is empty or a power of two in size.

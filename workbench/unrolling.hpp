@@ -50,7 +50,7 @@ class Unrolling {
   CaDiCaL::Solver& solver_;
   int stateLength_;
   int firstFraction_;  // within a state: the split value and fractional parts are its end
-  int yes_ = 0;                    // a variable that holds: stands for the constants
+  int yes_ = 0;        // a variable that holds: stands for the constants
   std::vector<Pattern> patterns_;  // the first rotation's and all others'; the property comes last
   std::vector<int> states_;
   std::vector<int> instance_;  // [variable or node of the pattern]: its variable, while writing
