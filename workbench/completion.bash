@@ -2,7 +2,7 @@
 
 _tpn() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
-  local options=--help
+  local options='--help --version'
   if [ "$COMP_CWORD" -eq 1 ]; then
     mapfile -t COMPREPLY < <(compgen -W "lint show check trace run --help --version" -- "$word")
     return

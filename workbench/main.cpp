@@ -258,7 +258,10 @@ void addViews(CLI::App* command, Arguments& a) {
   command->add_flag("--json", a.json, "print JSON instead of text");
 }
 
+constexpr const char* version = "tpn " ZERVAN_VERSION;
+
 void addFiles(CLI::App* command, Arguments& a, bool withProperty) {
+  command->set_version_flag("--version", version);
   command->add_option("NET", a.net, "network file, with or without .tpn")->required();
   if (withProperty)
     command->add_option("PHI", a.phi, "property file, with or without .tpn")->required();
@@ -339,7 +342,7 @@ CLI::App* addRun(CLI::App& app, Arguments& a) {
 int main(int argc, char** argv) {
   Arguments a;
   CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
-  app.set_version_flag("--version", "tpn " ZERVAN_VERSION);
+  app.set_version_flag("--version", version);
   app.require_subcommand(1);
   const CLI::App* lintApp = addLint(app, a);
   const CLI::App* showApp = addShow(app, a);

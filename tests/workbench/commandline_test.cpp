@@ -47,6 +47,7 @@ TEST_F(Tpn, VersionAndHelpExitWith0) {
     const Outcome help = tpn({command, "--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.out, HasSubstr("NET"));
+    EXPECT_THAT(tpn({command, "--version"}).out, StartsWith("tpn "));
   }
 }
 
