@@ -114,6 +114,7 @@ void become(const std::vector<std::string>& command, const std::string& note,
             const std::string& outFile, const std::string& errFile) {
   std::vector<std::string> words = command;
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   std::cerr << "\n" << note << std::endl;

@@ -27,8 +27,10 @@ std::string find(const std::string& nameOrPath) {
   if (nameOrPath.find('/') != std::string::npos) return isProgram(nameOrPath) ? nameOrPath : "";
   const char* const path = std::getenv("PATH");
   std::istringstream folders(path == nullptr ? "" : path);
-  for (std::string folder; std::getline(folders, folder, ':');)
-    if (isProgram(folder + "/" + nameOrPath)) return folder + "/" + nameOrPath;
+  for (std::string candidate; std::getline(folders, candidate, ':');) {
+    candidate.append("/").append(nameOrPath);
+    if (isProgram(candidate)) return candidate;
+  }
   return "";
 }
 

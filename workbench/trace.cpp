@@ -106,7 +106,7 @@ class PathCheck {
     const std::vector<BoolForm> roots{model.timeSucc(from, to), model.actionSucc(from, to),
                                       model.adjustSucc(from, to), model.fI(0, from),
                                       EctlTransl(model, 1).transl(*model.formula, 0)};
-    const Pattern result(2 * length, roots);
+    Pattern result(2 * length, roots);
     emptyStore();
     return result;
   }

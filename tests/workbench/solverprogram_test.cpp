@@ -22,7 +22,7 @@ class FakeSolver : public testing::Test {
   std::string solver(const std::string& script, const std::string& name = "fake") const {
     const std::string real = "case $k in 1 | 2) exec cadical -q \"$1\";; esac\n";
     place_.write(name, "#!/bin/sh\nk=${1##*/k}; k=${k%.cnf}\n" + real + script + "\n");
-    const std::string path = place_.folder() / name;
+    std::string path = place_.folder() / name;
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     return path;
   }

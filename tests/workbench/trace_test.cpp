@@ -8,7 +8,6 @@
 
 namespace {
 
-using testing::AllOf;
 using testing::HasSubstr;
 
 // Opens a door (within [1, 2]) and goes through (3 or more); 1 holds behind it, 2 in between.
