@@ -116,7 +116,7 @@ void Definitions::orderBy(const Clauses& clauses, Clause* target) const {
   const int shift = numberOf(marked_.size() - 1) - middle;
   const auto place = [=](int literal) {  // the nodes' follow the variables' at once
     if (isNodeNr(literal)) literal += literal < 0 ? shift : -shift;
-    return static_cast<std::size_t>(middle + literal);
+    return static_cast<std::size_t>(std::ptrdiff_t{middle} + literal);
   };
   std::fill(next_.begin(), next_.end(), 0);
   clauses([&](const Clause& c) { ++next_[place(c.*slot)]; });

@@ -337,9 +337,7 @@ CLI::App* addRun(CLI::App& app, Arguments& a) {
   return command;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int command(int argc, char** argv) {
   Arguments a;
   CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
   app.set_version_flag("--version", version);
@@ -354,14 +352,20 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& e) {
     return app.exit(e) == 0 ? done : misused;
   }
+  if (lintApp->parsed()) return lint(a);
+  if (showApp->parsed()) return show(a);
+  if (checkApp->parsed()) return checkCommand(a);
+  if (traceApp->parsed()) return trace(a);
+  return runCommand(a);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
   try {
-    if (lintApp->parsed()) return lint(a);
-    if (showApp->parsed()) return show(a);
-    if (checkApp->parsed()) return checkCommand(a);
-    if (traceApp->parsed()) return trace(a);
-    return runCommand(a);
+    return command(argc, argv);
   } catch (const std::exception& e) {
-    std::cerr << "tpn: " << e.what() << "\n";
+    std::fprintf(stderr, "tpn: %s\n", e.what());
     return failed;
   }
 }
