@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cadical.hpp>
+#include <cstdio>
 #include <fstream>
 
 #include "tests/driver/runprogram.hpp"
@@ -48,6 +49,33 @@ INSTANTIATE_TEST_SUITE_P(Seeds, Embedded, testing::Range(0U, 10U));
 TEST(EmbeddedCheck, TellsLocationsApartWhateverTheirNumbers) {
   for (unsigned seed = 0; seed < 60; ++seed)
     EXPECT_EQ(failure(varied(seed), {largest, {}, "", 1, ""}, 4), "") << "seed " << seed;
+}
+
+// Whether all runs get stuck, and after how many transitions, is the same question to the explorer
+// with a property that always holds.
+TEST(EmbeddedCheck, SaysRightlyWhetherAllRunsAreStuck) {
+  constexpr int asked = 23;  // the eighth action: one of those after which it is asked
+  int stuck = 0;
+  for (unsigned seed = 5000; seed < 5100; ++seed) {
+    Network net = randomNetwork(seed);
+    net.property = "T";
+    const std::vector<bool> runs = predictions(net, asked);
+    std::size_t longest = 0;
+    while (3 * longest + 2 <= asked && runs[3 * longest + 2]) ++longest;
+    const bool goesOn = 3 * longest + 2 > asked;
+    Explored e = converted(net);
+    e.property = propertyOf("p99");
+    const tpn::Verdict v = checked(e, {asked, {}, "", 1, ""});
+    EXPECT_EQ(v.answer, tpn::Verdict::unreached);
+    EXPECT_EQ(v.reason.empty(), goesOn) << "seed " << seed;
+    if (goesOn) continue;
+    ++stuck;
+    // It may be noticed later than it is so.
+    std::size_t said = 0;
+    ASSERT_EQ(std::sscanf(v.reason.c_str(), "no run has more than %zu transitions", &said), 1);
+    EXPECT_GE(said, longest) << "seed " << seed;
+  }
+  EXPECT_GT(stuck, 5);
 }
 
 class BySolver : public testing::TestWithParam<const char*> {};

@@ -131,6 +131,18 @@ TEST_F(FakeSolver, ThatIsNamedLikeMinisatAnswersInAFile) {
   EXPECT_EQ(check(path).answer, Verdict::unknown);
 }
 
+// Of an earlier check in the same folder.
+TEST_F(FakeSolver, ThatWritesNothingDoesNotPassWithAnOldAnswer) {
+  const std::string path = solver("", "minisat-wrapper");
+  place_.write("minisat-wrapper", "#!/bin/sh\nexec minisat \"$@\"\n");
+  const Explored question{circle(4), propertyOf("p1")};
+  const tpn::CheckOptions options{20, {}, path, 1, place_.folder() / "kept"};
+  EXPECT_EQ(checked(question, options).bound, 8);
+  place_.write("minisat-wrapper", "#!/bin/sh\nexit 20\n");
+  EXPECT_THAT([&] { checked(question, options); },
+              testing::ThrowsMessage<std::runtime_error>(HasSubstr("no answer of a solver")));
+}
+
 TEST_F(FakeSolver, ThatIsNotThereIsAnError) {
   for (const std::string name : {"no-such-solver", "/no/such/solver", "/etc/passwd", "/tmp"})
     EXPECT_THAT([&] { check(name); },
