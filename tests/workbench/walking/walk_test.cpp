@@ -1,0 +1,317 @@
+// Sessions as transcripts: what is typed stands after the prompt.
+
+#include "workbench/walking/walk.hpp"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "tests/workbench/network/smallnets.hpp"
+#include "workbench/views/views.hpp"
+
+namespace tpn {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Session {
+  Walked walked;
+  std::string out;
+};
+
+Session session(const std::string& input, const Network& net = twoProcesses()) {
+  std::istringstream in(input);
+  std::ostringstream out;
+  const Walked walked = walk(net, in, out);
+  return {walked, out.str()};
+}
+
+Session script(const std::string& input, const Network& net = twoProcesses()) {
+  std::istringstream in(input);
+  std::ostringstream out;
+  const Walked walked = walkScript(net, "moves.txt", in, out);
+  return {walked, out.str()};
+}
+
+// "1 after 3/2, ..."
+std::string steps(const Walked& walked) {
+  std::string text;
+  for (const Step& step : walked.run.steps)
+    text += (text.empty() ? "" : ", ") + std::to_string(number(step.transition)) + " after " +
+            step.delay.text();
+  EXPECT_EQ(walked.run.goal, walked.run.steps.size());
+  return text;
+}
+
+// What the commands after the first state answer.
+std::string answers(const std::string& input) {
+  const std::string out = session(input).out;
+  return out.substr(out.find("\n> ") + 1);
+}
+
+const std::string start = R"(time 0, after 0 steps
+  process 1: location 0, clock 0
+  process 2: location 0, clock 0
+  propositions: none
+   1  delay 1 to 2      process 1: 0 -> 1
+   2  delay 0 to 2      process 2: 0 -> 1
+)";
+
+const std::string afterOne = R"(time 3/2, after 1 step
+  process 1: location 1, clock 0
+  process 2: location 0, clock 3/2
+  propositions: 7
+   2  delay 0 to 3/2    process 2: 0 -> 1
+)";
+
+// ---- by hand
+// -------------------------------------------------------------------------------------
+
+TEST(Walk, ShowsEveryStateUntilTheEnd) {
+  const Session s = session("1 1.5\n2 1/2\n3\nquit\n");
+  EXPECT_EQ(s.out, start + "> " + afterOne + R"(> time 2, after 2 steps
+  process 1: location 1, clock 1/2
+  process 2: location 1, clock 0
+  propositions: 7 8 9
+   3  delay 2 or more   process 1: 1 -> 0, process 2: 1 -> 0
+> time 4, after 3 steps
+  process 1: location 0, clock 0
+  process 2: location 0, clock 0
+  propositions: none
+   1  delay 1 to 2      process 1: 0 -> 1
+   2  delay 0 to 2      process 2: 0 -> 1
+> )");
+  EXPECT_EQ(steps(s.walked), "1 after 3/2, 2 after 1/2, 3 after 2");
+  EXPECT_EQ(s.walked.error + s.walked.stuck, "");
+}
+
+TEST(Walk, TakesDelaysHoweverTheyAreWritten) {
+  EXPECT_EQ(steps(session("1 2\n").walked), "1 after 2");
+  EXPECT_EQ(steps(session("1 1.25\n").walked), "1 after 5/4");
+  EXPECT_EQ(steps(session("1 6/4\n").walked), "1 after 3/2");
+  EXPECT_EQ(steps(session("  01\t1.50  # a comment\r\n").walked), "1 after 3/2");
+}
+
+TEST(Walk, FiresAsSoonAsItCanWithoutADelay) {
+  EXPECT_EQ(steps(session("2\n1\n3\n").walked), "2 after 0, 1 after 1, 3 after 2");
+}
+
+TEST(Walk, EndsWithItsInput) {
+  const Session s = session("1 3/2");
+  EXPECT_EQ(s.out, start + "> " + afterOne + "> \n");
+  EXPECT_EQ(steps(s.walked), "1 after 3/2");
+  EXPECT_EQ(session("").out, start + "> \n");
+}
+
+TEST(Walk, ReadsNothingAfterQuit) { EXPECT_EQ(steps(session("1\nquit\n2\n").walked), "1 after 1"); }
+
+TEST(Walk, UndoesSteps) {
+  const Session s = session("1 3/2\n2\nundo\nundo\nquit\n");
+  EXPECT_NE(s.out.find("> " + afterOne + "> " + start + "> "), std::string::npos) << s.out;
+  EXPECT_EQ(steps(s.walked), "");
+  EXPECT_EQ(steps(session("1 3/2\n2\n3\nundo 2\n2 1\n").walked), "1 after 3/2, 2 after 1");
+  EXPECT_EQ(steps(session("1 3/2\nundo 0\n").walked), "1 after 3/2");
+}
+
+TEST(Walk, DoesNotUndoMoreThanThereIs) {
+  EXPECT_EQ(answers("undo\n"), "> error: there are only 0 steps to undo\n> \n");
+  EXPECT_EQ(steps(session("1\nundo 2\n").walked), "1 after 1");
+  EXPECT_NE(session("1\nundo 2\n").out.find("error: there is only 1 step to undo\n"),
+            std::string::npos);
+}
+
+TEST(Walk, ShowsAgainAndHelps) {
+  EXPECT_EQ(answers("show\nquit\n"), "> " + start + "> ");
+  const std::string help = answers("help\nquit\n");
+  for (const char* command : {"NUMBER", "undo", "show", "text", "json", "vcd", "svg", "quit"})
+    EXPECT_NE(help.find(command), std::string::npos) << command;
+}
+
+TEST(Walk, SkipsEmptyLines) { EXPECT_EQ(answers("\n  \n# nothing\nquit\n"), "> > > > "); }
+
+TEST(Walk, SaysWhatIsWrongAndGoesOn) {
+  const std::pair<std::string, std::string> wrong[] = {
+      {"fly", "unknown command 'fly'; try help"},
+      {"-1", "unknown command '-1'; try help"},
+      {"1.5", "unknown command '1.5'; try help"},
+      {"0", "there is no transition 0"},
+      {"4", "there is no transition 4"},
+      {"99999999999999999999999", "there is no transition 99999999999999999999999"},
+      {"1 1 1", "a transition takes one delay at most"},
+      {"1 soon", "'soon' is no delay; write 2, 0.5 or 7/3"},
+      {"1 -1", "'-1' is no delay; write 2, 0.5 or 7/3"},
+      {"1 1/0", "'1/0' is no delay; write 2, 0.5 or 7/3"},
+      {"3", "transition 3 is not enabled: process 1 is in location 0, not 1"},
+      {"1 1/2", "transition 1 fires too early: one of its clocks is at 1/2 and has to reach 1"},
+      {"1 3", "transition 1 fires too late: its clocks are at 3 or more, past 2"},
+      {"2 3", "a delay of 3 is too long: transition 1 allows 2"},
+      {"undo x", "undo takes a count at most"},
+      {"undo 1 1", "undo takes a count at most"},
+      {"show all", "show takes nothing"},
+      {"quit now", "quit takes nothing"},
+  };
+  const std::string then = "\n> " + afterOne + "> ";
+  for (const auto& [line, complaint] : wrong)
+    EXPECT_EQ(answers(line + "\n1 3/2\nquit\n"),
+              std::string("> error: ").append(complaint).append(then));
+}
+
+// 1/n fits, and so does what is left of 2 - 1/n, as long as 2n - 1 does.
+TEST(Walk, RefusesDelaysTooFineToGoOn) {
+  EXPECT_EQ(answers("2 1/9223372036854775807\nquit\n"),
+            "> error: a time needs more than 64 bits\n> ");
+  EXPECT_EQ(steps(session("2 1/4611686018427387904\n").walked), "2 after 1/4611686018427387904");
+}
+
+TEST(Walk, SaysWhenNothingCanFireAnyMore) {
+  Network net = twoProcesses();
+  net.transitions.resize(1);
+  EXPECT_NE(session("1\n", net).out.find("  stuck: no transition is enabled\n> \n"),
+            std::string::npos);
+}
+
+// Transition 1 has to fire by 2, but not before 3.
+Network impatient() {
+  Network net = twoProcesses();
+  net.transitions = {{{3, 2}, {{0, 0, 1}}}, {{5, {}}, {{1, 0, 1}}}};
+  return net;
+}
+
+TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
+  EXPECT_EQ(session("", impatient()).out, R"(time 0, after 0 steps
+  process 1: location 0, clock 0
+  process 2: location 0, clock 0
+  propositions: none
+  stuck: time stops after 2, and no transition can fire until then
+   1  cannot fire       process 1: 0 -> 1
+   2  cannot fire       process 2: 0 -> 1
+> 
+)");
+}
+
+// ---- views
+// ---------------------------------------------------------------------------------------
+
+std::string contents(const fs::path& file) {
+  std::ifstream in(file);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+TEST(WalkViews, ArePrintedOfTheRunSoFar) {
+  const Network net = twoProcesses();
+  const auto run = session("1 3/2\n").walked.run;
+  const std::string commands = "1 3/2\n2\nundo\n";
+  const auto expected = [&](const char* view) { return session(commands + view).out; };
+  const std::string before = session(commands + "quit\n").out;
+  EXPECT_EQ(expected("text\nquit\n"), before + runText(net, anything(), run) + "> ");
+  EXPECT_EQ(expected("json\nquit\n"), before + runJson(net, anything(), run) + "> ");
+  EXPECT_EQ(expected("vcd\nquit\n"), before + runVcd(net, anything(), run) + "> ");
+  EXPECT_EQ(expected("svg\nquit\n"), before + runSvg(net, anything(), run) + "> ");
+}
+
+TEST(WalkViews, GoIntoFiles) {
+  const fs::path file = fs::path(testing::TempDir()) / "a walk #1.svg";
+  fs::remove(file);
+  const Session s = session("1 3/2\nsvg " + file.string() + " \nquit\n");
+  EXPECT_EQ(s.out, start + "> " + afterOne + "> > ");
+  EXPECT_EQ(contents(file), runSvg(twoProcesses(), anything(), s.walked.run));
+  fs::remove(file);
+}
+
+TEST(WalkViews, SayWhatKeepsThemFromBeingWritten) {
+  EXPECT_EQ(answers("text /no/such/folder/x\nquit\n"),
+            "> error: cannot write '/no/such/folder/x': No such file or directory\n> ");
+  EXPECT_EQ(answers("text /dev/full\nquit\n"),
+            "> error: cannot write '/dev/full': No space left on device\n> ");
+}
+
+// ---- by script
+// -----------------------------------------------------------------------------------
+
+TEST(WalkScript, PrintsOnlyWhatItIsAskedFor) {
+  const Session s = script("# a lap\n\n1 3/2   # late\n2\n3\n");
+  EXPECT_EQ(s.out, "");
+  EXPECT_EQ(s.walked.error, "");
+  EXPECT_EQ(steps(s.walked), "1 after 3/2, 2 after 0, 3 after 2");
+  EXPECT_EQ(script("1 1.5\nshow\n").out, afterOne);
+}
+
+TEST(WalkScript, EndsWithQuit) {
+  const Session s = script("1\nquit\nfly\n");
+  EXPECT_EQ(s.walked.error, "");
+  EXPECT_EQ(steps(s.walked), "1 after 1");
+}
+
+TEST(WalkScript, StopsAtABadLineAndKeepsWhatWasDone) {
+  const Session s = script("# a lap\n1 3/2\n\n2 4\n2\n");
+  EXPECT_EQ(s.walked.error,
+            "moves.txt:4: error: transition 2 fires too late: its clocks are at 11/2 or more, past "
+            "3");
+  EXPECT_EQ(steps(s.walked), "1 after 3/2");
+  EXPECT_EQ(script("fly").walked.error, "moves.txt:1: error: unknown command 'fly'; try help");
+}
+
+// ---- at random
+// -----------------------------------------------------------------------------------
+
+TEST(WalkRandomly, IsTheSameForTheSameSeed) {
+  EXPECT_EQ(steps(walkRandomly(twoProcesses(), 1, 6)),
+            "1 after 1, 2 after 7/4, 3 after 31/12, 1 after 4/3, 2 after 7/12, 3 after 53/12");
+  std::set<std::string> walks;
+  for (std::uint64_t seed = 0; seed < 20; ++seed) {
+    walks.insert(steps(walkRandomly(twoProcesses(), seed, 30)));
+    EXPECT_TRUE(walks.contains(steps(walkRandomly(twoProcesses(), seed, 30))));
+  }
+  EXPECT_EQ(walks.size(), 20U);
+}
+
+TEST(WalkRandomly, MakesSoManySteps) {
+  EXPECT_EQ(walkRandomly(twoProcesses(), 1, 0).run.steps.size(), 0U);
+  const Walked walked = walkRandomly(twoProcesses(), 1, 2000);
+  EXPECT_EQ(walked.run.steps.size(), 2000U);
+  EXPECT_EQ(walked.stuck, "");
+  EXPECT_EQ(replay(twoProcesses(), anything(), walked.run).complaint, "");
+}
+
+// Every transition comes, with delays at both ends of its window and between.
+TEST(WalkRandomly, LeavesNothingOut) {
+  std::set<std::string> first;
+  for (std::uint64_t seed = 0; seed < 2000; ++seed)
+    first.insert(steps(walkRandomly(twoProcesses(), seed, 1)));
+  EXPECT_EQ(first.size(), 13U + 25U);  // twelfths of 1 to 2 and of 0 to 2
+  for (const char* step : {"1 after 1", "1 after 17/12", "1 after 2", "2 after 0", "2 after 2"})
+    EXPECT_TRUE(first.contains(step)) << step;
+}
+
+TEST(WalkRandomly, SaysWhyItIsStuck) {
+  EXPECT_EQ(walkRandomly(impatient(), 1, 5).stuck,
+            "stuck: time stops after 2, and no transition can fire until then");
+  Network net = twoProcesses();
+  net.transitions.resize(1);
+  const Walked walked = walkRandomly(net, 1, 5);
+  EXPECT_EQ(walked.run.steps.size(), 1U);
+  EXPECT_EQ(walked.stuck, "stuck: no transition is enabled");
+}
+
+TEST(WalkRandomly, GivesRunsThatReplayInAnyNetwork) {
+  SmallNets nets(4);
+  int made = 0;
+  int cut = 0;
+  for (std::uint64_t seed = 0; seed < 1000; ++seed) {
+    const Network net = nets.next();
+    const Walked walked = walkRandomly(net, seed, 20);
+    const Replay replayed = replay(net, anything(), walked.run);
+    ASSERT_EQ(replayed.complaint, "");
+    ASSERT_EQ(walked.stuck,
+              walked.run.steps.size() == 20 ? "" : stuck(net, replayed.states.back()));
+    (walked.stuck.empty() ? made : cut) += 1;
+  }
+  EXPECT_GT(made, 100);
+  EXPECT_GT(cut, 100);
+}
+
+}  // namespace
+}  // namespace tpn

@@ -1,0 +1,38 @@
+// From the bits of a path's states to a run.
+//
+// The bits say what was in which location and how the clocks stood, not which transition fired: it
+// is one that moves what moved, resets what was reset and was in time. What the run is then does
+// not depend on the bits any more: its times are computed from the order of its transitions, and it
+// is replayed before anybody sees it.
+
+#pragma once
+
+#include <stdexcept>
+#include <vector>
+
+#include "model/tpnmodel.hpp"
+#include "workbench/encoding/encode.hpp"
+#include "workbench/network/network.hpp"
+#include "workbench/network/property.hpp"
+#include "workbench/runs/run.hpp"
+
+namespace tpn {
+
+// The bits are no run; one line says where.
+struct NoRun : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// [i][j]: variable j of state i, both from 0. Steps rotate as ever: time, action, adjust.
+using PathBits = std::vector<std::vector<bool>>;
+
+// The run; its goal is the first state with the property. Throws NoRun.
+Run decode(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
+           const PathBits& path);
+
+// The same for a path that a solver found and that satisfies the clauses of bound k: that it is no
+// run can only be a bug, and std::runtime_error says so.
+Run decodeFound(const Network& net, const Property& property, const NetTimedModel& model,
+                const PathBits& path, int k);
+
+}  // namespace tpn

@@ -1,0 +1,101 @@
+#include "workbench/encoding/unrolling.hpp"
+
+#include <cadical.hpp>
+#include <cassert>
+#include <cstdlib>
+
+#include "translation/reachtran.hpp"
+
+namespace tpn {
+
+namespace {
+
+constexpr int statesInPattern = 4;
+
+// State i of a pattern, its fractions all 0.
+SymState wholeState(const NetTimedModel& model, int i) {
+  SymState s = model.genSymState(static_cast<int>(1 + i * model.getSymStateLen()));
+  s.clocks.frSplit.reset();
+  for (BoolFormVect& fraction : s.clocks.frParts) fraction.reset();
+  return s;
+}
+
+}  // namespace
+
+Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver)
+    : solver_(solver),
+      stateLength_(static_cast<int>(model.getSymStateLen())),
+      firstFraction_(model.totalNrVertBits + (model.nrOfClocks + 1) * model.intPLen) {
+  emptyStore();
+  const int variables = statesInPattern * stateLength_;
+  assert(variables < varNrLimit);
+  const SymState begin = wholeState(model, 0);
+  const SymState adjusted = wholeState(model, 1);
+  const SymState delayed = wholeState(model, 2);
+  const SymState done = wholeState(model, 3);
+  const BoolForm adjust = model.adjustSucc(begin, adjusted);
+  const BoolForm initial = model.fI(0, adjusted);
+  const BoolForm time = model.timeSucc(adjusted, delayed);
+  const BoolForm action = model.actionSucc(delayed, done);
+  const BoolForm property = EctlTransl(model, statesInPattern).transl(*model.formula, 3);
+  patterns_.emplace_back(variables, std::vector<BoolForm>{initial, time, action, property});
+  patterns_.emplace_back(variables, std::vector<BoolForm>{adjust, time, action, property});
+  emptyStore();
+  yes_ = static_cast<int>(++variables_);
+  add(yes_);
+}
+
+void Unrolling::add(int a, int b, int c) {
+  solver_.add(a);
+  if (b != 0) solver_.add(b);
+  if (c != 0) solver_.add(c);
+  solver_.add(0);
+  ++clauses_;
+}
+
+int Unrolling::newState() {
+  states_.push_back(static_cast<int>(variables_) + 1);
+  variables_ += stateLength_;
+  // The formulas know these as constants.
+  for (int j = firstFraction_; j < stateLength_; ++j) add(-(states_.back() + j));
+  return states_.back();
+}
+
+int Unrolling::literal(int operand) const {
+  if (std::abs(operand) == Pattern::trueOperand) return operand < 0 ? -yes_ : yes_;
+  const int variable = instance_[static_cast<std::size_t>(std::abs(operand))];
+  return operand < 0 ? -variable : variable;
+}
+
+void Unrolling::define(const Pattern::Node& node) {
+  const int l = literal(node.left);
+  const int r = literal(node.right);
+  const int n = static_cast<int>(++variables_);
+  instance_.push_back(n);
+  if (node.op == bfCon) {
+    add(-n, l);
+    add(-n, r);
+    add(-l, -r, n);
+  } else {
+    add(-n, -l, r);
+    add(-n, -r, l);
+    add(l, r, n);
+    add(-l, -r, n);
+  }
+}
+
+int Unrolling::extend() {
+  const bool isFirst = states_.empty();
+  const Pattern& pattern = patterns_[isFirst ? 0 : 1];
+  instance_.assign(1, 0);
+  const auto place = [this](int first) {
+    for (int j = 0; j < stateLength_; ++j) instance_.push_back(first + j);
+  };
+  place(isFirst ? 0 : states_.back());  // does not occur in the first rotation
+  for (int i = 1; i < statesInPattern; ++i) place(newState());
+  for (const Pattern::Node& node : pattern.nodes) define(node);
+  for (std::size_t i = 0; i + 1 < pattern.roots.size(); ++i) add(literal(pattern.roots[i]));
+  return literal(pattern.roots.back());
+}
+
+}  // namespace tpn

@@ -1,0 +1,102 @@
+#include "workbench/solvers/solverprogram.hpp"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+
+#include "workbench/base/files.hpp"
+#include "workbench/solvers/clausefile.hpp"
+
+namespace tpn {
+
+namespace {
+
+constexpr int exitSatisfiable = 10;
+constexpr int exitUnsatisfiable = 20;
+
+bool isProgram(const std::string& path) {
+  std::error_code none;
+  return std::filesystem::is_regular_file(path, none) && access(path.c_str(), X_OK) == 0;
+}
+
+// Empty where there is no such program.
+std::string find(const std::string& nameOrPath) {
+  if (nameOrPath.find('/') != std::string::npos) return isProgram(nameOrPath) ? nameOrPath : "";
+  const char* const path = std::getenv("PATH");
+  std::istringstream folders(path == nullptr ? "" : path);
+  for (std::string candidate; std::getline(folders, candidate, ':');) {
+    candidate.append("/").append(nameOrPath);
+    if (isProgram(candidate)) return candidate;
+  }
+  return "";
+}
+
+// What it said last before it gave up, in brackets.
+std::string lastWords(const std::string& errFile) {
+  std::error_code none;
+  if (!std::filesystem::is_regular_file(errFile, none)) return "";
+  std::istringstream in(readFile(errFile));
+  std::string last;
+  for (std::string line; std::getline(in, line);)
+    if (!line.empty()) last = line.substr(0, 200);
+  return last.empty() ? "" : " (" + last + ")";
+}
+
+std::string statusText(int exitStatus) { return "exit status " + std::to_string(exitStatus); }
+
+}  // namespace
+
+SolverProgram::SolverProgram(const std::string& nameOrPath) : path_(find(nameOrPath)) {
+  if (path_.empty()) throw std::runtime_error("there is no solver program " + nameOrPath);
+  name_ = std::filesystem::path(path_).filename();
+  if (name_.starts_with("cadical")) kind_ = cadical;
+  if (name_.starts_with("minisat")) kind_ = minisat;
+  if (name_.starts_with("cryptominisat")) kind_ = cryptominisat;
+}
+
+std::string SolverProgram::answerFile(const std::string& name) const {
+  return kind_ == minisat ? name + ".result" : outFile(name);
+}
+
+std::vector<std::string> SolverProgram::command(const std::string& name) const {
+  const std::string file = name + ".cnf";
+  switch (kind_) {
+    case cadical:
+      return {path_, "-q", file};
+    case minisat:
+      return {path_, "-verb=0", file, answerFile(name)};
+    case cryptominisat:
+      return {path_, "--verb", "0", file};
+    default:
+      return {path_, file};
+  }
+}
+
+SolverAnswer SolverProgram::answer(const std::string& name, int exitStatus) const {
+  std::error_code none;
+  SolverAnswer found;
+  try {
+    const std::string file = answerFile(name);
+    const bool there = std::filesystem::is_regular_file(file, none);
+    found = readAnswer(there ? readFile(file) : "");
+  } catch (const std::runtime_error& e) {
+    throw std::runtime_error(name_ + ", " + statusText(exitStatus) + ": " + e.what() +
+                             lastWords(errFile(name)));
+  }
+  const bool yes = exitStatus == exitSatisfiable;
+  const bool no = exitStatus == exitUnsatisfiable;
+  const bool agree = found.status == SolverAnswer::satisfiable     ? yes
+                     : found.status == SolverAnswer::unsatisfiable ? no
+                                                                   : !yes && !no;
+  if (!agree)
+    throw std::runtime_error(name_ + ": " + statusText(exitStatus) + " contradicts its answer");
+  if (found.status != SolverAnswer::satisfiable) return found;
+  const std::string wrong = violation(readClauses(readFile(name + ".cnf")), found);
+  if (!wrong.empty()) throw std::runtime_error(name_ + " gave no model: " + wrong);
+  return found;
+}
+
+}  // namespace tpn

@@ -1,0 +1,119 @@
+// A network as Graphviz draws it: one automaton a process.
+//
+// The automata are not connected, so dot can lay out each alone and pack them into an array. (It
+// forgets edge labels then, in version 2.43; labels are nodes here for better reasons as well.)
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+#include "workbench/views/viewparts.hpp"
+#include "workbench/views/views.hpp"
+
+namespace tpn {
+
+namespace {
+
+// Graphviz reads escapes and, in labels, entities.
+std::string quoted(const std::string& text) {
+  std::string result = "\"";
+  for (const char c : cleanUtf8(text)) {
+    if (c == '"' || c == '\\') result += '\\';
+    result += c;
+    if (c == '&') result += "amp;";
+  }
+  return result + "\"";
+}
+
+std::string node(std::size_t process, const std::string& name) {
+  return "p" + std::to_string(number(process)) + "_" + name;
+}
+
+std::string locationDot(const Process& process, std::size_t index, int location) {
+  const Colour& colour = colourOf(process, location);
+  std::string words = std::to_string(location);
+  const std::vector<std::string> names = propositionNames(labelsAt(process, location));
+  if (!names.empty()) words += "\\n" + shortened(names, " ", 6);
+  return "    " + node(index, std::to_string(location)) + " [label=\"" + words +
+         "\", fillcolor=\"" + colour.fill + "\", fontcolor=\"" + colour.ink + "\"" +
+         (location == 0 ? ", penwidth=2.5" : "") + "];\n";
+}
+
+// Transitions between the same locations share an arrow: those with equal intervals and partners a
+// line, shared ones and others an arrow each.
+struct Arrow {
+  int source = 0;
+  int target = 0;
+  bool shared = false;
+
+  friend bool operator<(const Arrow& a, const Arrow& b) {
+    return std::tie(a.source, a.target, a.shared) < std::tie(b.source, b.target, b.shared);
+  }
+};
+struct Line {
+  std::string words;                 // without the numbers
+  std::vector<std::string> numbers;  // of the transitions
+};
+using Lines = std::vector<Line>;
+
+std::map<Arrow, Lines> arrowsOf(const Network& net, std::size_t process) {
+  std::map<Arrow, Lines> arrows;
+  for (const Part& part : partsOf(net, process)) {
+    const Transition& t = net.transitions[part.transition];
+    std::string rest = text(t.interval);
+    if (isShared(t)) rest += " with " + shortened(partners(t, process), ", ", 6);
+    Lines& lines = arrows[{part.source, part.target, isShared(t)}];
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [&](const Line& other) { return other.words == rest; });
+    if (line == lines.end()) line = lines.insert(line, {rest, {}});
+    line->numbers.push_back(std::to_string(number(part.transition)));
+  }
+  return arrows;
+}
+
+// The words of an arrow are a node in its middle: so they stay clear of everything else, and two
+// arrows in opposite directions stay two. Black where processes share them, as in pictures of runs.
+std::string arrowDot(std::size_t process, const Arrow& arrow, const Lines& lines) {
+  constexpr std::size_t mostLines = 12;
+  std::vector<std::string> words;
+  for (const Line& line : lines)
+    words.push_back(shortened(line.numbers, ", ", 8) + "  " + line.words);
+  const std::string source = std::to_string(arrow.source);
+  const std::string target = std::to_string(arrow.target);
+  const std::string middle = node(process, source + "_" + target + (arrow.shared ? "_shared" : ""));
+  const std::string stroke =
+      arrow.shared ? " [penwidth=2, color=\"#222222\"" : " [color=\"#666666\"";
+  return "    " + middle + " [class=\"" + (arrow.shared ? "shared" : "local") + "\", label=\"" +
+         shortened(words, "\\l", mostLines) + "\\l\", shape=box, style=\"rounded,filled\", " +
+         (arrow.shared ? "fillcolor=\"#222222\", fontcolor=\"#ffffff\""
+                       : "fillcolor=\"#ffffff\", color=\"#888888\"") +
+         ", fontsize=10, margin=\"0.06,0.03\", width=0, height=0];\n    " + node(process, source) +
+         " -> " + middle + stroke + ", arrowhead=none];\n    " + middle + " -> " +
+         node(process, target) + stroke + "];\n";
+}
+
+std::string processDot(const Network& net, std::size_t index) {
+  const Process& process = net.processes[index];
+  const std::string name = std::to_string(number(index));
+  std::string dot = "  subgraph cluster_" + name + " {\n    label=\"process " + name +
+                    "\"; fontsize=14; color=\"#999999\"; style=rounded;\n";
+  dot += "    " + node(index, "start") + " [shape=point, width=0.12, label=\"\"];\n";
+  for (const int location : process.locations) dot += locationDot(process, index, location);
+  dot += "    " + node(index, "start") + " -> " + node(index, "0") + ";\n";
+  for (const auto& [arrow, lines] : arrowsOf(net, index)) dot += arrowDot(index, arrow, lines);
+  return dot + "  }\n";
+}
+
+}  // namespace
+
+std::string networkDot(const Network& net) {
+  const std::string font = "fontname=\"DejaVu Sans,Verdana,Arial\"";
+  std::string dot = "digraph network {\n  graph [label=" + quoted(net.title) + ", labelloc=t, " +
+                    "fontsize=18, " + font + ", ranksep=0.25, pack=20, packmode=array_it];\n";
+  dot += "  node [shape=ellipse, style=filled, " + font + ", fontsize=12, height=0.4];\n";
+  dot += "  edge [color=\"#666666\", arrowsize=0.8];\n";
+  for (std::size_t p = 0; p < net.processes.size(); ++p) dot += processDot(net, p);
+  return dot + "}\n";
+}
+
+}  // namespace tpn

@@ -1,0 +1,124 @@
+#include "workbench/views/runlayout.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace tpn {
+
+namespace {
+
+constexpr int header = 96;  // title, property, step numbers
+constexpr int tail = 56;    // the last state
+constexpr int margin = 16;
+constexpr int leastWidth = 720;  // room for the title and the explanation below
+constexpr int longestGap = 200;
+
+std::vector<Instant> instantsOf(const std::vector<Rational>& times) {
+  std::vector<Instant> instants;
+  for (std::size_t i = 0; i < times.size(); ++i) {
+    if (instants.empty() || instants.back().time != times[i]) instants.push_back({times[i], i, i});
+    instants.back().last = i;
+  }
+  return instants;
+}
+
+// Wide enough for whatever is written beside its neighbours: a location between two dots, a
+// transition's number, a step's.
+int columnWidth(const Network& net, const Replay& replay) {
+  std::size_t location = 1;
+  for (const Process& process : net.processes)
+    for (const int l : process.locations) location = std::max(location, std::to_string(l).size());
+  const std::size_t transition = std::to_string(net.transitions.size()).size();
+  const std::size_t step = std::to_string(replay.states.size()).size();
+  return std::max({24, textWidth(location, RunLayout::barFont) + 16,
+                   textWidth(transition, RunLayout::smallFont) + 12,
+                   textWidth(step, RunLayout::smallFont) + 6});
+}
+
+// The least distance of two instants: that of columns, and their times must fit below.
+int leastGap(const RunLayout& at) {
+  std::size_t longest = 1;
+  for (const Instant& instant : at.instants)
+    longest = std::max(longest, instant.time.text().size());
+  return std::max(at.column + 6, textWidth(longest, RunLayout::smallFont) + 8);
+}
+
+// Pixels for a unit of time: a gap of average length gets what makes a long run not too wide.
+double pixelsPerUnit(const RunLayout& at, int least) {
+  const auto gaps = static_cast<int>(at.instants.size()) - 1;
+  if (gaps == 0) return 0;
+  const int average = std::clamp(1200 / gaps, least, 72);
+  return average * gaps / at.instants.back().time.value();
+}
+
+// The round time step, 1, 2, 5, 10, 20, ..., whose ticks are not too dense.
+double tickStep(double perUnit) {
+  for (double power = 1;; power *= 10)
+    for (const double digit : {1, 2, 5})
+      if (digit * power * perUnit >= 12) return digit * power;
+}
+
+std::vector<int> ticksBetween(double from, double to, int x, double perUnit) {
+  std::vector<int> ticks;
+  const double step = tickStep(perUnit);
+  for (auto count = static_cast<std::int64_t>(from / step) + 1;; ++count) {
+    const double time = static_cast<double>(count) * step;
+    if (time >= to) return ticks;
+    ticks.push_back(x + static_cast<int>(std::lround((time - from) * perUnit)));
+  }
+}
+
+Gap gapBetween(const Instant& before, const Instant& after, int x, double perUnit, int least) {
+  const double delay = (after.time - before.time).value();
+  const double wanted = delay * perUnit;
+  Gap gap;
+  gap.from = x;
+  gap.to = x + static_cast<int>(std::lround(std::clamp<double>(wanted, least, longestGap)));
+  gap.toScale = wanted > least - 1 && wanted < longestGap + 1;
+  if (gap.toScale) gap.ticks = ticksBetween(before.time.value(), after.time.value(), x, perUnit);
+  return gap;
+}
+
+void placeStates(RunLayout& at) {
+  const int least = leastGap(at);
+  const double perUnit = pixelsPerUnit(at, least);
+  int x = at.gutter;
+  for (std::size_t i = 0; i < at.instants.size(); ++i) {
+    const Instant& instant = at.instants[i];
+    if (i > 0) {
+      at.gaps.push_back(gapBetween(at.instants[i - 1], instant, x, perUnit, least));
+      x = at.gaps.back().to;
+    }
+    for (std::size_t s = instant.first; s <= instant.last; ++s) {
+      if (s > instant.first) x += at.column;
+      at.entered.push_back(x);
+    }
+  }
+  at.end = x + tail;
+}
+
+}  // namespace
+
+int RunLayout::barTop(std::size_t process) const {
+  return lanesTop + static_cast<int>(process) * lanePitch + (lanePitch - barHeight);
+}
+
+int RunLayout::right(std::size_t state) const {
+  return state + 1 < entered.size() ? entered[state + 1] : end;
+}
+
+RunLayout layout(const Network& net, const Replay& replay) {
+  RunLayout at;
+  const std::string lastLane = "process " + std::to_string(net.processes.size());
+  at.gutter = margin + textWidth(lastLane.size(), RunLayout::laneFont) + 16;
+  at.lanesTop = header;
+  at.lanesBottom = header + static_cast<int>(net.processes.size()) * RunLayout::lanePitch + 8;
+  at.instants = instantsOf(replay.times);
+  at.column = columnWidth(net, replay);
+  placeStates(at);
+  at.width = std::max(leastWidth, at.end + margin);
+  return at;
+}
+
+}  // namespace tpn

@@ -1,0 +1,62 @@
+// Where things stand in the picture of a run, in pixels.
+//
+// Time runs right, but not everywhere to one scale. Steps at one instant get a column each, or they
+// would lie on top of each other: no time passes between these. Very short and very long delays get
+// a least and a greatest width. Where the scale is left the axis shows a break.
+
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "workbench/network/network.hpp"
+#include "workbench/runs/run.hpp"
+
+namespace tpn {
+
+// An upper estimate of the width of a text of digits and small letters in the fonts we name.
+constexpr int textWidth(std::size_t characters, int fontSize) {
+  return static_cast<int>(characters) * fontSize * 13 / 20 + 1;
+}
+
+// States that are reached at one moment, the first of them after some delay.
+struct Instant {
+  Rational time;
+  std::size_t first = 0;  // states first .. last
+  std::size_t last = 0;
+};
+
+// Time passing from one instant to the next.
+struct Gap {
+  int from = 0;  // x
+  int to = 0;
+  bool toScale = true;
+  std::vector<int> ticks;  // x of the round times inside, where to scale
+};
+
+struct RunLayout {
+  static constexpr int barHeight = 20;
+  static constexpr int lanePitch = 36;
+  static constexpr int smallFont = 10;
+  static constexpr int barFont = 11;
+  static constexpr int laneFont = 12;
+
+  int column = 0;            // width of a column
+  int gutter = 0;            // x where the time axis begins
+  int lanesTop = 0;          // y
+  int lanesBottom = 0;       // y
+  int end = 0;               // x where the last state is left off
+  int width = 0;             // of the picture
+  std::vector<int> entered;  // by state: x
+  std::vector<Instant> instants;
+  std::vector<Gap> gaps;  // gaps[i] ends at instants[i + 1]
+
+  int barTop(std::size_t process) const;
+  int left(std::size_t state) const { return entered[state]; }
+  int right(std::size_t state) const;  // where the next one is entered
+};
+
+RunLayout layout(const Network& net, const Replay& replay);
+
+}  // namespace tpn

@@ -1,0 +1,239 @@
+// A run as a value change dump (IEEE 1364), for GTKWave and the like.
+//
+// A dump has whole ticks, and a viewer shows one value a tick. So a unit of time is divided twice:
+// into parts, a multiple of the least common multiple of the denominators of all times, and every
+// part into slots, a power of ten. What happens at one instant has the instant's part to itself:
+//
+//   slot 0   time has passed: clocks
+//   slot 1   the first step at this instant: locations, propositions, resets
+//   slot 2   the second one, after no delay
+//   ...
+//
+// Hence  exact time = floor(tick / slots) / parts,  and steps at one instant stay apart. Where a
+// power of ten, not too large, will do for the parts, it is taken, and a unit is shown as a second.
+// Otherwise a tick is called a nanosecond; the comment in the file says how many make a unit.
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+#include <map>
+#include <numeric>
+#include <stdexcept>
+#include <utility>
+
+#include "workbench/views/viewparts.hpp"
+#include "workbench/views/views.hpp"
+
+namespace tpn {
+
+namespace {
+
+std::int64_t product(std::int64_t a, std::int64_t b) {
+  if (b != 0 && a > std::numeric_limits<std::int64_t>::max() / b)
+    throw std::overflow_error("the times of this run need more ticks than 64 bits can count");
+  return a * b;
+}
+
+struct Scale {
+  std::int64_t parts = 1;  // of a time unit
+  std::int64_t slots = 1;  // of a part
+  int digits = 0;          // parts * slots = 10^digits; -1: it is no such power, or too large a one
+
+  std::int64_t tick(const Rational& time, std::int64_t slot) const {
+    return product(product(time.numerator(), parts / time.denominator()), slots) + slot;
+  }
+};
+
+std::int64_t commonDenominator(const std::vector<Rational>& times) {
+  std::int64_t common = 1;
+  for (const Rational& time : times)
+    common = product(common / std::gcd(common, time.denominator()), time.denominator());
+  return common;
+}
+
+// The most states that are reached at one instant.
+std::int64_t mostAtOnce(const std::vector<Rational>& times) {
+  std::map<Rational, std::int64_t> counts;
+  std::int64_t most = 0;
+  for (const Rational& time : times) most = std::max(most, ++counts[time]);
+  return most;
+}
+
+Scale scaleFor(const std::vector<Rational>& times) {
+  Scale scale;
+  const std::int64_t needed = 100 * mostAtOnce(times);  // what happens at once stays close together
+  for (; scale.slots < needed; ++scale.digits) scale.slots *= 10;
+  const std::int64_t common = commonDenominator(times);
+  constexpr int finest = 15;  // a femtosecond
+  for (; scale.digits <= finest; ++scale.digits, scale.parts *= 10)
+    if (scale.parts % common == 0) return scale;
+  scale.digits = -1;
+  scale.parts = common;
+  return scale;
+}
+
+// 10^-digits seconds.
+std::string tickName(int digits) {
+  if (digits < 0) return "1 ns";
+  static constexpr std::array<const char*, 6> units{"s", "ms", "us", "ns", "ps", "fs"};
+  static constexpr std::array<const char*, 3> multiples{"1 ", "10 ", "100 "};
+  const int unit = (digits + 2) / 3;
+  return std::string(multiples.at(static_cast<std::size_t>(3 * unit - digits))) +
+         units.at(static_cast<std::size_t>(unit));
+}
+
+std::string binary(std::int64_t value) {
+  std::string digits;
+  do {
+    digits.insert(digits.begin(), static_cast<char>('0' + value % 2));
+    value /= 2;
+  } while (value != 0);
+  return "b" + digits + " ";
+}
+
+// The shortest decimal that reads back as the same double.
+std::string real(const Rational& r) {
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), r.value()).ptr;
+  return "r" + std::string(buffer.data(), end) + " ";
+}
+
+// Declares signals, then takes values and writes down those that are new.
+class Dump {
+ public:
+  std::size_t declare(const std::string& type, int bits, const std::string& name) {
+    const std::size_t signal = values_.size();
+    text_ +=
+        "$var " + type + " " + std::to_string(bits) + " " + code(signal) + " " + name + " $end\n";
+    values_.emplace_back();
+    return signal;
+  }
+  void enter(const std::string& scope) { text_ += "$scope module " + scope + " $end\n"; }
+  void leave() { text_ += "$upscope $end\n"; }
+  void raw(const std::string& line) { text_ += line + "\n"; }
+
+  // `value` as it stands before the signal's code.
+  void set(std::size_t signal, const std::string& value) {
+    if (values_[signal] == value) return;
+    values_[signal] = value;
+    text_ += value + code(signal) + "\n";
+  }
+  void trigger(std::size_t event) { text_ += "1" + code(event) + "\n"; }
+
+  const std::string& text() const { return text_; }
+
+ private:
+  // A short name of printable characters, as the format wants it.
+  static std::string code(std::size_t signal) {
+    std::string result;
+    for (std::size_t rest = signal + 1; rest > 0; rest = (rest - 1) / 94)
+      result += static_cast<char>('!' + (rest - 1) % 94);
+    return result;
+  }
+
+  std::string text_;
+  std::vector<std::string> values_;
+};
+
+// The signals of a network, and how a state is written to them.
+class Signals {
+ public:
+  Signals(Dump& dump, const Network& net, const Property& property)
+      : dump_(dump), net_(net), property_(property) {
+    dump_.enter("network");
+    step_ = dump_.declare("integer", 32, "step");
+    transition_ = dump_.declare("integer", 32, "transition");
+    fired_ = dump_.declare("event", 1, "fired");
+    holds_ = dump_.declare("wire", 1, "property");
+    for (const int q : propositions(net))
+      wires_[q] = dump_.declare("wire", 1, "p" + std::to_string(q));
+    for (std::size_t p = 0; p < net.processes.size(); ++p) {
+      dump_.enter("process_" + std::to_string(number(p)));
+      locations_.push_back(dump_.declare("integer", 32, "location"));
+      clocks_.push_back(dump_.declare("real", 64, "clock"));
+      dump_.leave();
+    }
+    dump_.leave();
+  }
+
+  void fire(std::size_t step, int transition) {
+    dump_.set(step_, binary(static_cast<std::int64_t>(step)));
+    dump_.set(transition_, binary(transition));
+    if (step > 0) dump_.trigger(fired_);
+  }
+
+  void state(const TimedState& state) {
+    const std::set<int> now = propositionsAt(net_, state.locations);
+    dump_.set(holds_, holds(property_, now) ? "1" : "0");
+    for (const auto& [q, wire] : wires_) dump_.set(wire, now.contains(q) ? "1" : "0");
+    for (std::size_t p = 0; p < locations_.size(); ++p)
+      dump_.set(locations_[p], binary(state.locations[p]));
+    clocks(state.clocks, 0);
+  }
+
+  void clocks(const std::vector<Rational>& clocks, const Rational& delay) {
+    for (std::size_t p = 0; p < clocks_.size(); ++p) dump_.set(clocks_[p], real(clocks[p] + delay));
+  }
+
+ private:
+  Dump& dump_;
+  const Network& net_;
+  const Property& property_;
+  std::size_t step_ = 0;
+  std::size_t transition_ = 0;  // the number of the last one to fire; 0 before the first
+  std::size_t fired_ = 0;       // an event: tells apart two steps by one transition
+  std::size_t holds_ = 0;
+  std::map<int, std::size_t> wires_;  // by proposition
+  std::vector<std::size_t> locations_;
+  std::vector<std::size_t> clocks_;
+};
+
+// What stands before the signals. A "$" could end the comment.
+void writeHead(Dump& dump, const Network& net, const Scale& scale) {
+  std::string title = cleanUtf8(net.title);
+  std::replace(title.begin(), title.end(), '$', '_');
+  const std::string slots = std::to_string(scale.slots);
+  dump.raw("$comment");
+  dump.raw("  " + title);
+  dump.raw("  One time unit is " + std::to_string(product(scale.parts, scale.slots)) + " ticks" +
+           (scale.digits < 0 ? "" : ": shown as one second") + ".");
+  dump.raw("  Times are exact: floor(tick / " + slots + ") / " + std::to_string(scale.parts) + ".");
+  dump.raw("  Of the " + slots +
+           " ticks of an instant, tick 0 shows the clocks when time has passed,");
+  dump.raw("  tick 1 its first step, tick 2 the second, which waits no longer, and so on.");
+  dump.raw("$end");
+  dump.raw("$timescale " + tickName(scale.digits) + " $end");
+}
+
+}  // namespace
+
+std::string runVcd(const Network& net, const Property& property, const Run& run) {
+  const Replay replay = replayed(net, property, run);
+  const Scale scale = scaleFor(replay.times);
+  Dump dump;
+  writeHead(dump, net, scale);
+  Signals signals(dump, net, property);
+  dump.raw("$enddefinitions $end\n#0\n$dumpvars");
+  signals.fire(0, 0);
+  signals.state(replay.states[0]);
+  dump.raw("$end");
+
+  std::int64_t slot = 0;
+  for (std::size_t i = 0; i < run.steps.size(); ++i) {
+    const Rational& now = replay.times[i + 1];
+    if (now != replay.times[i]) {
+      slot = 0;
+      dump.raw("#" + std::to_string(scale.tick(now, slot)));
+      signals.clocks(replay.states[i].clocks, run.steps[i].delay);
+    }
+    dump.raw("#" + std::to_string(scale.tick(now, ++slot)));
+    signals.fire(i + 1, number(run.steps[i].transition));
+    signals.state(replay.states[i + 1]);
+  }
+  // A last tick, so that viewers show the last state at all.
+  dump.raw("#" + std::to_string(scale.tick(replay.times.back(), scale.slots - 1)));
+  return dump.text();
+}
+
+}  // namespace tpn

@@ -1,0 +1,60 @@
+// What several views share: how intervals, lists and foreign text are written.
+
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "workbench/network/network.hpp"
+#include "workbench/network/property.hpp"
+#include "workbench/runs/run.hpp"
+
+namespace tpn {
+
+// Replays; asserts that there is no complaint.
+Replay replayed(const Network& net, const Property& property, const Run& run);
+
+// A property that is just true: nobody asked for a goal, so none is marked.
+bool asksNothing(const Property& property);
+
+// "p2 p11": as the property file writes them.
+std::vector<std::string> propositionNames(const std::set<int>& propositions);
+
+// What one process sees of a transition.
+struct Part {
+  std::size_t transition = 0;  // index
+  int source = 0;
+  int target = 0;
+};
+std::vector<Part> partsOf(const Network& net, std::size_t process);
+
+bool isShared(const Transition& t);  // of more than one process
+std::vector<std::string> partners(const Transition& t, std::size_t process);  // all others' numbers
+const std::set<int>& labelsAt(const Process& process, int location);
+
+std::string text(const Interval& interval);           // "[1, 3]", "[2, inf)"
+std::string shortProperty(const Property& property);  // shortened where it is long
+
+std::string joined(const std::vector<std::string>& items, const std::string& separator);
+
+// At most `limit` items; "... 7 more" stands for the others.
+std::string shortened(const std::vector<std::string>& items, const std::string& separator,
+                      std::size_t limit);
+
+// The text with every byte that is no UTF-8, and every control character, replaced by U+FFFD: a
+// title may hold anything.
+std::string cleanUtf8(const std::string& text);
+
+std::string xmlText(const std::string& text);  // clean, and escaped for XML text and attributes
+
+// Of a location, in all pictures. They stay apart for colour-blind eyes too, and the number stands
+// with them; grey is kept for the initial location.
+struct Colour {
+  const char* fill;
+  const char* ink;  // for what is written on it
+};
+const Colour& colourOf(const Process& process, int location);
+
+}  // namespace tpn

@@ -1,0 +1,300 @@
+#include "workbench/walking/walk.hpp"
+
+#include <algorithm>
+#include <cassert>
+#include <cerrno>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <iomanip>
+#include <istream>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include "workbench/views/views.hpp"
+
+namespace tpn {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr const char* helpText =
+    "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as soon\n"
+    "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
+    "undo [COUNT]              take back the last step, or as many\n"
+    "show                      the state and what can fire\n"
+    "text|json|vcd|svg [FILE]  the run so far, here or into a file\n"
+    "help                      this\n"
+    "quit                      end\n";
+
+std::string plural(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+Words words(const std::string& line) {
+  std::istringstream in(line.substr(0, line.find('#')));
+  Words result;
+  for (std::string word; in >> word;) result.push_back(word);
+  return result;
+}
+
+bool isNumber(const std::string& word) {
+  return word.find_first_not_of("0123456789") == std::string::npos;
+}
+
+// A number too long to be one is larger than any that is asked for.
+std::size_t value(const std::string& digits) {
+  std::size_t result = 0;
+  std::istringstream(digits) >> result;
+  return result;
+}
+
+// ---- views
+// ---------------------------------------------------------------------------------------
+
+struct View {
+  const char* name;
+  std::string (*print)(const Network&, const Property&, const Run&);
+};
+
+const View* viewCalled(const std::string& name) {
+  static constexpr View views[] = {
+      {"text", runText}, {"json", runJson}, {"vcd", runVcd}, {"svg", runSvg}};
+  for (const View& view : views)
+    if (name == view.name) return &view;
+  return nullptr;
+}
+
+// All after the first word: names of files may have blanks, and a #.
+std::string fileIn(const std::string& line) {
+  std::istringstream in(line);
+  std::string file;
+  in >> file;
+  file.clear();
+  std::getline(in >> std::ws, file);
+  return file.substr(0, file.find_last_not_of(" \t\r") + 1);
+}
+
+// What went wrong, or empty.
+std::string written(const std::string& file, const std::string& text) {
+  errno = 0;
+  std::ofstream out(file, std::ios::binary);
+  out << text;
+  out.close();
+  return out ? "" : "cannot write '" + file + "': " + std::strerror(errno);
+}
+
+// ---- what is shown of a state
+// --------------------------------------------------------------------
+
+bool enabled(const Transition& t, const Locations& at) {
+  return std::all_of(t.moves.begin(), t.moves.end(),
+                     [&](const Move& move) { return at[move.process] == move.source; });
+}
+
+std::string delaysText(const std::optional<Window>& delays) {
+  if (!delays) return "cannot fire";
+  const std::string from = "delay " + delays->from.text();
+  if (!delays->to) return from + " or more";
+  return *delays->to == delays->from ? from : from + " to " + delays->to->text();
+}
+
+std::string movesText(const Transition& t) {
+  std::string text;
+  for (const Move& move : t.moves)
+    text += (text.empty() ? "" : ", ") + ("process " + std::to_string(number(move.process))) +
+            ": " + std::to_string(move.source) + " -> " + std::to_string(move.target);
+  return text;
+}
+
+void showProcesses(const Network& net, const TimedState& state, std::ostream& out) {
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    out << "  process " << number(p) << ": location " << state.locations[p] << ", clock "
+        << state.clocks[p].text() << "\n";
+  out << "  propositions:";
+  const std::set<int> held = propositionsAt(net, state.locations);
+  for (const int proposition : held) out << " " << proposition;
+  out << (held.empty() ? " none\n" : "\n");
+}
+
+void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
+  const std::string reason = stuck(net, state);
+  if (!reason.empty()) out << "  " << reason << "\n";
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    if (enabled(net.transitions[t], state.locations))
+      out << std::right << std::setw(4) << number(t) << "  " << std::left << std::setw(16)
+          << delaysText(window(net, state, t)) << "  " << movesText(net.transitions[t]) << "\n";
+}
+
+// ---- a session
+// -----------------------------------------------------------------------------------
+
+class Session {
+ public:
+  Session(const Network& net, std::ostream& out) : net_(net), out_(out), past_(unmoved(net)) {}
+
+  // Does what the line says; what is wrong with it, or empty. Then `changed` tells whether the
+  // state is another, `ended` whether this was the last command.
+  std::string perform(const std::string& line) {
+    changed = false;
+    const Words command = words(line);
+    if (command.empty()) return "";
+    const std::string& verb = command.front();
+    if (isNumber(verb)) return fire(command);
+    if (verb == "undo") return undo(command);
+    if (const View* view = viewCalled(verb)) return print(*view, fileIn(line));
+    return plain(command);
+  }
+
+  void show() const {
+    out_ << "time " << past_.times.back().text() << ", after " << plural(steps_.size(), "step")
+         << "\n";
+    showProcesses(net_, state(), out_);
+    showTransitions(net_, state(), out_);
+  }
+
+  Run run() const { return {steps_, steps_.size()}; }
+
+  bool changed = false;
+  bool ended = false;
+
+ private:
+  const TimedState& state() const { return past_.states.back(); }
+
+  std::string plain(const Words& command) {
+    const std::string& verb = command.front();
+    if (verb != "show" && verb != "help" && verb != "quit")
+      return "unknown command '" + verb + "'; try help";
+    if (command.size() > 1) return verb + " takes nothing";
+    if (verb == "show") show();
+    if (verb == "help") out_ << helpText;
+    ended = verb == "quit";
+    return "";
+  }
+
+  std::string fire(const Words& command) {
+    if (command.size() > 2) return "a transition takes one delay at most";
+    const std::size_t chosen = value(command[0]);
+    if (chosen < 1 || chosen > net_.transitions.size())
+      return "there is no transition " + command[0];
+    Step step{0, chosen - 1};
+    if (command.size() == 2) {
+      const auto delay = Rational::read(command[1]);
+      if (!delay) return "'" + command[1] + "' is no delay; write 2, 0.5 or 7/3";
+      step.delay = *delay;
+    } else if (const auto delays = window(net_, state(), step.transition)) {
+      step.delay = delays->from;
+    }
+    return take(step);
+  }
+
+  std::string take(const Step& step) {
+    std::string complaint = extend(net_, step, past_);
+    if (!complaint.empty()) return complaint;
+    steps_.push_back(step);
+    try {
+      // What is shown next has to fit as well: a delay of 1/9223372036854775807 does, 2 less it
+      // does not.
+      for (std::size_t t = 0; t < net_.transitions.size(); ++t) window(net_, state(), t);
+    } catch (const std::overflow_error& error) {
+      takeBack();
+      return error.what();
+    }
+    changed = true;
+    return "";
+  }
+
+  std::string undo(const Words& command) {
+    if (command.size() > 2 || (command.size() == 2 && !isNumber(command[1])))
+      return "undo takes a count at most";
+    const std::size_t count = command.size() == 2 ? value(command[1]) : 1;
+    if (count > steps_.size())
+      return "there " + std::string(steps_.size() == 1 ? "is" : "are") + " only " +
+             plural(steps_.size(), "step") + " to undo";
+    for (std::size_t i = 0; i < count; ++i) takeBack();
+    changed = count > 0;
+    return "";
+  }
+
+  void takeBack() {
+    steps_.pop_back();
+    past_.states.pop_back();
+    past_.times.pop_back();
+  }
+
+  std::string print(const View& view, const std::string& file) {
+    try {
+      const std::string text = view.print(net_, anything(), run());
+      if (!file.empty()) return written(file, text);
+      out_ << text;
+      return "";
+    } catch (const std::exception& error) {  // times too fine for this view: the walk goes on
+      return error.what();
+    }
+  }
+
+  const Network& net_;
+  std::ostream& out_;
+  std::vector<Step> steps_;
+  Replay past_;  // of these steps
+};
+
+}  // namespace
+
+std::string stuck(const Network& net, const TimedState& state) {
+  bool any = false;
+  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
+    if (window(net, state, t)) return "";
+    any = any || enabled(net.transitions[t], state.locations);
+  }
+  if (!any) return "stuck: no transition is enabled";
+  // A transition that is enabled and cannot fire is kept from it by a latest time.
+  const auto longest = longestDelay(net, state);
+  assert(longest);
+  return "stuck: time stops after " + longest->text() + ", and no transition can fire until then";
+}
+
+Property anything() { return {"T", {{PropertyItem::truth, 0}}}; }
+
+Walked walk(const Network& net, std::istream& in, std::ostream& out) {
+  Session session(net, out);
+  session.show();
+  while (!session.ended) {
+    out << "> " << std::flush;
+    std::string line;
+    if (!std::getline(in, line)) {
+      out << "\n";
+      break;
+    }
+    const std::string complaint = session.perform(line);
+    if (!complaint.empty()) out << "error: " << complaint << "\n";
+    if (session.changed) session.show();
+  }
+  out << std::flush;
+  return {session.run(), "", ""};
+}
+
+Walked walkScript(const Network& net, const std::string& name, std::istream& in,
+                  std::ostream& out) {
+  Session session(net, out);
+  std::string line;
+  std::string complaint;
+  int count = 0;
+  while (complaint.empty() && !session.ended && std::getline(in, line)) {
+    ++count;
+    complaint = session.perform(line);
+  }
+  Walked walked{session.run(), "", ""};
+  if (!complaint.empty())
+    walked.error.append(name)
+        .append(":")
+        .append(std::to_string(count))
+        .append(": error: ")
+        .append(complaint);
+  return walked;
+}
+
+}  // namespace tpn

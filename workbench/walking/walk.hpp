@@ -1,0 +1,50 @@
+// Going through a network by hand, by script or at random, step by step. Whichever way, the outcome
+// is a run that replays, for any of the views.
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+#include "workbench/network/network.hpp"
+#include "workbench/network/property.hpp"
+#include "workbench/runs/run.hpp"
+
+namespace tpn {
+
+struct Walked {
+  Run run;            // the steps that stand at the end; its goal is the last state
+  std::string error;  // script: "NAME:LINE: error: ..." of the command that ended it, else empty
+  std::string stuck;  // random: why it ended before all steps were made, else empty
+};
+
+// What the views of a walk take for a property: one that always holds.
+Property anything();
+
+// The commands, a line each; `help` prints them:
+//   NUMBER [DELAY]              time passes, then this transition fires; the earliest delay if none
+//                               is given; "2", "0.5", "7/3"
+//   undo [COUNT]                takes the last steps back
+//   show                        the state and what can fire
+//   text|json|vcd|svg [FILE]    a view of the run so far
+//   help, quit
+// Empty lines and what follows a # are skipped.
+
+// Shows every state and asks for commands until `quit` or the end of input. A command that cannot
+// be done gets a line "error: ..." and changes nothing.
+Walked walk(const Network& net, std::istream& in, std::ostream& out);
+
+// The same commands without prompts; prints what they ask for and nothing else. The first that
+// cannot be done ends it. `name` is the script's, for the error.
+Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out);
+
+// At most `steps` random steps; delays are multiples of 1/12. The same for the same seed
+// everywhere.
+Walked walkRandomly(const Network& net, std::uint64_t seed, std::size_t steps);
+
+// Why no transition can ever fire from here; empty where one can.
+std::string stuck(const Network& net, const TimedState& state);
+
+}  // namespace tpn
