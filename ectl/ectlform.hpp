@@ -18,6 +18,8 @@
 #include <string>
 #include <string_view>
 
+#include "ectl/refusal.hpp"
+
 enum class EctlOper : int {
   truth = 0,
   prop = 1,
@@ -54,6 +56,11 @@ struct Node {
   ~Node();  // releases children before parents, without recursion
 };
 
+// A property with an operator that has too little before it.
+struct MissingOperand : Refusal {
+  using Refusal::Refusal;
+};
+
 class EctlForm {
  public:
   EctlOper op = EctlOper::none;  // the last operator of the text, none for an empty text
@@ -63,8 +70,7 @@ class EctlForm {
   std::deque<OnpNode> onp;  // the whole formula, one item a token
 
   // Parses `text`. A character that begins no token is never passed: the scan does not end. An
-  // operator that lacks an operand ends the process with exit status 1 and a message on standard
-  // error.
+  // operator that lacks an operand throws MissingOperand.
   explicit EctlForm(const std::string& formulaText);
 
   EctlOper getOp() const { return op; }

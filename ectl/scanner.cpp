@@ -1,7 +1,7 @@
 #include "ectl/scanner.hpp"
 
 #include <cstdlib>
-#include <iostream>
+#include <string>
 
 namespace {
 
@@ -47,9 +47,7 @@ int leadingNumber(std::string_view text) {
 }
 
 void missingOperand(std::string_view operatorText) {
-  std::cerr << "zervan: property: operator \"" << operatorText << "\" lacks an operand"
-            << std::endl;
-  std::exit(1);
+  throw MissingOperand("property: operator \"" + std::string(operatorText) + "\" lacks an operand");
 }
 
 Token Scanner::take(EctlOper op, std::size_t length) {

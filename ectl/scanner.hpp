@@ -39,8 +39,8 @@ class Scanner {
   Spelling spelling_;
 };
 
-// The operand of a postfix operator, taken off the stack `operands`. Where there is none the
-// process ends with exit status 1 and a message on standard error.
+// The operand of a postfix operator, taken off the stack `operands`. Throws MissingOperand where
+// there is none.
 [[noreturn]] void missingOperand(std::string_view operatorText);
 
 template <class Stack>
