@@ -9,3 +9,8 @@
 struct Refusal : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
+
+// A property with an operator that has too little before it.
+struct MissingOperand : Refusal {
+  using Refusal::Refusal;
+};

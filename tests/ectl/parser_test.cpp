@@ -205,4 +205,31 @@ TEST(Parser, OneOperandIsNotEnoughForABinaryOperator) {
     EXPECT_THROW(EctlForm{text}, MissingOperand) << text;
 }
 
+// --- Items that were read elsewhere. ---
+
+std::vector<OnpNode> nodesOf(const EctlForm& f) { return {f.onp.begin(), f.onp.end()}; }
+
+TEST(ItemParser, FormulaIsThatOfTheText) {
+  for (const std::string text : {"", "T", "p1", "p-0", "p1p-2&EF", "Tp3EU", "p1p2p3&+EXEG", "p1p2",
+                                 "p1EKp2&", "p4294967295", "TT+T&"}) {
+    const EctlForm read(text);
+    const EctlForm made(nodesOf(read));
+    EXPECT_TRUE(made == read) << text;
+    EXPECT_EQ(made.onp, read.onp) << text;
+    EXPECT_EQ(made.varNr, 0) << text;
+  }
+}
+
+TEST(ItemParser, PropositionIsWrittenAsItsNumber) {
+  const EctlForm f(std::vector<OnpNode>{{EctlOper::prop, 7}, {EctlOper::existsFinally, 0}});
+  EXPECT_EQ(f.left, "p7");
+  EXPECT_EQ(f.getLeft().getVarNr(), 7);
+}
+
+TEST(ItemParser, MissingOperandIsRefused) {
+  EXPECT_THROW(EctlForm(std::vector<OnpNode>{{EctlOper::conj, 0}}), MissingOperand);
+  EXPECT_THROW(EctlForm(std::vector<OnpNode>{{EctlOper::truth, 0}, {EctlOper::existsUntil, 0}}),
+               MissingOperand);
+}
+
 }  // namespace
