@@ -4,6 +4,7 @@
 #include <ctime>
 #include <iostream>
 #include <new>
+#include <unordered_map>
 #include <vector>
 
 #include "boolform/clauseset.hpp"
@@ -113,6 +114,13 @@ BoolForm EctlTransl::transl(const EctlForm& property) {
 
 BoolForm EctlTransl::transl(const EctlForm& property, int i) {
   const SymState state = stateAt(i);
+  // Building a proposition again would give the same formula and no new node.
+  std::unordered_map<int, BoolForm> known;
+  const auto proposition = [&](int nr) {
+    const auto found = known.find(nr);
+    return found != known.end() ? found->second
+                                : known.emplace(nr, model.fP(nr, state)).first->second;
+  };
   std::vector<BoolForm> s;
   for (const OnpNode& item : property.onp) {
     switch (item.op) {
@@ -120,10 +128,10 @@ BoolForm EctlTransl::transl(const EctlForm& property, int i) {
         s.push_back(BoolForm(true));
         break;
       case EctlOper::prop:
-        s.push_back(model.fP(item.arg, state));
+        s.push_back(proposition(item.arg));
         break;
       case EctlOper::negProp:
-        s.push_back(neg(model.fP(item.arg, state)));
+        s.push_back(neg(proposition(item.arg)));
         break;
       case EctlOper::conj:
       case EctlOper::disj: {
