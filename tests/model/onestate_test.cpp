@@ -133,6 +133,14 @@ TEST_F(OneFormula, NegativePropositionIsFoundAgain) {
   EXPECT_EQ(model->fP(-5, model->genSymState(1)), BoolForm(1));
 }
 
+TEST_F(OneFormula, PropositionsAreComparedInAllTheirBits) {
+  const Model model = modelOf(network("1 0 1\n", process("1 0 1\n", "1 1\n")));
+  const SymState s = model->genSymState(1);
+  EXPECT_EQ(model->fP(1, s), BoolForm(1));
+  for (int bit = 0; bit < 32; ++bit)
+    EXPECT_EQ(model->fP(static_cast<int>(1U ^ 1U << bit), s), BoolForm(false)) << bit;
+}
+
 TEST_F(OneFormula, PropositionOfTwoProcessesIsTheDisjunctionInTheirOrder) {
   const Model model = modelOf(network(
       "1 0 1\n", process("1 0 3\n1 1 2\n", "2 1\n1 1\n") + process("1 0 3\n1 1 2\n", "3 1\n")));
