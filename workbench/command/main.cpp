@@ -2,7 +2,12 @@
 
 #include <cstdio>
 #include <exception>
+#include <iostream>
+#include <new>
+#include <sstream>
 
+#include "workbench/base/files.hpp"
+#include "workbench/base/printable.hpp"
 #include "workbench/command/subcommand.hpp"
 
 namespace {
@@ -14,6 +19,16 @@ constexpr const Subcommand* subcommands[] = {&lintCommand, &showCommand, &checkC
                                              &traceCommand, &runCommand};
 
 constexpr const char* version = "tpn " ZERVAN_VERSION;
+
+// What the parser says may quote anything that was given.
+int told(const CLI::App& app, const CLI::ParseError& e) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = app.exit(e, out, err);
+  std::cerr << printableLines(err.str());
+  writeFile("-", printableLines(out.str()));
+  return status == 0 ? done : misused;
+}
 
 int command(int argc, char** argv) {
   CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
@@ -28,9 +43,18 @@ int command(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
-    return app.exit(e) == 0 ? done : misused;
+    return told(app, e);
   }
   return action();
+}
+
+// Names of files may be any bytes.
+void complain(const char* what) {
+  try {
+    std::fprintf(stderr, "tpn: %s\n", printable(what).c_str());
+  } catch (const std::bad_alloc&) {
+    std::fputs("tpn: what went wrong does not fit into memory\n", stderr);
+  }
 }
 
 }  // namespace
@@ -38,8 +62,10 @@ int command(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return command(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::fputs("tpn: this needs more memory than there is\n", stderr);
   } catch (const std::exception& e) {
-    std::fprintf(stderr, "tpn: %s\n", e.what());
-    return failed;
+    complain(e.what());
   }
+  return failed;
 }

@@ -21,14 +21,27 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr const char* helpText =
-    "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as soon\n"
-    "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
-    "undo [COUNT]              take back the last step, or as many\n"
-    "show                      the state and what can fire\n"
-    "text|json|vcd|svg [FILE]  the run so far, here or into a file\n"
-    "help                      this\n"
-    "quit                      end\n";
+// Of the views' names and a file.
+std::string viewCommands() {
+  std::string names;
+  for (const RunView& view : runViews())
+    names += (names.empty() ? "" : "|") + (view.name + std::string());
+  names += " [FILE]";
+  names.resize(std::max<std::size_t>(names.size(), 24), ' ');
+  return names;
+}
+
+std::string helpText() {
+  return "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as "
+         "soon\n"
+         "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
+         "undo [COUNT]              take back the last step, or as many\n"
+         "show                      the state and what can fire\n" +
+         viewCommands() +
+         "  the run so far, here or into a file\n"
+         "help                      this\n"
+         "quit                      end\n";
+}
 
 std::string plural(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
@@ -52,21 +65,7 @@ std::size_t value(const std::string& digits) {
   return result;
 }
 
-// ---- views
-// ---------------------------------------------------------------------------------------
-
-struct View {
-  const char* name;
-  std::string (*print)(const Network&, const Property&, const Run&);
-};
-
-const View* viewCalled(const std::string& name) {
-  static constexpr View views[] = {
-      {"text", runText}, {"json", runJson}, {"vcd", runVcd}, {"svg", runSvg}};
-  for (const View& view : views)
-    if (name == view.name) return &view;
-  return nullptr;
-}
+// --- Views. ---
 
 // All after the first word: names of files may have blanks, and a #.
 std::string fileIn(const std::string& line) {
@@ -87,8 +86,7 @@ std::string written(const std::string& file, const std::string& text) {
   return out ? "" : "cannot write '" + file + "': " + std::strerror(errno);
 }
 
-// ---- what is shown of a state
-// --------------------------------------------------------------------
+// --- What is shown of a state. ---
 
 bool enabled(const Transition& t, const Locations& at) {
   return std::all_of(t.moves.begin(), t.moves.end(),
@@ -129,12 +127,12 @@ void showTransitions(const Network& net, const TimedState& state, std::ostream& 
           << delaysText(window(net, state, t)) << "  " << movesText(net.transitions[t]) << "\n";
 }
 
-// ---- a session
-// -----------------------------------------------------------------------------------
+// --- A session. ---
 
 class Session {
  public:
-  Session(const Network& net, std::ostream& out) : net_(net), out_(out), past_(unmoved(net)) {}
+  Session(const Network& net, std::ostream& out, Refusal refusal = nullptr)
+      : net_(net), out_(out), refusal_(std::move(refusal)), past_(unmoved(net)) {}
 
   // Does what the line says; what is wrong with it, or empty. Then `changed` tells whether the
   // state is another, `ended` whether this was the last command.
@@ -145,7 +143,7 @@ class Session {
     const std::string& verb = command.front();
     if (isNumber(verb)) return fire(command);
     if (verb == "undo") return undo(command);
-    if (const View* view = viewCalled(verb)) return print(*view, fileIn(line));
+    if (const RunView* view = runViewCalled(verb)) return print(*view, fileIn(line));
     return plain(command);
   }
 
@@ -170,7 +168,7 @@ class Session {
       return "unknown command '" + verb + "'; try help";
     if (command.size() > 1) return verb + " takes nothing";
     if (verb == "show") show();
-    if (verb == "help") out_ << helpText;
+    if (verb == "help") out_ << helpText();
     ended = verb == "quit";
     return "";
   }
@@ -225,8 +223,10 @@ class Session {
     past_.times.pop_back();
   }
 
-  std::string print(const View& view, const std::string& file) {
+  std::string print(const RunView& view, const std::string& file) {
     try {
+      const std::string refused = refusal_ && !file.empty() ? refusal_(file) : "";
+      if (!refused.empty()) return refused;
       const std::string text = view.print(net_, anything(), run());
       if (!file.empty()) return written(file, text);
       out_ << text;
@@ -238,6 +238,7 @@ class Session {
 
   const Network& net_;
   std::ostream& out_;
+  Refusal refusal_;  // may be none
   std::vector<Step> steps_;
   Replay past_;  // of these steps
 };
@@ -259,8 +260,20 @@ std::string stuck(const Network& net, const TimedState& state) {
 
 Property anything() { return {"T", {{PropertyItem::truth, 0}}}; }
 
-Walked walk(const Network& net, std::istream& in, std::ostream& out) {
-  Session session(net, out);
+std::vector<std::string> filesWritten(std::istream& script) {
+  std::vector<std::string> files;
+  for (std::string line; std::getline(script, line);) {
+    const Words command = words(line);
+    if (command.empty()) continue;
+    if (command.front() == "quit") break;
+    if (runViewCalled(command.front()) == nullptr) continue;
+    if (const std::string file = fileIn(line); !file.empty()) files.push_back(file);
+  }
+  return files;
+}
+
+Walked walk(const Network& net, std::istream& in, std::ostream& out, const Refusal& refusal) {
+  Session session(net, out, refusal);
   session.show();
   while (!session.ended) {
     out << "> " << std::flush;

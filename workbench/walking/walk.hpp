@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
@@ -32,13 +34,20 @@ Property anything();
 //   help, quit
 // Empty lines and what follows a # are skipped.
 
+// Why a file may not be written; empty where it may.
+using Refusal = std::function<std::string(const std::string& file)>;
+
 // Shows every state and asks for commands until `quit` or the end of input. A command that cannot
 // be done gets a line "error: ..." and changes nothing.
-Walked walk(const Network& net, std::istream& in, std::ostream& out);
+Walked walk(const Network& net, std::istream& in, std::ostream& out,
+            const Refusal& refusal = nullptr);
 
 // The same commands without prompts; prints what they ask for and nothing else. The first that
 // cannot be done ends it. `name` is the script's, for the error.
 Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out);
+
+// The files that a script's commands write views to, in their order.
+std::vector<std::string> filesWritten(std::istream& script);
 
 // At most `steps` random steps; delays are multiples of 1/12. The same for the same seed
 // everywhere.
