@@ -70,6 +70,11 @@ TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
   EXPECT_THAT(place.read("run.vcd"), HasSubstr("$enddefinitions"));
 }
 
+TEST_F(Tpn, PictureInTheReadmeIsTheOneThatIsDrawn) {
+  ASSERT_EQ(tpn({"check", "fischer-swapped", "violation", "--svg", "run.svg"}).status, 10);
+  EXPECT_EQ(place.read("run.svg") == contents(tree / "docs/run.svg"), true);
+}
+
 TEST_F(Tpn, CheckWithoutRunExitsWith20) {
   const Outcome outcome = tpn({"check", "fischer", "violation", "--max-bound", "15"});
   EXPECT_EQ(outcome.status, 20);
