@@ -81,7 +81,7 @@ void definitions(benchmark::State& state) {
   const int root = build(static_cast<int>(state.range(0)));
   while (state.KeepRunning()) {
     ClauseSet set;
-    set.insertDefinitions(root);
+    set.insertDefinitions(root, BoolForm::tv);
     set.forEach([](const Clause& c) { benchmark::DoNotOptimize(c.third); });
   }
 }

@@ -23,14 +23,10 @@
 #include <stdexcept>
 #include <vector>
 
+#include "boolform/node.hpp"
 #include "boolform/nodeindex.hpp"
 
 class ClauseSet;
-
-enum BoolOp : int { bfCon = 1, bfEqu = 2 };
-
-// Every variable number lies below this, every node number above.
-constexpr int varNrLimit = 1000000;
 
 // Thrown where a formula needs more nodes than a signed 32-bit number can name.
 struct NodeNumbersExhausted : std::length_error {
