@@ -19,9 +19,7 @@ constexpr int nodesPerVariable = 10;
 // A new formula store with `count` nodes, each an operand of the next; the other operand is a
 // recent node or variable. Returns the last.
 int build(int count) {
-  BoolForm::tv.clear();
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
+  BoolForm::emptyStore();
   std::mt19937 random(1);
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   BoolForm last(1);

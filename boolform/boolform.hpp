@@ -14,7 +14,7 @@
 // never built inside one argument list (C++ leaves the order of arguments open) but as named
 // locals, in the order that counts. That rule holds in every folder.
 //
-// The store grows until the process ends: a number, once given, stays valid. One thread only.
+// The store grows until it is emptied: a number, once given, stays valid until then. One thread only.
 
 #pragma once
 
@@ -81,6 +81,10 @@ class BoolForm {
   // lastRepeat is false.
   static bool lastRepeat(const Distance& distance);
   static void repeatLast(const Distance& distance, int times);
+
+  // Gives all nodes and their memory back: of the formulas built before, only constants and literals
+  // stay valid.
+  static void emptyStore();
 
   static constexpr int falseNr = 0;
   static constexpr int trueNr = std::numeric_limits<int>::min();

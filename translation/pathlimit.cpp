@@ -22,15 +22,9 @@ std::string refusalText(int k, const std::string& needs, const std::string& abou
   return start + "the largest path length that fits is " + about + std::to_string(largest);
 }
 
-void emptyStore() {
-  std::vector<Triple>().swap(BoolForm::tv);  // gives the memory back
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
-}
-
 // The nodes of a whole run with path length k, counted in an empty store.
 std::int64_t nodesFor(const NetTimedModel& model, int k) {
-  emptyStore();
+  BoolForm::emptyStore();
   EctlTransl translator(model, k);
   const BoolForm path = translator.symbPath();
   const BoolForm property = translator.inSomeState(*model.formula);
@@ -72,7 +66,7 @@ void refuseTooManyNodes(const NetTimedModel& model, int k) {
 }
 
 void refuseOutOfMemory(const NetTimedModel& model, int k) {
-  emptyStore();
+  BoolForm::emptyStore();
   const std::int64_t bytes = largestBlock();
   const int largest = std::min(k - 1, largestLengthWithin(model, bytes / peakBytesPerNode));
   const std::string needs = "more memory than the " + std::to_string(bytes >> 20);
@@ -102,6 +96,6 @@ int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
     if (count.back() > nodes) break;
     largest = j;
   }
-  emptyStore();
+  BoolForm::emptyStore();
   return largest;
 }
