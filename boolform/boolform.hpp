@@ -14,7 +14,8 @@
 // never built inside one argument list (C++ leaves the order of arguments open) but as named
 // locals, in the order that counts. That rule holds in every folder.
 //
-// The store grows until it is emptied: a number, once given, stays valid until then. One thread only.
+// The store grows until it is emptied: a number, once given, stays valid until then. One thread
+// only.
 
 #pragma once
 
@@ -82,8 +83,8 @@ class BoolForm {
   static bool lastRepeat(const Distance& distance);
   static void repeatLast(const Distance& distance, int times);
 
-  // Gives all nodes and their memory back: of the formulas built before, only constants and literals
-  // stay valid.
+  // Gives all nodes and their memory back: of the formulas built before, only constants and
+  // literals stay valid.
   static void emptyStore();
 
   static constexpr int falseNr = 0;

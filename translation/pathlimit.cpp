@@ -12,8 +12,9 @@ namespace {
 
 constexpr std::int64_t mostVariables = varNrLimit - 1;
 
-// At the peak, when the two-literal clauses are ordered: a node's key and mark, two clauses of 12
-// bytes, two counters, and what is reserved beyond that.
+// At the peak, when the clauses are ordered, a conjunction takes 45 bytes: its key and mark, 16 for
+// what the buckets hold of its clauses, and 16 for where its own buckets begin. Some is reserved
+// beyond that.
 constexpr std::int64_t peakBytesPerNode = 48;
 
 std::string refusalText(int k, const std::string& needs, const std::string& about, int largest) {

@@ -170,7 +170,8 @@ TEST_F(DefinitionsDeathTest, OperandsAreAsTheConstructorsLeaveThem) {
   const BoolForm negated(lit(-4), lit(5), bfEqu);
   const BoolForm descending(lit(5), lit(4), bfEqu);
   Definitions definitions;
-  EXPECT_DEATH(definitions.add(same.nr, BoolForm::tv), failedAssertion("std::abs(l) != std::abs(r)"));
+  EXPECT_DEATH(definitions.add(same.nr, BoolForm::tv),
+               failedAssertion("std::abs(l) != std::abs(r)"));
   EXPECT_DEATH(definitions.add(negated.nr, BoolForm::tv), failedAssertion("0 < l && l < r"));
   EXPECT_DEATH(definitions.add(descending.nr, BoolForm::tv), failedAssertion("0 < l && l < r"));
 }
