@@ -1,6 +1,9 @@
 // The command line of tpn: a row a subcommand, and how the program ends.
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -17,6 +20,18 @@ using namespace tpn;
 // As the help lists them.
 constexpr const Subcommand* subcommands[] = {&lintCommand, &showCommand, &checkCommand,
                                              &traceCommand, &runCommand};
+
+constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
+
+// The command line's library makes its validators before main, where nothing catches what they
+// throw.
+[[gnu::constructor(101)]] void watchMemoryBeforeMain() {
+  std::set_new_handler([] {
+    const ssize_t ignored = write(STDERR_FILENO, noMemory, std::strlen(noMemory));
+    (void)ignored;
+    _exit(failed);
+  });
+}
 
 constexpr const char* version = "tpn " ZERVAN_VERSION;
 
@@ -60,10 +75,11 @@ void complain(const char* what) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::set_new_handler(nullptr);
   try {
     return command(argc, argv);
   } catch (const std::bad_alloc&) {
-    std::fputs("tpn: this needs more memory than there is\n", stderr);
+    std::fputs(noMemory, stderr);
   } catch (const std::exception& e) {
     complain(e.what());
   }

@@ -26,7 +26,7 @@ constexpr View table[] = {{"plain", "txt", Place::usual, "as usual"},
 struct Chosen {
   explicit Chosen(const std::vector<std::string>& words) {
     choice.declare(app);
-    app.parse({words.rbegin(), words.rend()});
+    app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
   }
 
   CLI::App app;
