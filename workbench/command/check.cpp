@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cmath>
 #include <csignal>
@@ -102,9 +103,10 @@ Verdict searched(const Inputs& q, const CheckOptions& options) {
 
 // kK.cnf and its like: what is kept of a bound.
 bool isKept(std::string_view name) {
-  const std::size_t digits = name.find_first_not_of("0123456789", 1);
-  return name.starts_with('k') && digits > 1 && digits != std::string_view::npos &&
-         name[digits] == '.';
+  const std::size_t suffix = name.find_first_not_of("0123456789", 1);
+  if (!name.starts_with('k') || suffix < 2 || suffix == std::string_view::npos) return false;
+  constexpr std::array<std::string_view, 5> kept{".cnf", ".lck", ".out", ".err", ".result"};
+  return std::find(kept.begin(), kept.end(), name.substr(suffix)) != kept.end();
 }
 
 FilePlan planOf(const Arguments& a) {

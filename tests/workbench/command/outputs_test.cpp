@@ -88,10 +88,13 @@ TEST_F(Outputs, WalkByHandGoesOnWhereAFileIsRefused) {
 
 TEST_F(Outputs, KeptFilesAreOutputsToo) {
   place.makeFolder("kept");
-  fs::copy(place.folder() / "handshake.tpn", place.folder() / "kept/k1.net");
-  refused({"check", "kept/k1.net", "busy", "--keep", "kept"}, "the input kept/k1.net");
+  fs::copy(place.folder() / "handshake.tpn", place.folder() / "kept/k1.cnf");
+  refused({"check", "kept/k1.cnf", "busy", "--keep", "kept"}, "the input kept/k1.cnf");
   refused({"check", "handshake", "busy", "--keep", "kept", "--svg", "kept/k5.cnf"},
           "one of the files kept in kept");
+  fs::remove(place.folder() / "kept/k1.cnf");
+  fs::copy(place.folder() / "handshake.tpn", place.folder() / "kept/k1.tpn");  // a name like theirs
+  EXPECT_EQ(tpn({"check", "kept/k1", "busy", "--keep", "kept", "--svg", "kept/k1.svg"}).status, 10);
 }
 
 TEST_F(Outputs, StandardOutputAndDevicesTakeAnything) {
