@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "tests/workbench/views/viewruns.hpp"
 
