@@ -11,6 +11,7 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/command/viewchoice.hpp"
 #include "workbench/walking/walk.hpp"
+#include "workbench/walking/walkcommands.hpp"
 
 namespace tpn {
 

@@ -14,44 +14,14 @@
 #include <vector>
 
 #include "workbench/views/views.hpp"
+#include "workbench/walking/walkcommands.hpp"
 
 namespace tpn {
 
 namespace {
 
-using Words = std::vector<std::string>;
-
-// Of the views' names and a file.
-std::string viewCommands() {
-  std::string names;
-  for (const RunView& view : runViews())
-    names += (names.empty() ? "" : "|") + (view.name + std::string());
-  names += " [FILE]";
-  names.resize(std::max<std::size_t>(names.size(), 24), ' ');
-  return names;
-}
-
-std::string helpText() {
-  return "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as "
-         "soon\n"
-         "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
-         "undo [COUNT]              take back the last step, or as many\n"
-         "show                      the state and what can fire\n" +
-         viewCommands() +
-         "  the run so far, here or into a file\n"
-         "help                      this\n"
-         "quit                      end\n";
-}
-
 std::string plural(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-Words words(const std::string& line) {
-  std::istringstream in(line.substr(0, line.find('#')));
-  Words result;
-  for (std::string word; in >> word;) result.push_back(word);
-  return result;
 }
 
 bool isNumber(const std::string& word) {
@@ -66,16 +36,6 @@ std::size_t value(const std::string& digits) {
 }
 
 // --- Views. ---
-
-// All after the first word: names of files may have blanks, and a #.
-std::string fileIn(const std::string& line) {
-  std::istringstream in(line);
-  std::string file;
-  in >> file;
-  file.clear();
-  std::getline(in >> std::ws, file);
-  return file.substr(0, file.find_last_not_of(" \t\r") + 1);
-}
 
 // What went wrong, or empty.
 std::string written(const std::string& file, const std::string& text) {
@@ -131,14 +91,14 @@ void showTransitions(const Network& net, const TimedState& state, std::ostream& 
 
 class Session {
  public:
-  Session(const Network& net, std::ostream& out, Refusal refusal = nullptr)
-      : net_(net), out_(out), refusal_(std::move(refusal)), past_(unmoved(net)) {}
+  Session(const Network& net, std::ostream& out, FileVeto veto = nullptr)
+      : net_(net), out_(out), veto_(std::move(veto)), past_(unmoved(net)) {}
 
   // Does what the line says; what is wrong with it, or empty. Then `changed` tells whether the
   // state is another, `ended` whether this was the last command.
   std::string perform(const std::string& line) {
     changed = false;
-    const Words command = words(line);
+    const Words command = commandWords(line);
     if (command.empty()) return "";
     const std::string& verb = command.front();
     if (isNumber(verb)) return fire(command);
@@ -225,7 +185,7 @@ class Session {
 
   std::string print(const RunView& view, const std::string& file) {
     try {
-      const std::string refused = refusal_ && !file.empty() ? refusal_(file) : "";
+      const std::string refused = veto_ && !file.empty() ? veto_(file) : "";
       if (!refused.empty()) return refused;
       const std::string text = view.print(net_, anything(), run());
       if (!file.empty()) return written(file, text);
@@ -238,7 +198,7 @@ class Session {
 
   const Network& net_;
   std::ostream& out_;
-  Refusal refusal_;  // may be none
+  FileVeto veto_;  // may be none
   std::vector<Step> steps_;
   Replay past_;  // of these steps
 };
@@ -260,20 +220,8 @@ std::string stuck(const Network& net, const TimedState& state) {
 
 Property anything() { return {"T", {{PropertyItem::truth, 0}}}; }
 
-std::vector<std::string> filesWritten(std::istream& script) {
-  std::vector<std::string> files;
-  for (std::string line; std::getline(script, line);) {
-    const Words command = words(line);
-    if (command.empty()) continue;
-    if (command.front() == "quit") break;
-    if (runViewCalled(command.front()) == nullptr) continue;
-    if (const std::string file = fileIn(line); !file.empty()) files.push_back(file);
-  }
-  return files;
-}
-
-Walked walk(const Network& net, std::istream& in, std::ostream& out, const Refusal& refusal) {
-  Session session(net, out, refusal);
+Walked walk(const Network& net, std::istream& in, std::ostream& out, const FileVeto& veto) {
+  Session session(net, out, veto);
   session.show();
   while (!session.ended) {
     out << "> " << std::flush;
