@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "workbench/runs/replay.hpp"
+#include "workbench/runs/schedule.hpp"
+
 namespace tpn {
 
 namespace {

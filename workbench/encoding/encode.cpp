@@ -11,17 +11,7 @@ namespace {
 
 using Number = NetTimedModel::Number;
 
-// Twice the constant and 2 more is counted in 31 bits.
-constexpr std::int64_t mostConstant = (std::int64_t{1} << 30) - 2;
-
 Number stored(std::int64_t n) { return static_cast<Number>(n); }
-
-std::int64_t largestLatest(const Network& net) {
-  std::int64_t largest = 0;
-  for (const Transition& t : net.transitions)
-    largest = std::max(largest, t.interval.latest.value_or(0));
-  return largest;
-}
 
 void addTransition(const Network& net, std::size_t t, Layout layout, NetTimedModel& model) {
   const Transition& transition = net.transitions[t];

@@ -9,7 +9,7 @@
 
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 

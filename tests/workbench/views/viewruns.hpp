@@ -14,6 +14,7 @@
 #include "workbench/network/strictread.hpp"
 #include "workbench/runs/run.hpp"
 #include "workbench/views/views.hpp"
+#include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
 
 namespace tpn {
