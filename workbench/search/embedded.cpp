@@ -76,7 +76,6 @@ class EmbeddedCheck {
                 Watch& watch)
       : net_(net), property_(property), options_(options), watch_(watch) {
     if (!options.keep.empty()) questions_.emplace(options.keep);
-    encode(net, property, Layout::workbench, model_);
     model_.checkpoint = checkpoint_;
     solver_.set("quiet", 1);  // it would print a comment on standard output now and then
     solver_.connect_terminator(&observer_);
@@ -91,6 +90,7 @@ class EmbeddedCheck {
 
   Verdict run() {
     try {
+      encode(net_, property_, Layout::workbench, model_, checkpoint_);
       return ask();
     } catch (const Interrupted&) {
       return unknown(watch_.reason());
