@@ -9,6 +9,7 @@
 #include "tests/endtoend/explorer.hpp"
 #include "tests/endtoend/generator.hpp"
 #include "tests/endtoend/network.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/search/check.hpp"
 

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/search/check.hpp"
 #include "workbench/solvers/answer.hpp"

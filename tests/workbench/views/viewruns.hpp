@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/runs/run.hpp"
 #include "workbench/views/views.hpp"
