@@ -4,8 +4,8 @@
 
 #include <chrono>
 
-#include "tests/workbench/search/explored.hpp"
 #include "tests/workbench/network/bignets.hpp"
+#include "tests/workbench/search/explored.hpp"
 #include "workbench/encoding/encode.hpp"
 #include "workbench/encoding/statelength.hpp"
 

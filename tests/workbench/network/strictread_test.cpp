@@ -18,6 +18,7 @@
 namespace {
 
 using namespace std::string_view_literals;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 // --- Values. ---

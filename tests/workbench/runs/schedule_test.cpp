@@ -9,6 +9,7 @@
 
 #include "tests/workbench/network/smallnets.hpp"
 #include "tests/workbench/runs/gridmodel.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
 

@@ -11,6 +11,7 @@
 #include "tests/endtoend/network.hpp"
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/search/check.hpp"
 
 struct Explored {
