@@ -50,6 +50,14 @@ class TpnFaults : public Tpn {
     EXPECT_GT(outcome.err.size(), 12U);
   }
 
+  // Unless the one call that failed was that of the removal.
+  void expectNothingTemporary(const FaultedRun& run) const {
+    const fs::path folder = place.folder() / "tmp";
+    const bool removing = run.hit.starts_with("openat " + folder.string());
+    EXPECT_TRUE(removing || fs::is_empty(folder));
+    for (const auto& entry : fs::directory_iterator(folder)) fs::remove_all(entry);
+  }
+
   // A check that was cut short says what it knows.
   static bool isUnknown(const Outcome& outcome) {
     return outcome.status == 0 && outcome.out.starts_with("unknown: ");
@@ -71,7 +79,7 @@ class TpnFaults : public Tpn {
                      outcome.err);
         EXPECT_FALSE(outcome.timedOut);
         EXPECT_EQ(outcome.signal, 0);
-        EXPECT_TRUE(fs::is_empty(place.folder() / "tmp"));
+        expectNothingTemporary(run);
         const auto left = written();
         if (outcome.status == right.status) {
           EXPECT_EQ(outcome.out, right.out);
