@@ -12,10 +12,10 @@ namespace {
 
 constexpr std::int64_t mostVariables = varNrLimit - 1;
 
-// At the peak, when the clauses are ordered, a conjunction takes 45 bytes: its key and mark, 16 for
-// what the buckets hold of its clauses, and 16 for where its own buckets begin. Some is reserved
-// beyond that.
-constexpr std::int64_t peakBytesPerNode = 48;
+// At the peak, when the clauses are ordered, a conjunction takes 45 bytes and an equivalence 61:
+// its key and mark, 16 or 32 for what the buckets hold of its clauses, and 16 for where its own
+// buckets begin.
+constexpr std::int64_t peakBytesPerNode = 64;
 
 std::string refusalText(int k, const std::string& needs, const std::string& about, int largest) {
   const std::string start = "path length " + std::to_string(k) + " needs " + needs + "; ";

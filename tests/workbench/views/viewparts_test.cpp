@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/workbench/views/viewruns.hpp"
 #include "workbench/views/svgelements.hpp"
 
@@ -34,20 +36,29 @@ TEST(ViewParts, ForeignTextIsEscapedForXml) {
   EXPECT_EQ(hint("&"), "<title>&amp;</title>\n");
 }
 
-// Every move is a part of its own process, and the partners are all others.
+// Every move is a part of its own process.
 TEST(ViewParts, PartsAreTheMovesOfAProcess) {
   const Network net = twoProcesses();
+  const std::vector<Parts> parts = partsByProcess(net);
+  ASSERT_EQ(parts.size(), net.processes.size());
   std::size_t moves = 0;
-  for (std::size_t p = 0; p < net.processes.size(); ++p)
-    for (const Part& part : partsOf(net, p)) {
-      const Transition& t = net.transitions[part.transition];
-      EXPECT_EQ(partners(t, p).size() + 1, t.moves.size());
-      EXPECT_EQ(isShared(t), t.moves.size() > 1);
+  for (std::size_t p = 0; p < parts.size(); ++p)
+    for (const auto& [transition, source, target] : parts[p]) {
+      const std::vector<Move>& all = net.transitions[transition].moves;
+      const Move move{p, source, target};
+      EXPECT_EQ(std::count(all.begin(), all.end(), move), 1);
       ++moves;
     }
   std::size_t expected = 0;
   for (const Transition& t : net.transitions) expected += t.moves.size();
   EXPECT_EQ(moves, expected);
+}
+
+TEST(ViewParts, PartnersAreAllOtherProcessesOfATransition) {
+  Transition t;
+  for (const std::size_t p : {1U, 3U, 4U, 7U}) t.moves.push_back({p, 0, 1});
+  EXPECT_EQ(partners(t, 3, 8), "2, 5, 8");
+  EXPECT_TRUE(isShared(t));
 }
 
 TEST(ViewParts, OnlyTheInitialLocationIsGrey) {
