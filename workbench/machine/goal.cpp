@@ -96,8 +96,7 @@ class DeadEnds {
   std::vector<int> allAtLeast(const Machine::Transition& t, std::int64_t least) const {
     std::vector<int> result;
     if (least == 0) return result;
-    for (const Machine::Move& move : t.moves)
-      result.push_back(layout_.clock(move.process, static_cast<int>(least)));
+    for (const Machine::Move& move : t.moves) result.push_back(layout_.clock(move.process, least));
     return result;
   }
   static std::vector<int> joined(int first, std::vector<int> rest) {

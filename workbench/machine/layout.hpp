@@ -1,7 +1,7 @@
 // The variables of one state of the machine, and what is true of every state.
 //
 // Locations are one-hot: a variable for each location of each process. Clocks are in unary code: a
-// variable for "the clock of p is at least c", c = 1 .. width of p. A state's variables are
+// variable for "the clock of p is at least c", c = 1, 2, ... A state's variables are
 // numbered 1 .. size; state i's stand at a base of its own, so that its literals are offset
 // arithmetic: `shifted`. Clauses about one state are kept once, and added wherever they are needed.
 
@@ -25,28 +25,41 @@ void addAt(Solver& solver, const Clauses& clauses, int base);
 
 class StateLayout {
  public:
-  // What a clock reaches beyond its cap: 0 for states between unit delays; 1 where a clock past the
-  // deadline has to be told from one that is at it, after a delay of any length.
-  enum class Clocks { capped, pastCap };
+  // Between unit delays: clocks from 0 to the cap of their process, each value.
+  static StateLayout capped(const Machine& machine);  // asserts fits()
 
-  // Asserts fits().
-  StateLayout(const Machine& machine, Clocks clocks);
+  // After a delay of any length a clock past a deadline has to be told from one that is at it:
+  // clocks from 0 to the reach of their process. Where that is beyond `limit`, only the values that
+  // something compares the clock with.
+  static StateLayout delayed(const Machine& machine, std::int64_t limit);
 
   int size() const { return size_; }  // variables 1 .. size
   int location(std::size_t process, std::size_t rank) const {
-    return locations_[process] + static_cast<int>(rank);
+    return processes_[process].location + static_cast<int>(rank);
   }
-  // The clock of the process is at least `least`, 1 <= least <= width(process).
-  int clock(std::size_t process, int least) const { return clocks_[process] + least - 1; }
-  int width(std::size_t process) const { return widths_[process]; }
+  // The clock of the process is at least `least`, which is one of its values.
+  int clock(std::size_t process, std::int64_t least) const;
+  // The values c >= 1 that the layout has "at least c" for, ascending, by their index.
+  int width(std::size_t process) const { return processes_[process].width; }
+  bool dense(std::size_t process) const {
+    return processes_[process].sparse.empty();
+  }  // all 1 .. width
+  std::int64_t value(std::size_t process, int index) const;
+  int clockAt(std::size_t process, int index) const { return processes_[process].clock + index; }
 
   // Are clocks in unary code narrow enough to be named at all?
   static bool fits(const Machine& machine);
 
  private:
-  std::vector<int> locations_;  // [process]: the first variable
-  std::vector<int> clocks_;
-  std::vector<int> widths_;
+  struct Process {
+    int location = 0;  // the first variable
+    int clock = 0;
+    int width = 0;
+    std::vector<std::int64_t> sparse;  // the values where they are not 1 .. width
+  };
+  void add(const Machine::Process& process, std::int64_t width, std::vector<std::int64_t> sparse);
+
+  std::vector<Process> processes_;
   int size_ = 0;
 };
 
@@ -54,9 +67,9 @@ class StateLayout {
 Clauses oneLocation(const Machine& machine, const StateLayout& layout);
 // At least c + 1 is at least c.
 Clauses clockOrder(const Machine& machine, const StateLayout& layout);
-// No clock is past the cap of its location; for Clocks::capped.
+// No clock is past the cap of its location; for capped layouts.
 Clauses clockCaps(const Machine& machine, const StateLayout& layout);
-// All three.
+// All three, for capped layouts.
 Clauses facts(const Machine& machine, const StateLayout& layout);
 
 // Literals that say: the initial state.

@@ -49,8 +49,8 @@ void enter(Machine& machine) {
     Machine::Location& source = process.locations[move.source];
     source.leaving.push_back(index);
     source.cap = std::max({source.cap, t.earliest, t.latest.value_or(0)});
-    if (t.latest) source.timeless = false;
     process.cap = std::max(process.cap, source.cap);
+    process.reach = std::max({process.reach, t.earliest, t.latest ? *t.latest + 1 : 0});
   }
 }
 

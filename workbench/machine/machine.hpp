@@ -37,7 +37,6 @@ struct Machine {
   struct Location {
     int number = 0;                     // as in the file
     std::int64_t cap = 0;               // units; of the clock while the process is here
-    bool timeless = true;               // no transition out of here has a deadline
     std::vector<std::size_t> leaving;   // transitions with a move from here, staying ones as well
     std::vector<std::size_t> entering;  // transitions with a move to here, staying ones as well
   };
@@ -45,6 +44,7 @@ struct Machine {
     std::vector<Location> locations;     // [rank]
     std::size_t initial = 0;             // rank
     std::int64_t cap = 0;                // largest of its locations
+    std::int64_t reach = 0;              // largest earliest time or latest time + 1 that reads it
     std::vector<std::size_t> movers;     // transitions that have it, ascending
     std::size_t rank(int number) const;  // asserts that there is such a location
   };

@@ -48,14 +48,22 @@ TEST(Machine, CapsAClockAtWhatItsLocationReads) {
   EXPECT_EQ(widestClock(machine), 3);
 }
 
+TEST(Machine, KnowsHowFarAClockIsRead) {
+  Network net = gaps();
+  const Machine machine = makeMachine(net);
+  EXPECT_EQ(machine.processes[0].reach, 3);  // 9 / 3, and one past 6 / 3
+  EXPECT_EQ(machine.processes[1].reach, 3);
+  net.transitions = {transition(0, 0, {{1, 0, 0}})};
+  EXPECT_EQ(makeMachine(net).processes[0].reach, 0);
+  EXPECT_EQ(makeMachine(net).processes[1].reach, 1);
+}
+
 TEST(Machine, KnowsWhatLeavesAndEnters) {
   const Machine machine = makeMachine(gaps());
   const auto& locations = machine.processes[0].locations;
   EXPECT_EQ(locations[1].entering, (std::vector<std::size_t>{0, 1}));
   EXPECT_EQ(locations[1].leaving, (std::vector<std::size_t>{1}));
   EXPECT_EQ(machine.processes[0].movers, (std::vector<std::size_t>{0, 1, 2}));
-  EXPECT_TRUE(locations[1].timeless);
-  EXPECT_FALSE(locations[2].timeless);
 }
 
 TEST(Machine, FindsTransitionsThatNeverFire) {
