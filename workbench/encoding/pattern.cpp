@@ -56,10 +56,4 @@ std::vector<bool> Pattern::evaluate(const std::vector<bool>& values) const {
   return result;
 }
 
-void emptyStore() {
-  std::vector<Triple>().swap(BoolForm::tv);
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
-}
-
 }  // namespace tpn

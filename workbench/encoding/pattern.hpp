@@ -32,7 +32,4 @@ struct Pattern {
   std::vector<bool> evaluate(const std::vector<bool>& values) const;
 };
 
-// Gives back the memory of the process-wide store. No formula built before is valid any more.
-void emptyStore();
-
 }  // namespace tpn

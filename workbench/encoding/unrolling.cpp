@@ -26,7 +26,7 @@ Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver)
     : solver_(solver),
       stateLength_(static_cast<int>(model.getSymStateLen())),
       firstFraction_(model.totalNrVertBits + (model.nrOfClocks + 1) * model.intPLen) {
-  emptyStore();
+  BoolForm::emptyStore();
   const int variables = statesInPattern * stateLength_;
   assert(variables < varNrLimit);
   const SymState begin = wholeState(model, 0);
@@ -40,7 +40,7 @@ Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver)
   const BoolForm property = EctlTransl(model, statesInPattern).transl(*model.formula, 3);
   patterns_.emplace_back(variables, std::vector<BoolForm>{initial, time, action, property});
   patterns_.emplace_back(variables, std::vector<BoolForm>{adjust, time, action, property});
-  emptyStore();
+  BoolForm::emptyStore();
   yes_ = static_cast<int>(++variables_);
   add(yes_);
 }
@@ -72,16 +72,7 @@ void Unrolling::define(const Pattern::Node& node) {
   const int r = literal(node.right);
   const int n = static_cast<int>(++variables_);
   instance_.push_back(n);
-  if (node.op == bfCon) {
-    add(-n, l);
-    add(-n, r);
-    add(-l, -r, n);
-  } else {
-    add(-n, -l, r);
-    add(-n, -r, l);
-    add(l, r, n);
-    add(-l, -r, n);
-  }
+  ::define(node.op, l, r, n, [this](int a, int b, int c) { add(a, b, c); });
 }
 
 int Unrolling::extend() {

@@ -7,6 +7,7 @@
 #include <map>
 #include <tuple>
 
+#include "workbench/base/printable.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -17,7 +18,7 @@ namespace {
 // Graphviz reads escapes and, in labels, entities.
 std::string quoted(const std::string& text) {
   std::string result = "\"";
-  for (const char c : cleanUtf8(text)) {
+  for (const char c : printable(text)) {
     if (c == '"' || c == '\\') result += '\\';
     result += c;
     if (c == '&') result += "amp;";
@@ -50,21 +51,21 @@ struct Arrow {
     return std::tie(a.source, a.target, a.shared) < std::tie(b.source, b.target, b.shared);
   }
 };
-struct Line {
+struct Caption {
   std::string words;                 // without the numbers
   std::vector<std::string> numbers;  // of the transitions
 };
-using Lines = std::vector<Line>;
+using Captions = std::vector<Caption>;
 
-std::map<Arrow, Lines> arrowsOf(const Network& net, std::size_t process) {
-  std::map<Arrow, Lines> arrows;
+std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process) {
+  std::map<Arrow, Captions> arrows;
   for (const Part& part : partsOf(net, process)) {
     const Transition& t = net.transitions[part.transition];
     std::string rest = text(t.interval);
     if (isShared(t)) rest += " with " + shortened(partners(t, process), ", ", 6);
-    Lines& lines = arrows[{part.source, part.target, isShared(t)}];
+    Captions& lines = arrows[{part.source, part.target, isShared(t)}];
     auto line = std::find_if(lines.begin(), lines.end(),
-                             [&](const Line& other) { return other.words == rest; });
+                             [&](const Caption& other) { return other.words == rest; });
     if (line == lines.end()) line = lines.insert(line, {rest, {}});
     line->numbers.push_back(std::to_string(number(part.transition)));
   }
@@ -73,10 +74,10 @@ std::map<Arrow, Lines> arrowsOf(const Network& net, std::size_t process) {
 
 // The words of an arrow are a node in its middle: so they stay clear of everything else, and two
 // arrows in opposite directions stay two. Black where processes share them, as in pictures of runs.
-std::string arrowDot(std::size_t process, const Arrow& arrow, const Lines& lines) {
+std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& lines) {
   constexpr std::size_t mostLines = 12;
   std::vector<std::string> words;
-  for (const Line& line : lines)
+  for (const Caption& line : lines)
     words.push_back(shortened(line.numbers, ", ", 8) + "  " + line.words);
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);

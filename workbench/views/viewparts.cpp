@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cassert>
-#include <cstdint>
+#include <iterator>
+
+#include "workbench/base/printable.hpp"
 
 namespace tpn {
 
@@ -53,8 +55,8 @@ std::string text(const Interval& interval) {
 
 std::string shortProperty(const Property& property) {
   constexpr std::size_t longest = 48;
-  if (property.text.size() <= longest) return property.text;
-  return property.text.substr(0, longest - 3) + "...";
+  if (property.text.size() <= longest) return printable(property.text);
+  return printable(property.text.substr(0, longest - 3)) + "...";
 }
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator) {
@@ -71,54 +73,9 @@ std::string shortened(const std::vector<std::string>& items, const std::string& 
          std::to_string(items.size() - limit + 1) + " more";
 }
 
-namespace {
-
-// The length of the UTF-8 character at `at`; 0 where there is none: a stray or missing byte, a
-// longer form than needed, a surrogate, a number beyond the last.
-std::size_t characterLength(const std::string& text, std::size_t at) {
-  const auto byte = [&](std::size_t i) {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : std::uint32_t{0};
-  };
-  const std::uint32_t first = byte(at);
-  if (first < 0x80) return 1;
-  const std::size_t length = first < 0xc2 ? 0 : first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
-  if (length == 0 || first > 0xf4) return 0;
-  std::uint32_t code = first & (0x7fU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(at + i) & 0xc0U) != 0x80) return 0;
-    code = (code << 6U) | (byte(at + i) & 0x3fU);
-  }
-  constexpr std::array<std::uint32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = code >= 0xd800 && code < 0xe000;
-  const bool noncharacter = code == 0xfffe || code == 0xffff;  // XML takes neither
-  return code < smallest[length] || code > 0x10ffff || surrogate || noncharacter ? 0 : length;
-}
-
-bool isControl(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte < 0x20 || byte == 0x7f;
-}
-
-}  // namespace
-
-std::string cleanUtf8(const std::string& text) {
-  std::string clean;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = characterLength(text, at);
-    if (length == 0 || isControl(text[at])) {
-      clean += "\xef\xbf\xbd";
-      ++at;
-    } else {
-      clean += text.substr(at, length);
-      at += length;
-    }
-  }
-  return clean;
-}
-
 std::string xmlText(const std::string& text) {
   std::string escaped;
-  for (const char c : cleanUtf8(text)) {
+  for (const char c : printable(text)) {
     switch (c) {
       case '&':
         escaped += "&amp;";

@@ -35,7 +35,7 @@ std::vector<std::string> partners(const Transition& t, std::size_t process);  //
 const std::set<int>& labelsAt(const Process& process, int location);
 
 std::string text(const Interval& interval);           // "[1, 3]", "[2, inf)"
-std::string shortProperty(const Property& property);  // shortened where it is long
+std::string shortProperty(const Property& property);  // printable; cut where it is long
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator);
 
@@ -43,11 +43,7 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit);
 
-// The text with every byte that is no UTF-8, and every control character, replaced by U+FFFD: a
-// title may hold anything.
-std::string cleanUtf8(const std::string& text);
-
-std::string xmlText(const std::string& text);  // clean, and escaped for XML text and attributes
+std::string xmlText(const std::string& text);  // printable, and escaped for XML text and attributes
 
 // Of a location, in all pictures. They stay apart for colour-blind eyes too, and the number stands
 // with them; grey is kept for the initial location.

@@ -74,7 +74,7 @@ TEST(Encode, WritesPropertiesAsTheCoreReadsThem) {
 
 // A pattern's values against the formula's, by enumeration.
 TEST(Pattern, MeansWhatItsFormulasMean) {
-  tpn::emptyStore();
+  BoolForm::emptyStore();
   const BoolForm a(1);
   const BoolForm b(2);
   const BoolForm c(3);
@@ -83,7 +83,7 @@ TEST(Pattern, MeansWhatItsFormulasMean) {
   const BoolForm same = equ(neg(both), c);
   const BoolForm any = dis(same, neg(a));
   const tpn::Pattern pattern(3, {any, neg(both), BoolForm(true), BoolForm(false), neg(c), unused});
-  tpn::emptyStore();
+  BoolForm::emptyStore();
   for (int bits = 0; bits < 8; ++bits) {
     const bool x = (bits & 1) != 0;
     const bool y = (bits & 2) != 0;
@@ -94,11 +94,11 @@ TEST(Pattern, MeansWhatItsFormulasMean) {
 }
 
 TEST(Pattern, HasNoNodesButThoseOfItsFormulas) {
-  tpn::emptyStore();
+  BoolForm::emptyStore();
   const BoolForm first = con(BoolForm(1), BoolForm(2));
   con(BoolForm(1), BoolForm(3));
   EXPECT_EQ(tpn::Pattern(3, {first}).nodes.size(), 1U);
-  tpn::emptyStore();
+  BoolForm::emptyStore();
 }
 
 }  // namespace

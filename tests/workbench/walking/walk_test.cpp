@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 
@@ -207,7 +208,7 @@ TEST(WalkViews, ArePrintedOfTheRunSoFar) {
   const auto expected = [&](const char* view) { return session(commands + view).out; };
   const std::string before = session(commands + "quit\n").out;
   EXPECT_EQ(expected("text\nquit\n"), before + runText(net, anything(), run) + "> ");
-  EXPECT_EQ(expected("json\nquit\n"), before + runJson(net, anything(), run) + "> ");
+  EXPECT_EQ(expected("json\nquit\n"), before + tpn::jsonText(runJson(net, anything(), run)) + "> ");
   EXPECT_EQ(expected("vcd\nquit\n"), before + runVcd(net, anything(), run) + "> ");
   EXPECT_EQ(expected("svg\nquit\n"), before + runSvg(net, anything(), run) + "> ");
 }

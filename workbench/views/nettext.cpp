@@ -1,8 +1,8 @@
-// A network for reading and for programs.
+// A network for reading: sizes, what the encoding makes of them, then process by process.
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
+#include "workbench/base/printable.hpp"
 #include "workbench/encoding/statelength.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
@@ -10,8 +10,6 @@
 namespace tpn {
 
 namespace {
-
-// --- Text. ---
 
 std::string counted(std::size_t count, const std::string& thing) {
   return std::to_string(count) + " " + thing + (count == 1 ? "" : thing == "process" ? "es" : "s");
@@ -86,60 +84,12 @@ std::string processText(const Network& net, std::size_t index) {
   return lines;
 }
 
-// --- JSON. ---
-
-using Json = nlohmann::ordered_json;
-
-Json orNull(const std::optional<std::int64_t>& value) { return value ? Json(*value) : Json(); }
-
-Json transitionJson(const Transition& t, std::size_t index) {
-  Json moves = Json::array();
-  for (const Move& move : t.moves)
-    moves.push_back(
-        {{"process", number(move.process)}, {"from", move.source}, {"to", move.target}});
-  return {{"number", number(index)},
-          {"earliest", t.interval.earliest},
-          {"latest", orNull(t.interval.latest)},
-          {"moves", moves}};
-}
-
-Json processJson(const Process& process, std::size_t index) {
-  Json locations = Json::array();
-  for (const int location : process.locations)
-    locations.push_back({{"number", location}, {"propositions", labelsAt(process, location)}});
-  return {{"number", number(index)}, {"locations", locations}};
-}
-
-Json encodingJson(const Network& net) {
-  const StateLength length = stateLength(net);
-  return {{"stateVariables", length.variables},
-          {"locationBits", length.locationBits},
-          {"clockIntegerBits", length.integerBits},
-          {"clockFractionBits", length.fractionBits},
-          {"largestBound", orNull(largestBound(length, mostVariables))},
-          {"largestBoundUnfolded", orNull(largestBound(length, mostUnfolded))}};
-}
-
 }  // namespace
 
 std::string networkText(const Network& net) {
-  std::string result = cleanUtf8(net.title) + "\n" + sizesText(net) + encodingText(net);
+  std::string result = printable(net.title) + "\n" + sizesText(net) + encodingText(net);
   for (std::size_t p = 0; p < net.processes.size(); ++p) result += processText(net, p);
   return result;
-}
-
-std::string networkJson(const Network& net) {
-  Json transitions = Json::array();
-  for (std::size_t t = 0; t < net.transitions.size(); ++t)
-    transitions.push_back(transitionJson(net.transitions[t], t));
-  Json processes = Json::array();
-  for (std::size_t p = 0; p < net.processes.size(); ++p)
-    processes.push_back(processJson(net.processes[p], p));
-  const Json whole = {{"format", "tpn-network"},      {"version", 1},
-                      {"title", net.title},           {"transitions", transitions},
-                      {"processes", processes},       {"propositions", propositions(net)},
-                      {"encoding", encodingJson(net)}};
-  return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace tpn

@@ -1,0 +1,60 @@
+#include "workbench/command/reading.hpp"
+
+#include <iostream>
+
+#include "workbench/base/files.hpp"
+#include "workbench/network/strictread.hpp"
+
+namespace tpn {
+
+namespace {
+
+void complain(const Diagnostics& diagnostics) {
+  for (const Diagnostic& d : diagnostics) std::cerr << text(d) << "\n";
+}
+
+}  // namespace
+
+void addNet(CLI::App& app, Files& files) {
+  app.add_option("NET", files.net, "network file, with or without .tpn")->required();
+}
+
+void addPhi(CLI::App& app, Files& files, bool required) {
+  app.add_option("PHI", files.phi, "property file, with or without .tpn")->required(required);
+}
+
+std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
+  const std::string name = inputName(files.net);
+  return readNetwork(name, readFile(name, largestInput), diagnostics);
+}
+
+std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics) {
+  const std::string name = inputName(files.phi);
+  return readProperty(name, readFile(name, largestInput), diagnostics);
+}
+
+FilePlan planFor(const Files& files) {
+  FilePlan plan;
+  plan.reads(inputName(files.net));
+  if (!files.phi.empty()) plan.reads(inputName(files.phi));
+  return plan;
+}
+
+std::optional<Network> networkOf(const Files& files) {
+  Diagnostics diagnostics;
+  std::optional<Network> net = networkOf(files, diagnostics);
+  complain(diagnostics);
+  return net;
+}
+
+std::optional<Inputs> inputsOf(const Files& files) {
+  Diagnostics diagnostics;
+  std::optional<Network> net = networkOf(files, diagnostics);
+  std::optional<Property> phi = propertyOf(files, diagnostics);
+  if (net && phi) lintTogether(*net, inputName(files.phi), *phi, diagnostics);
+  complain(diagnostics);
+  if (hasErrors(diagnostics) || !net || !phi) return std::nullopt;
+  return Inputs{std::move(*net), std::move(*phi)};
+}
+
+}  // namespace tpn
