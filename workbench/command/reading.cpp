@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "workbench/base/files.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {

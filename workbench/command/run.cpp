@@ -10,6 +10,7 @@
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/command/viewchoice.hpp"
+#include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
 #include "workbench/walking/walkcommands.hpp"
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "boolform/boolform.hpp"
+#include "workbench/base/checkpoint.hpp"
 
 namespace tpn {
 
@@ -26,7 +27,7 @@ struct Pattern {
   std::vector<int> roots;  // the formulas, in the order given
 
   // Of formulas over the variables 1 .. count.
-  Pattern(int count, const std::vector<BoolForm>& formulas);
+  Pattern(int count, const std::vector<BoolForm>& formulas, const Checkpoint& checkpoint = {});
 
   // The value of each root; values[v] is variable v's.
   std::vector<bool> evaluate(const std::vector<bool>& values) const;

@@ -30,7 +30,8 @@ class BoundedSearch {
         goal_(property != nullptr ? propertyFormula(net, machine_, runs_.layout(), *property)
                                   : deadEndFormula(machine_, runs_.layout())) {
     solver_->stop(over_);
-    if (options.symmetry) runs_.keepOrder(interchangeable(net, machine_, property));
+    if (options.symmetry)
+      runs_.keepOrder(interchangeable(net, machine_, property, Checkpoint(over_)));
   }
 
   BoundedVerdict run() {
@@ -38,7 +39,7 @@ class BoundedSearch {
       if (options_.maxTransitions && length > *options_.maxTransitions)
         return {BoundedVerdict::exhausted, {}, length - 1, ""};
       if (tooLarge()) return {BoundedVerdict::undecided, {}, length - 1, full};
-      const Outcome outcome = runs_.extend(over_) ? ask(length) : gaveUp;
+      const Outcome outcome = extended() ? ask(length) : gaveUp;
       if (outcome == found) return {BoundedVerdict::reached, replayed(), length - 1, ""};
       if (outcome == stuck) return {BoundedVerdict::stuck, {}, length, ""};
       if (outcome == gaveUp) return {BoundedVerdict::undecided, {}, length - 1, ""};
@@ -53,6 +54,15 @@ class BoundedSearch {
   bool tooLarge() const {
     const auto steps = static_cast<std::int64_t>(runs_.steps()) + 1;
     return runs_.variables() / steps > mostVariables - runs_.variables();
+  }
+
+  bool extended() {
+    try {
+      runs_.extend(Checkpoint(over_));
+      return true;
+    } catch (const Interrupted&) {
+      return false;
+    }
   }
 
   Outcome ask(int length) {
@@ -115,7 +125,11 @@ class BoundedSearch {
 BoundedVerdict searchBounded(const Network& net, const Property* property,
                              const BoundedOptions& options, const std::function<bool()>& over,
                              const std::function<void(const BoundedProgress&)>& report) {
-  return BoundedSearch(net, property, options, over, report).run();
+  try {
+    return BoundedSearch(net, property, options, over, report).run();
+  } catch (const Interrupted&) {
+    return {};
+  }
 }
 
 }  // namespace tpn

@@ -1,6 +1,7 @@
 // A network for reading: sizes, what the encoding makes of them, then process by process.
 
 #include <algorithm>
+#include <map>
 
 #include "workbench/base/printable.hpp"
 #include "workbench/encoding/statelength.hpp"
@@ -43,43 +44,52 @@ std::string encodingText(const Network& net) {
          std::to_string(mostUnfolded) + ")\n";
 }
 
-// One line a transition: number, interval, where it leads, with whom; the first two aligned.
-std::string movesText(const Network& net, std::size_t process, const std::vector<Part>& parts,
-                      int source) {
-  std::size_t widest = 0;
-  std::size_t widestTarget = 0;
+// The columns of a process's transitions.
+struct Widths {
+  std::size_t interval = 0;
+  std::size_t target = 0;
+};
+
+Widths widthsOf(const Network& net, const Parts& parts) {
+  Widths widest;
   for (const Part& part : parts) {
-    widest = std::max(widest, text(net.transitions[part.transition].interval).size());
-    widestTarget = std::max(widestTarget, std::to_string(part.target).size());
+    const std::string interval = text(net.transitions[part.transition].interval);
+    widest.interval = std::max(widest.interval, interval.size());
+    widest.target = std::max(widest.target, std::to_string(part.target).size());
   }
-  const std::size_t digits = std::to_string(net.transitions.size()).size();
-  const auto padded = [](const std::string& word, std::size_t width) {
-    return std::string(width - word.size(), ' ') + word;
-  };
-  std::string lines;
-  for (const Part& part : parts) {
-    if (part.source != source) continue;
-    const Transition& t = net.transitions[part.transition];
-    lines += "    " + padded(std::to_string(number(part.transition)), digits) + "  " +
-             text(t.interval) + padded("", widest - text(t.interval).size()) + "  -> " +
-             padded(std::to_string(part.target), widestTarget);
-    if (isShared(t)) lines += "  with " + shortened(partners(t, process), ", ", 16);
-    lines += "\n";
-  }
-  return lines;
+  return widest;
 }
 
-std::string processText(const Network& net, std::size_t index) {
+std::string padded(const std::string& word, std::size_t width) {
+  return std::string(width - word.size(), ' ') + word;
+}
+
+// One line a transition: number, interval, where it leads, with whom; the first two aligned.
+std::string moveText(const Network& net, std::size_t process, const Part& part,
+                     const Widths& widths) {
+  const Transition& t = net.transitions[part.transition];
+  const std::string interval = text(t.interval);
+  const std::size_t digits = std::to_string(net.transitions.size()).size();
+  std::string line = "    " + padded(std::to_string(number(part.transition)), digits) + "  " +
+                     interval + std::string(widths.interval - interval.size(), ' ') + "  -> " +
+                     padded(std::to_string(part.target), widths.target);
+  if (isShared(t)) line += "  with " + partners(t, process, 16);
+  return line + "\n";
+}
+
+std::string processText(const Network& net, std::size_t index, const Parts& parts) {
   const Process& process = net.processes[index];
-  const std::vector<Part> parts = partsOf(net, index);
   std::string lines = "\nprocess " + std::to_string(number(index)) + ": " +
                       counted(process.locations.size(), "location") + ", " +
                       counted(parts.size(), "transition") + "\n";
+  const Widths widths = widthsOf(net, parts);
+  std::map<int, std::string> moves;  // by source
+  for (const Part& part : parts) moves[part.source] += moveText(net, index, part, widths);
   for (const int location : process.locations) {
     lines += "  location " + std::to_string(location) + (location == 0 ? ", initial" : "");
     const std::set<int>& labels = labelsAt(process, location);
     if (!labels.empty()) lines += ": " + joined(propositionNames(labels), " ");
-    lines += "\n" + movesText(net, index, parts, location);
+    lines += "\n" + moves[location];
   }
   return lines;
 }
@@ -88,7 +98,8 @@ std::string processText(const Network& net, std::size_t index) {
 
 std::string networkText(const Network& net) {
   std::string result = printable(net.title) + "\n" + sizesText(net) + encodingText(net);
-  for (std::size_t p = 0; p < net.processes.size(); ++p) result += processText(net, p);
+  const std::vector<Parts> parts = partsByProcess(net);
+  for (std::size_t p = 0; p < parts.size(); ++p) result += processText(net, p, parts[p]);
   return result;
 }
 

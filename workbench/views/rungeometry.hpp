@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "workbench/network/network.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 

@@ -25,22 +25,15 @@ std::vector<std::string> propositionNames(const std::set<int>& propositions) {
   return names;
 }
 
-std::vector<Part> partsOf(const Network& net, std::size_t process) {
-  std::vector<Part> parts;
+std::vector<Parts> partsByProcess(const Network& net) {
+  std::vector<Parts> parts(net.processes.size());
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     for (const Move& move : net.transitions[t].moves)
-      if (move.process == process) parts.push_back({t, move.source, move.target});
+      parts[move.process].push_back({t, move.source, move.target});
   return parts;
 }
 
 bool isShared(const Transition& t) { return t.moves.size() > 1; }
-
-std::vector<std::string> partners(const Transition& t, std::size_t process) {
-  std::vector<std::string> others;
-  for (const Move& move : t.moves)
-    if (move.process != process) others.push_back(std::to_string(number(move.process)));
-  return others;
-}
 
 const std::set<int>& labelsAt(const Process& process, int location) {
   static const std::set<int> none;
@@ -65,12 +58,31 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
   return all;
 }
 
+namespace {
+
+// Of a list of `total` items, the first of which are `items`: `limit` at least, or all.
+std::string shortened(const std::vector<std::string>& items, std::size_t total,
+                      const std::string& separator, std::size_t limit) {
+  if (total <= limit) return joined(items, separator);
+  const auto end = items.begin() + static_cast<std::ptrdiff_t>(limit - 1);
+  return joined({items.begin(), end}, separator) + " ... " + std::to_string(total - limit + 1) +
+         " more";
+}
+
+}  // namespace
+
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit) {
-  if (items.size() <= limit) return joined(items, separator);
-  const auto end = items.begin() + static_cast<std::ptrdiff_t>(limit - 1);
-  return joined({items.begin(), end}, separator) + " ... " +
-         std::to_string(items.size() - limit + 1) + " more";
+  return shortened(items, items.size(), separator, limit);
+}
+
+std::string partners(const Transition& t, std::size_t process, std::size_t limit) {
+  std::vector<std::string> first;
+  for (const Move& move : t.moves) {
+    if (first.size() == limit) break;
+    if (move.process != process) first.push_back(std::to_string(number(move.process)));
+  }
+  return shortened(first, t.moves.size() - 1, ", ", limit);
 }
 
 std::string xmlText(const std::string& text) {
@@ -99,7 +111,7 @@ std::string xmlText(const std::string& text) {
   return escaped;
 }
 
-const Colour& colourOf(const Process& process, int location) {
+const Colour& colourOfRank(std::size_t rank) {
   static constexpr std::array<Colour, 8> palette{{{"#d9d9d9", "#222222"},
                                                   {"#56b4e9", "#000000"},
                                                   {"#e69f00", "#000000"},
@@ -108,9 +120,12 @@ const Colour& colourOf(const Process& process, int location) {
                                                   {"#cc79a7", "#000000"},
                                                   {"#0b5c94", "#ffffff"},
                                                   {"#b84a00", "#ffffff"}}};
-  const auto rank = static_cast<std::size_t>(
-      std::distance(process.locations.begin(), process.locations.find(location)));
   return rank == 0 ? palette[0] : palette[1 + (rank - 1) % (palette.size() - 1)];
+}
+
+const Colour& colourOf(const Process& process, int location) {
+  const auto at = process.locations.find(location);
+  return colourOfRank(static_cast<std::size_t>(std::distance(process.locations.begin(), at)));
 }
 
 }  // namespace tpn

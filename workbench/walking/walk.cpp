@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "workbench/runs/replay.hpp"
 #include "workbench/views/views.hpp"
 #include "workbench/walking/walkcommands.hpp"
 
@@ -48,11 +49,6 @@ std::string written(const std::string& file, const std::string& text) {
 
 // --- What is shown of a state. ---
 
-bool enabled(const Transition& t, const Locations& at) {
-  return std::all_of(t.moves.begin(), t.moves.end(),
-                     [&](const Move& move) { return at[move.process] == move.source; });
-}
-
 std::string delaysText(const std::optional<Window>& delays) {
   if (!delays) return "cannot fire";
   const std::string from = "delay " + delays->from.text();
@@ -81,10 +77,11 @@ void showProcesses(const Network& net, const TimedState& state, std::ostream& ou
 void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
   const std::string reason = stuck(net, state);
   if (!reason.empty()) out << "  " << reason << "\n";
+  const std::vector<std::optional<Window>> delays = windows(net, state);
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     if (enabled(net.transitions[t], state.locations))
       out << std::right << std::setw(4) << number(t) << "  " << std::left << std::setw(16)
-          << delaysText(window(net, state, t)) << "  " << movesText(net.transitions[t]) << "\n";
+          << delaysText(delays[t]) << "  " << movesText(net.transitions[t]) << "\n";
 }
 
 // --- A session. ---
@@ -156,7 +153,7 @@ class Session {
     try {
       // What is shown next has to fit as well: a delay of 1/9223372036854775807 does, 2 less it
       // does not.
-      for (std::size_t t = 0; t < net_.transitions.size(); ++t) window(net_, state(), t);
+      windows(net_, state());
     } catch (const std::overflow_error& error) {
       takeBack();
       return error.what();
@@ -206,12 +203,12 @@ class Session {
 }  // namespace
 
 std::string stuck(const Network& net, const TimedState& state) {
-  bool any = false;
-  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
-    if (window(net, state, t)) return "";
-    any = any || enabled(net.transitions[t], state.locations);
-  }
-  if (!any) return "stuck: no transition is enabled";
+  const auto fires = [](const std::optional<Window>& delays) { return delays.has_value(); };
+  const auto isEnabled = [&](const Transition& t) { return enabled(t, state.locations); };
+  const std::vector<std::optional<Window>> all = windows(net, state);
+  if (std::any_of(all.begin(), all.end(), fires)) return "";
+  if (std::none_of(net.transitions.begin(), net.transitions.end(), isEnabled))
+    return "stuck: no transition is enabled";
   // A transition that is enabled and cannot fire is kept from it by a latest time.
   const auto longest = longestDelay(net, state);
   assert(longest);

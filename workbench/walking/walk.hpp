@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <iosfwd>
 #include <string>
@@ -35,10 +34,6 @@ Walked walk(const Network& net, std::istream& in, std::ostream& out,
 // The same commands without prompts; prints what they ask for and nothing else. The first that
 // cannot be done ends it. `name` is the script's, for the error.
 Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out);
-
-// At most `steps` random steps; delays are multiples of 1/12. The same for the same seed
-// everywhere.
-Walked walkRandomly(const Network& net, std::uint64_t seed, std::size_t steps);
 
 // Why no transition can ever fire from here; empty where one can.
 std::string stuck(const Network& net, const TimedState& state);
