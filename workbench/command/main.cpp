@@ -10,8 +10,8 @@ namespace {
 using namespace tpn;
 
 // As the help lists them.
-constexpr const Subcommand* subcommands[] = {&lintCommand, &showCommand, &checkCommand,
-                                             &traceCommand, &runCommand};
+constexpr const Subcommand* subcommands[] = {&lintCommand,  &showCommand, &checkCommand,
+                                             &traceCommand, &runCommand,  &certifyCommand};
 
 constexpr const char* version = "tpn " ZERVAN_VERSION;
 

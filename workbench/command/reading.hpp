@@ -7,6 +7,7 @@
 #include <string>
 
 #include "workbench/network/diagnostic.hpp"
+#include "workbench/network/goal.hpp"
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 
@@ -23,6 +24,11 @@ struct Inputs {
   Property property;
 };
 
+struct Asked {
+  Network net;
+  Goal goal;
+};
+
 void addNet(CLI::App& app, Files& files);
 void addPhi(CLI::App& app, Files& files, bool required);
 
@@ -34,5 +40,6 @@ std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics)
 // With the mistakes on standard error; nothing where they are errors.
 std::optional<Network> networkOf(const Files& files);
 std::optional<Inputs> inputsOf(const Files& files);
+std::optional<Asked> askedOf(const Files& files);  // no property named: a deadlock
 
 }  // namespace tpn
