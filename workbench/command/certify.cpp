@@ -2,7 +2,6 @@
 
 #include <iostream>
 #include <memory>
-#include <stdexcept>
 
 #include "workbench/base/files.hpp"
 #include "workbench/command/reading.hpp"
@@ -19,19 +18,10 @@ struct Arguments {
   bool deadlock = false;
 };
 
-CertificateFile certificateOf(const std::string& name) {
-  try {
-    return readCertificate(readFile(name));
-  } catch (const std::runtime_error& e) {
-    const std::string what = e.what();
-    throw std::runtime_error(what.starts_with(name) ? what : name + ": " + what);
-  }
-}
-
 int certify(const Arguments& a) {
   const std::optional<Asked> asked = askedOf(a.files);
   if (!asked) return failed;
-  const Recheck result = recheck(asked->net, asked->goal, certificateOf(a.certificate), {});
+  const Recheck result = recheck(asked->net, asked->goal, readCertificateFile(a.certificate), {});
   if (result.result == Recheck::proved) {
     writeFile("-", "unreachable: the certificate proves it\n");
     return done;

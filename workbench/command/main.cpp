@@ -11,7 +11,8 @@ using namespace tpn;
 
 // As the help lists them.
 constexpr const Subcommand* subcommands[] = {&lintCommand,  &showCommand, &checkCommand,
-                                             &traceCommand, &runCommand,  &certifyCommand};
+                                             &traceCommand, &runCommand,  &certifyCommand,
+                                             &exportCommand};
 
 constexpr const char* version = "tpn " ZERVAN_VERSION;
 

@@ -27,5 +27,6 @@ extern const Subcommand checkCommand;
 extern const Subcommand traceCommand;
 extern const Subcommand runCommand;
 extern const Subcommand certifyCommand;
+extern const Subcommand exportCommand;
 
 }  // namespace tpn

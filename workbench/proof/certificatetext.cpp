@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "workbench/base/files.hpp"
+
 namespace tpn {
 
 namespace {
@@ -236,6 +238,15 @@ CertificateFile readCertificate(const std::string& text) {
   }
   lines.expectEnd();
   return file;
+}
+
+CertificateFile readCertificateFile(const std::string& name) {
+  const std::string text = readFile(name);
+  try {
+    return readCertificate(text);
+  } catch (const std::runtime_error& e) {
+    throw std::runtime_error(name + ": " + e.what());
+  }
 }
 
 }  // namespace tpn

@@ -22,4 +22,7 @@ std::string certificateText(const CertificateFile& file);
 // exactly of that form. Whether processes and locations exist is left to the checker.
 CertificateFile readCertificate(const std::string& text);
 
+// Of a file; its name stands before what is wrong.
+CertificateFile readCertificateFile(const std::string& name);
+
 }  // namespace tpn

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cassert>
-#include <set>
 #include <utility>
 
+#include "workbench/proof/partialsums.hpp"
 #include "workbench/proof/scaled.hpp"
 
 namespace tpn {
@@ -121,58 +121,14 @@ int StateClauses::literalAfterUnit(const Atom& atom) {
   return atom.positive ? positive : -positive;
 }
 
-namespace {
-
-// A linear invariant by process: what each of its locations adds to the sum.
-using Addends = std::map<std::size_t, std::map<int, std::int64_t>>;
-
-Addends addends(const Network& net, const LinearInvariant& invariant) {
-  Addends result;
-  for (const auto& [spot, coefficient] : invariant.coefficients) {
-    if (result.contains(spot.process)) continue;
-    for (const int location : net.processes[spot.process].locations) {
-      const auto given = invariant.coefficients.find({spot.process, location});
-      result[spot.process][location] = given == invariant.coefficients.end() ? 0 : given->second;
-    }
-  }
-  return result;
-}
-
-// [i]: the sums over the first i processes from which the total can still be reached.
-std::vector<std::set<std::int64_t>> partialSums(const Addends& parts, std::int64_t total) {
-  std::vector<std::set<std::int64_t>> forward{{0}};
-  for (const auto& [process, add] : parts) {
-    std::set<std::int64_t> next;
-    for (const std::int64_t sum : forward.back())
-      for (const auto& [location, by] : add) next.insert(sum + by);
-    forward.push_back(std::move(next));
-  }
-  std::set<std::int64_t> useful{total};
-  std::size_t i = forward.size() - 1;
-  std::vector<std::set<std::int64_t>> result(forward.size());
-  for (auto part = parts.rbegin();; ++part, --i) {
-    for (const std::int64_t sum : forward[i])
-      if (useful.contains(sum)) result[i].insert(sum);
-    if (part == parts.rend()) break;
-    std::set<std::int64_t> before;
-    for (const std::int64_t sum : result[i])
-      for (const auto& [location, by] : part->second) before.insert(sum - by);
-    useful = std::move(before);
-  }
-  return result;
-}
-
-}  // namespace
-
 // One variable a partial sum; a location leads from each to the next, forth and back.
 void StateClauses::assertLinear(const LinearInvariant& invariant) {
-  const Addends parts = addends(net_, invariant);
-  const std::vector<std::set<std::int64_t>> sums = partialSums(parts, invariant.total);
+  const PartialSums parts = partialSums(net_, invariant);
   std::map<std::int64_t, int> before{{0, truth_}};
   std::size_t i = 0;
-  for (const auto& [process, add] : parts) {
+  for (const auto& [process, add] : parts.addends) {
     std::map<std::int64_t, int> after;
-    for (const std::int64_t sum : sums[++i]) after[sum] = fresh();
+    for (const std::int64_t sum : parts.sums[++i]) after[sum] = fresh();
     const auto lead = [&](const auto& from, const auto& to, int location, std::int64_t by) {
       for (const auto& [sum, variable] : from) {
         std::vector<int> clause{-variable, -at({process, location})};
