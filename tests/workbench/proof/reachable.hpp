@@ -51,6 +51,13 @@ class Explorer {
     return all;
   }
 
+  // What becomes of a state, or the same one where that cannot be.
+  State waited(const State& from) const { return mayWait(from) ? later(from) : from; }
+  State fired(std::size_t transition, const State& from) const {
+    const Transition& t = net_.transitions[transition];
+    return mayFire(t, from) ? fired(t, from) : from;
+  }
+
   // All combinations of locations and clocks within their caps.
   std::vector<State> everything() const {
     std::vector<State> all{{}};
