@@ -138,7 +138,7 @@ class WitnessCheck {
     Both b(model_, witness_);
     std::vector<int> different;
     for (std::size_t i = 0; i < model_.latches.size(); ++i) {
-      const int d = 1000000 + static_cast<int>(i);
+      const int d = 2 * static_cast<int>(witness_.variables) + 10 + static_cast<int>(i);
       b.model.add({-d, b.model.literal(model_.next[i]), b.witness.literal(witness_.next[i])});
       b.model.add({-d, -b.model.literal(model_.next[i]), -b.witness.literal(witness_.next[i])});
       different.push_back(d);
