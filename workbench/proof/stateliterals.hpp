@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -33,8 +34,13 @@ class StateLiterals {
   // [units - 1] where it is unary, else [bit].
   const std::vector<Circuit::Literal>& clock(std::size_t process) const { return clock_[process]; }
 
-  // What a latch says; none for a bit of a clock.
+  // What a latch says; none for a bit of a clock, of which it is told which it is.
+  struct Bit {
+    std::size_t process = 0;
+    std::size_t bit = 0;
+  };
   const std::optional<Atom>& atom(std::size_t latch) const { return atoms_[latch]; }
+  const Bit& bit(std::size_t latch) const { return bits_.at(latch); }
 
  private:
   void declare(const Machine& machine, std::size_t process, Circuit& circuit);
@@ -44,6 +50,7 @@ class StateLiterals {
   std::vector<std::vector<Circuit::Literal>> at_;
   std::vector<std::vector<Circuit::Literal>> clock_;
   std::vector<std::optional<Atom>> atoms_;
+  std::map<std::size_t, Bit> bits_;
 };
 
 }  // namespace tpn
