@@ -19,9 +19,7 @@ constexpr int nodesPerVariable = 10;
 // A new formula store with `count` nodes, each an operand of the next; the other operand is a
 // recent node or variable. Returns the last.
 int build(int count) {
-  BoolForm::tv.clear();
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
+  BoolForm::emptyStore();
   std::mt19937 random(1);
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   BoolForm last(1);
@@ -81,7 +79,7 @@ void definitions(benchmark::State& state) {
   const int root = build(static_cast<int>(state.range(0)));
   while (state.KeepRunning()) {
     ClauseSet set;
-    set.insertDefinitions(root);
+    set.insertDefinitions(root, BoolForm::tv);
     set.forEach([](const Clause& c) { benchmark::DoNotOptimize(c.third); });
   }
 }

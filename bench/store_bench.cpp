@@ -106,12 +106,6 @@ struct Block {
   }
 };
 
-void emptyStore() {
-  std::vector<Triple>().swap(BoolForm::tv);
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
-}
-
 // Blocks of a tenth of all nodes, but of 3000 nodes at most.
 template <class Repeat>
 void repeat(benchmark::State& state, Repeat rest) {
@@ -120,7 +114,7 @@ void repeat(benchmark::State& state, Repeat rest) {
   const int times = all / block.distance().nodes;
   while (state.KeepRunning()) {
     state.PauseTiming();
-    emptyStore();
+    BoolForm::emptyStore();
     block.build(0);
     block.build(1);
     state.ResumeTiming();

@@ -10,20 +10,20 @@ function goal(figure, runs, value, most, digits,    verdict) {
 }
 
 function heading() {
-  printf "%-18s %9s %30s %12s\n", "", "", "CPU of a clause, ns:", "memory,"
-  printf "%-18s %9s %8s %10s %10s %12s\n", "", "clauses", "run", "writing", "CaDiCaL", "bytes/clause"
+  printf "%-23s %9s %30s %12s\n", "", "", "CPU of a clause, ns:", "memory,"
+  printf "%-23s %9s %8s %10s %10s %12s\n", "", "clauses", "run", "writing", "CaDiCaL", "bytes/clause"
 }
 
 NR == 1 { heading() }
 
-$1 == "run" {
+$1 == "run" || $1 == "pace" {
   clauses = $4; cpu = $5; memory = 1024 * $7 / clauses; writing = $8; reading = $10
   if ($9 != clauses) { print "floor has written " $9 " clauses of " clauses; exit missed = 1 }
   ns = 1e9 / clauses
-  printf "%-18s %9d %8.1f %10.1f %10.1f %12.1f\n", of($2, $3), clauses, ns * cpu, ns * writing,
-    ns * reading, memory
+  printf "%-23s %9d %8.1f %10.1f %10s %12.1f\n", of($2, $3), clauses, ns * cpu, ns * writing,
+    $1 == "run" ? sprintf("%.1f", ns * reading) : "", memory
   goal("CPU: run / writing alone", of($2, $3), cpu / writing, 3, 2)
-  goal("CPU: run / CaDiCaL reading", of($2, $3), cpu / reading, 0.25, 3)
+  if ($1 == "run") goal("CPU: run / CaDiCaL reading", of($2, $3), cpu / reading, 0.25, 3)
   goal("peak memory, bytes a clause", of($2, $3), memory, 36, 1)
 }
 

@@ -36,6 +36,12 @@ BoolForm::BoolForm(const BoolForm& l, const BoolForm& r, int op) : nr(falseNr) {
   nr = slot;
 }
 
+void BoolForm::emptyStore() {
+  std::vector<Triple>().swap(tv);
+  mti = NodeIndex();
+  maxNr = varNrLimit;
+}
+
 bool BoolForm::lastRepeat(const Distance& distance) {
   const auto count = static_cast<std::size_t>(distance.nodes);
   if (count == 0 || tv.size() < 2 * count || mti.copies().size() > 0) return false;

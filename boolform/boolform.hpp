@@ -14,7 +14,8 @@
 // never built inside one argument list (C++ leaves the order of arguments open) but as named
 // locals, in the order that counts. That rule holds in every folder.
 //
-// The store grows until the process ends: a number, once given, stays valid. One thread only.
+// The store grows until it is emptied: a number, once given, stays valid until then. One thread
+// only.
 
 #pragma once
 
@@ -23,14 +24,10 @@
 #include <stdexcept>
 #include <vector>
 
+#include "boolform/node.hpp"
 #include "boolform/nodeindex.hpp"
 
 class ClauseSet;
-
-enum BoolOp : int { bfCon = 1, bfEqu = 2 };
-
-// Every variable number lies below this, every node number above.
-constexpr int varNrLimit = 1000000;
 
 // Thrown where a formula needs more nodes than a signed 32-bit number can name.
 struct NodeNumbersExhausted : std::length_error {
@@ -85,6 +82,10 @@ class BoolForm {
   // lastRepeat is false.
   static bool lastRepeat(const Distance& distance);
   static void repeatLast(const Distance& distance, int times);
+
+  // Gives all nodes and their memory back: of the formulas built before, only constants and
+  // literals stay valid.
+  static void emptyStore();
 
   static constexpr int falseNr = 0;
   static constexpr int trueNr = std::numeric_limits<int>::min();

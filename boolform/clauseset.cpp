@@ -21,8 +21,8 @@ void ClauseSet::insert(const Clause& clause) {
   ordered_ = false;
 }
 
-void ClauseSet::insertDefinitions(int root) {
-  definitions_.add(root);
+void ClauseSet::insertDefinitions(int root, const std::vector<Triple>& nodes) {
+  definitions_.add(root, nodes);
   ordered_ = false;
 }
 

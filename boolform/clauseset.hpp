@@ -15,8 +15,9 @@ class ClauseSet {
  public:
   void insert(const Clause& clause);
 
-  // The clauses that define the node `root` and every node below it.
-  void insertDefinitions(int root);
+  // The clauses that define the node `root` and every node below it; `nodes` is the node table,
+  // borrowed, and the same one each time.
+  void insertDefinitions(int root, const std::vector<Triple>& nodes);
 
   void clear() { *this = ClauseSet(); }
 

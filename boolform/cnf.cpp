@@ -9,16 +9,11 @@
 void BoolForm::addVar(ClauseSet& cnf, int x) const { cnf.insert(Clause(x, 0, 0)); }
 
 void BoolForm::addCon(ClauseSet& cnf, int l, int r, int n) const {
-  cnf.insert(Clause(-n, l, 0));
-  cnf.insert(Clause(-n, r, 0));
-  cnf.insert(Clause(-l, -r, n));
+  define(bfCon, l, r, n, [&](int a, int b, int c) { cnf.insert(Clause(a, b, c)); });
 }
 
 void BoolForm::addEqu(ClauseSet& cnf, int l, int r, int n) const {
-  cnf.insert(Clause(-n, -l, r));
-  cnf.insert(Clause(-n, -r, l));
-  cnf.insert(Clause(l, r, n));
-  cnf.insert(Clause(-l, -r, n));
+  define(bfEqu, l, r, n, [&](int a, int b, int c) { cnf.insert(Clause(a, b, c)); });
 }
 
 void BoolForm::addNeg(ClauseSet& cnf, int a, int b) const {
@@ -33,5 +28,5 @@ void BoolForm::toCNF(ClauseSet& cnf) const {
     return;
   }
   addVar(cnf, nr);
-  if (isNodeNr(nr)) cnf.insertDefinitions(std::abs(nr));
+  if (isNodeNr(nr)) cnf.insertDefinitions(std::abs(nr), tv);
 }

@@ -14,29 +14,35 @@
 //     first empty        the two-literal clauses of conjunctions
 //     first positive     conjunctions with a negative minor operand, and equivalences
 //
-// The regions are written down in the same room, one after the other, and ordered by counting: by
-// second literal, then by first. Operands are mostly close to their node, so the counters and the
-// places written to stay in the cache; that costs a third of what sorting by digits does, and half
-// the memory of a list of all clauses (docs/performance.md).
+// In each of them the clauses are put into buckets by the literal they begin with, so that 4 or 8
+// bytes hold the rest of a clause. In the middle region the walk over the nodes leaves a bucket in
+// order. In the others a bucket is mostly small, and is sorted on its way out, in the cache.
+// Sorting a list of all clauses would take several times as long and twice the memory
+// (docs/performance.md).
 //
 // Asserted of every node: its operands are as the constructors leave them, different variables or
 // nodes, and in an equivalence positive and ascending.
 
 #pragma once
 
+#include <algorithm>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <cstdlib>
+#include <span>
 #include <vector>
 
-#include "boolform/boolform.hpp"
+#include "boolform/buckets.hpp"
 #include "boolform/clause.hpp"
+#include "boolform/node.hpp"
 
 class Definitions {
  public:
-  // Adds the clauses of the node `root` and of every node below it. Makes room for ordering them:
-  // forEach allocates nothing.
-  void add(int root);
+  // Adds the clauses of the node `root` and of every node below it. `nodes`, the store's node table
+  // and the same one each time, is borrowed. Makes room for ordering them: forEach allocates
+  // nothing.
+  void add(int root, const std::vector<Triple>& nodes);
 
   std::size_t size() const { return clauses_; }
   int maxLiteral() const;                           // absolute value; 0 where there is no clause
@@ -46,36 +52,77 @@ class Definitions {
   // sink(const Clause&) for every clause, in ascending order.
   template <class Sink>
   void forEach(Sink&& sink) const {
-    forEachIn<negativeFirst>(sink);
-    forEachIn<emptyFirst>(sink);
-    forEachIn<positiveFirst>(sink);
+    if (clauses_ == 0) return;
+    fill();
+    const std::size_t middle = places();
+    for (std::size_t i = middle; i-- > 0;) forEachIn(first_[0][i], -literalAt(i), sink);
+    for (std::size_t i = middle; i-- > 0;) forEachIn(second_[middle + ~i], -literalAt(i), sink);
+    for (std::size_t i = 0; i < middle; ++i) forEachIn(second_[middle + i], literalAt(i), sink);
+    for (std::size_t i = 0; i < middle; ++i) forEachIn(first_[1][i], literalAt(i), sink);
   }
 
  private:
-  enum Region : std::uint8_t { negativeFirst, emptyFirst, positiveFirst };
+  // The second and third literal of a clause as one number that is ordered as they are.
+  class Tail {
+   public:
+    Tail() = default;  // unset
+    Tail(int second, int third) : bits_(std::uint64_t{biased(second)} << 32 | biased(third)) {}
+    int second() const { return static_cast<int>(biased(static_cast<int>(bits_ >> 32))); }
+    int third() const { return static_cast<int>(biased(static_cast<int>(bits_))); }
+    friend auto operator<=>(const Tail&, const Tail&) = default;
+
+   private:
+    static std::uint32_t biased(int literal) {
+      return static_cast<std::uint32_t>(literal) ^ 1U << 31;
+    }
+    std::uint64_t bits_;
+  };
+
+  // A literal's place: variables first, the nodes at once after them; its sign does not matter.
+  // Masks in place of jumps here and in fill(): signs and kinds are as good as random.
+  std::size_t places() const { return static_cast<std::size_t>(maxVariable_) + 1 + marked_.size(); }
+  std::size_t placeOf(int literal) const {
+    const int size = std::abs(literal);
+    return static_cast<std::size_t>(size - (shift() & -static_cast<int>(size > varNrLimit)));
+  }
+  int literalAt(std::size_t place) const {
+    const int i = static_cast<int>(place);
+    return i <= maxVariable_ ? i : i + shift();
+  }
+  int shift() const { return varNrLimit - maxVariable_; }
 
   void visit(std::size_t i);
-  template <Region region>
-  void order() const;
-  template <int Clause::*slot, class Clauses>
-  void orderBy(const Clauses& clauses, Clause* target) const;
-  template <Region region, class Take>
-  void clausesByThird(Take&& take) const;
+  void fill() const;
+  template <class Take>
+  void clauses(Take&& take) const;
 
-  template <Region region, class Sink>
-  void forEachIn(Sink& sink) const {
-    order<region>();
-    for (std::size_t at = 0; at < sizes_[region]; ++at) sink(ordered_[at]);
+  template <class Sink>
+  static void forEachIn(std::span<Tail> bucket, int first, Sink& sink) {
+    if (bucket.size() > 1) std::sort(bucket.begin(), bucket.end());
+    for (const Tail tail : bucket) sink(ordered(first, tail.second(), tail.third()));
   }
+  template <class Sink>
+  static void forEachIn(std::span<const int> bucket, int second, Sink& sink) {
+    for (const int third : bucket) sink(ordered(0, second, third));
+  }
+  static Clause ordered(int first, int second, int third);
 
+  const std::vector<Triple>* nodes_ = nullptr;
   std::vector<std::uint8_t> marked_;  // by node: is it defined?
   std::size_t clauses_ = 0;
   std::size_t sizes_[3] = {};  // by region
   int maxVariable_ = 0;
 
-  // Room for one region: the clauses in order, behind them (where they have three literals) in the
-  // order of their second literals; and by literal how many clauses have it, then where the next
-  // one goes. A node has at most two clauses in a region, so 32 bits count them.
-  std::unique_ptr<Clause[]> ordered_;
-  mutable std::vector<std::uint32_t> next_;
+  // The clauses with a first literal, negative [0] or positive [1], by its place. Those without, by
+  // the second: where its place is i, at places() + i, or at places() + ~i where it is negative.
+  mutable Buckets<Tail> first_[2];
+  mutable Buckets<int> second_;
 };
+
+inline Clause Definitions::ordered(int first, int second, int third) {
+  Clause c;
+  c.first = first;
+  c.second = second;
+  c.third = third;
+  return c;
+}

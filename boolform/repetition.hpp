@@ -8,24 +8,12 @@
 #pragma once
 
 #include <algorithm>
-#include <compare>
 #include <cstddef>
 #include <cstdlib>
 #include <limits>
 #include <vector>
 
-constexpr int firstNodeNr = 1000001;  // every variable's number lies below
-
-constexpr bool isNodeNr(int nr) { return nr >= firstNodeNr || nr <= -firstNodeNr; }
-
-// The key of an internal node: operator and the two operands' numbers (negative: negated).
-struct Triple {
-  int op;
-  int left;
-  int right;
-
-  friend auto operator<=>(const Triple&, const Triple&) = default;  // lexicographic
-};
+#include "boolform/node.hpp"
 
 // How far a formula is moved up (or down, where negative): its variables and its nodes.
 struct Distance {

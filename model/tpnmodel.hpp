@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <memory>
@@ -54,6 +55,10 @@ class NetTimedModel {
   std::vector<Pair> timeIntervals;              // [t]: (earliest, latest); nrOfTrans + 1 of them
   std::unique_ptr<EctlForm> formula;            // the property
   std::set<std::pair<Pair, Number>> valuation;  // ((process, location), proposition)
+
+  // Called before each transition's part of an action step, which has a term for every process:
+  // with thousands of both, building it takes a while. May throw; the formula is lost then.
+  std::function<void()> checkpoint;
 
   NetTimedModel() = default;
   NetTimedModel(const NetTimedModel&) = delete;

@@ -97,6 +97,7 @@ BoolForm NetTimedModel::actionSucc(const SymState& s1, const SymState& s2) const
   Atoms atoms;
   BoolForm some(false);
   for (int t = 1; t <= nrOfTrans; ++t) {
+    if (checkpoint) checkpoint();
     BoolForm fires = enabled(s1, t);
     const BoolForm movesProcesses = fired(s1, t, s2, terms);
     fires = con(fires, movesProcesses);

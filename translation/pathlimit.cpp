@@ -12,8 +12,9 @@ namespace {
 
 constexpr std::int64_t mostVariables = varNrLimit - 1;
 
-// At the peak, when the two-literal clauses are ordered: a node's key and mark, two clauses of 12
-// bytes, two counters, and what is reserved beyond that.
+// At the peak, when the clauses are ordered, a conjunction takes 45 bytes: its key and mark, 16 for
+// what the buckets hold of its clauses, and 16 for where its own buckets begin. Some is reserved
+// beyond that.
 constexpr std::int64_t peakBytesPerNode = 48;
 
 std::string refusalText(int k, const std::string& needs, const std::string& about, int largest) {
@@ -22,15 +23,9 @@ std::string refusalText(int k, const std::string& needs, const std::string& abou
   return start + "the largest path length that fits is " + about + std::to_string(largest);
 }
 
-void emptyStore() {
-  std::vector<Triple>().swap(BoolForm::tv);  // gives the memory back
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
-}
-
 // The nodes of a whole run with path length k, counted in an empty store.
 std::int64_t nodesFor(const NetTimedModel& model, int k) {
-  emptyStore();
+  BoolForm::emptyStore();
   EctlTransl translator(model, k);
   const BoolForm path = translator.symbPath();
   const BoolForm property = translator.inSomeState(*model.formula);
@@ -72,7 +67,7 @@ void refuseTooManyNodes(const NetTimedModel& model, int k) {
 }
 
 void refuseOutOfMemory(const NetTimedModel& model, int k) {
-  emptyStore();
+  BoolForm::emptyStore();
   const std::int64_t bytes = largestBlock();
   const int largest = std::min(k - 1, largestLengthWithin(model, bytes / peakBytesPerNode));
   const std::string needs = "more memory than the " + std::to_string(bytes >> 20);
@@ -102,6 +97,6 @@ int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
     if (count.back() > nodes) break;
     largest = j;
   }
-  emptyStore();
+  BoolForm::emptyStore();
   return largest;
 }

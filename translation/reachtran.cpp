@@ -160,7 +160,7 @@ WrittenRun EctlTransl::checkEctlFormula(const std::string& name) {
 }
 
 WrittenRun EctlTransl::run(const std::string& name) {
-  const EctlForm property = *model.formula;
+  const EctlForm& property = *model.formula;
   const std::clock_t start = std::clock();
 
   std::cerr << "Creating symbolic paths" << std::endl;

@@ -92,7 +92,7 @@ TEST_P(Defined, InOrderWhateverTheFormula) {
     for (unsigned roots = 1 + seed % 3; roots > 0; --roots) {
       const int root = std::abs(pool[random() % pool.size()].nr);
       if (!isNodeNr(root)) continue;
-      definitions.add(root);
+      definitions.add(root, BoolForm::tv);
       expected.add(root);
       const auto& clauses = expected.clauses;
       ASSERT_EQ(listOf(definitions), Clauses(clauses.begin(), clauses.end()));
@@ -109,7 +109,7 @@ TEST_P(Defined, KnowsItsClausesFromOthers) {
   Definitions definitions;
   Expected expected;
   const int root = std::abs(pool.back().nr);
-  definitions.add(root);
+  definitions.add(root, BoolForm::tv);
   expected.add(root);
   for (const Clause& c : expected.clauses) {
     EXPECT_TRUE(definitions.contains(c));
@@ -147,7 +147,7 @@ TEST_P(Defined, OtherClausesTakeTheirPlaces) {
     if (isNodeNr(root)) {
       const Clause known = *std::next(expected.clauses.begin(), 2);
       expected.add(root);
-      cnf.insertDefinitions(root);
+      cnf.insertDefinitions(root, BoolForm::tv);
       cnf.insert(known);
       cnf.insert(*expected.clauses.begin());
       cnf.insert(*expected.clauses.rbegin());
@@ -170,9 +170,10 @@ TEST_F(DefinitionsDeathTest, OperandsAreAsTheConstructorsLeaveThem) {
   const BoolForm negated(lit(-4), lit(5), bfEqu);
   const BoolForm descending(lit(5), lit(4), bfEqu);
   Definitions definitions;
-  EXPECT_DEATH(definitions.add(same.nr), failedAssertion("std::abs(l) != std::abs(r)"));
-  EXPECT_DEATH(definitions.add(negated.nr), failedAssertion("0 < l && l < r"));
-  EXPECT_DEATH(definitions.add(descending.nr), failedAssertion("0 < l && l < r"));
+  EXPECT_DEATH(definitions.add(same.nr, BoolForm::tv),
+               failedAssertion("std::abs(l) != std::abs(r)"));
+  EXPECT_DEATH(definitions.add(negated.nr, BoolForm::tv), failedAssertion("0 < l && l < r"));
+  EXPECT_DEATH(definitions.add(descending.nr, BoolForm::tv), failedAssertion("0 < l && l < r"));
 }
 
 }  // namespace

@@ -16,9 +16,7 @@ using Keys = std::vector<Triple>;
 
 // Formulas built before must not be used any more, except constants and literals.
 inline void clearStore() {
-  BoolForm::tv.clear();
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
+  BoolForm::emptyStore();
   BoolForm::lastNr = std::numeric_limits<int>::max();
 }
 

@@ -157,6 +157,45 @@ TEST_F(CommandLine, LoggedTimeIsTheOnePrinted) {
   EXPECT_NE(out.find("\n\n" + time + "Memory used"), std::string::npos) << out << time;
 }
 
+// A run long enough for its time to have more digits than are told.
+class LongRun : public CommandLine {
+ protected:
+  void SetUp() override {
+    CommandLine::SetUp();
+    run = place.zervan({"net", "phi", "8000"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    log = place.read("bmctime.out");
+    ASSERT_GT(run.processorTime, 0.04);
+  }
+
+  // The system counts the same time, and the little that `free` takes.
+  void expectNearlyAll(double time) const {
+    EXPECT_LE(time, run.processorTime + 0.01);
+    EXPECT_GE(time, run.processorTime / 2);
+  }
+
+  Outcome run;
+  std::string log;
+};
+
+TEST_F(LongRun, LoggedTimeIsTheProcessorTime) { expectNearlyAll(std::stod(log)); }
+
+TEST_F(LongRun, TimeOfTheTranslationIsMostOfTheProcessorTime) {
+  const std::string label = "\nTime consumed : ";
+  const std::size_t at = run.err.find(label);
+  ASSERT_NE(at, std::string::npos) << run.err;
+  const double translation = std::stod(run.err.substr(at + label.size()));
+  expectNearlyAll(translation);
+  EXPECT_LE(translation, std::stod(log));
+}
+
+TEST_F(LongRun, LoggedTimeHasAtMostFourDigits) {
+  std::string digits = log;
+  std::erase_if(digits, [](char c) { return c == '.' || c == '\n'; });
+  digits.erase(0, digits.find_first_not_of('0'));
+  EXPECT_LE(digits.size(), 4U) << log;
+}
+
 TEST_F(CommandLine, LogThatCannotBeOpenedIsAnErrorAtTheVeryEnd) {
   place.makeFolder("bmctime.out");
   const Outcome run = place.zervan({"net", "phi", "3"});

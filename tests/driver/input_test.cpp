@@ -103,6 +103,15 @@ TEST_F(Input, TransitionWithoutProcessesIsReportedOnStandardOutput) {
   EXPECT_EQ(place.files(), (std::set<std::string>{"net.tpn", "phi.tpn"}));
 }
 
+// A property that no location has leaves no variable: the fifth line of the map.
+TEST_F(Input, PropositionNumbersAreTakenInFull) {
+  for (const std::string number : {"259", "65539", "131075", "16777219"}) {
+    EXPECT_EQ(withProperty("p" + number + "\n").status, 0);
+    EXPECT_EQ(place.read("netk3.lck"), "2\n1 1 \n2 4 2\n3\n0\n3 6\n") << number;
+    EXPECT_EQ(place.read("netk3.cnf"), "p cnf -1000000 1\n0\n") << number;
+  }
+}
+
 // --- Broken contracts. ---
 
 TEST_F(Input, PropertyThatLeavesTwoValuesAborts) {

@@ -25,9 +25,10 @@ inline std::string contents(const std::filesystem::path& file) {
 }
 
 struct Outcome {
-  int status = -1;        // exit status; -1 where it did not exit
-  int signal = 0;         // the signal that ended it; 0 where none did
-  bool timedOut = false;  // it was still running when its time was over, and was ended
+  int status = -1;           // exit status; -1 where it did not exit
+  int signal = 0;            // the signal that ended it; 0 where none did
+  bool timedOut = false;     // it was still running when its time was over, and was ended
+  double processorTime = 0;  // seconds, what it called included
   std::string out;
   std::string err;
 };
@@ -109,12 +110,17 @@ class Workplace {
     _exit(127);
   }
 
+  static double seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  }
+
   static Outcome waitFor(pid_t child, std::chrono::milliseconds time) {
     if (child < 0) throw std::runtime_error("cannot fork");
     const auto over = std::chrono::steady_clock::now() + time;
     Outcome outcome;
     int state = 0;
-    while (waitpid(child, &state, WNOHANG) == 0) {
+    rusage used{};
+    while (wait4(child, &state, WNOHANG, &used) == 0) {
       if (std::chrono::steady_clock::now() >= over) {
         outcome.timedOut = true;
         kill(child, SIGKILL);
@@ -123,6 +129,7 @@ class Workplace {
       }
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
+    outcome.processorTime = seconds(used.ru_utime) + seconds(used.ru_stime);
     if (WIFEXITED(state)) outcome.status = WEXITSTATUS(state);
     if (WIFSIGNALED(state)) outcome.signal = WTERMSIG(state);
     return outcome;

@@ -27,12 +27,14 @@
 #include <string_view>
 
 // The allocator's own entries: dlsym allocates, and could not be asked for them.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(size_t);
 void* __libc_calloc(size_t, size_t);
 void* __libc_realloc(void*, size_t);
 void* __libc_memalign(size_t, size_t);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
@@ -110,6 +112,8 @@ using Fopen = FILE* (*)(const char*, const char*);
 
 }  // namespace
 
+// Declared in the system's headers with names of their own for the parameters.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 // --- write ---
@@ -233,3 +237,4 @@ FILE* popen(const char* command, const char* mode) {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -37,10 +37,3 @@ class Values {
   const Bits& variables_;
   std::vector<char> nodes_;
 };
-
-// Formulas built before must not be used any more.
-inline void forgetFormulas() {
-  BoolForm::tv.clear();
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
-}

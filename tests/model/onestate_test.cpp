@@ -20,7 +20,7 @@ using OnState = std::function<bool(const PlainState&)>;
 // One network, its first state, and the assignments to compare under.
 class OneState : public testing::TestWithParam<std::string> {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 
   void expectSame(const BoolForm& f, const OnState& plain) {
     const int variables = meaning.variables();
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(Random, OneState,
 
 class OneFormula : public testing::Test {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 };
 using OneFormulaDeathTest = OneFormula;
 
@@ -133,13 +133,21 @@ TEST_F(OneFormula, NegativePropositionIsFoundAgain) {
   EXPECT_EQ(model->fP(-5, model->genSymState(1)), BoolForm(1));
 }
 
+TEST_F(OneFormula, PropositionsAreComparedInAllTheirBits) {
+  const Model model = modelOf(network("1 0 1\n", process("1 0 1\n", "1 1\n")));
+  const SymState s = model->genSymState(1);
+  EXPECT_EQ(model->fP(1, s), BoolForm(1));
+  for (int bit = 0; bit < 32; ++bit)
+    EXPECT_EQ(model->fP(static_cast<int>(1U ^ 1U << bit), s), BoolForm(false)) << bit;
+}
+
 TEST_F(OneFormula, PropositionOfTwoProcessesIsTheDisjunctionInTheirOrder) {
   const Model model = modelOf(network(
       "1 0 1\n", process("1 0 3\n1 1 2\n", "2 1\n1 1\n") + process("1 0 3\n1 1 2\n", "3 1\n")));
   const SymState s = model->genSymState(1);
   const BoolForm found = model->fP(1, s);
   const std::vector<Triple> keys = BoolForm::tv;
-  forgetFormulas();
+  BoolForm::emptyStore();
   BoolForm expected(false);
   for (const auto& [p, l] : std::vector<std::pair<int, int>>{{1, 1}, {1, 2}, {2, 3}}) {
     const BoolForm there = model->bef(p, l, s.loc);
@@ -152,7 +160,7 @@ TEST_F(OneFormula, PropositionOfTwoProcessesIsTheDisjunctionInTheirOrder) {
 // --- Invariant terms. ---
 
 int invariantTerms(const std::string& text, int calls = 1) {
-  forgetFormulas();
+  BoolForm::emptyStore();
   const Model model = modelOf(text);
   for (int i = 0; i < calls; ++i) model->invariant(model->genSymState(1));
   return model->nrInvTerms;

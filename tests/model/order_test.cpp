@@ -21,7 +21,7 @@ struct Built {
 };
 
 Built built(const std::function<BoolForm()>& build) {
-  forgetFormulas();
+  BoolForm::emptyStore();
   const BoolForm formula = build();
   return {formula, BoolForm::tv};
 }

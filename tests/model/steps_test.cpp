@@ -18,7 +18,7 @@ using OnStates = std::function<bool(const PlainState&, const PlainState&)>;
 
 class TwoStates : public testing::TestWithParam<std::string> {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 
   // Both answers must have come up, or the comparison says little.
   void expectSame(const BoolForm& f, const OnStates& plain) {
@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(Random, TwoStates,
 
 class Step : public testing::Test {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 
   void load(const std::string& text) {
     model = modelOf(text);

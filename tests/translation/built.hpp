@@ -16,7 +16,7 @@ struct Built {
 };
 
 inline Built built(const std::function<BoolForm()>& build) {
-  forgetFormulas();
+  BoolForm::emptyStore();
   const BoolForm formula = build();
   return {formula, BoolForm::tv};
 }

@@ -155,7 +155,7 @@ TEST(LongPath, IsCopiedFromTheThirdRotationOn) {
   const Model model = modelOf(twoProcesses());
   EctlTransl(*model, 8).symbPath();
   EXPECT_EQ(BoolForm::mti.copies().size(), 0U);
-  forgetFormulas();
+  BoolForm::emptyStore();
   EctlTransl(*model, 300).symbPath();
   EXPECT_GT(BoolForm::mti.copies().size(), BoolForm::tv.size() * 9 / 10);
 }

@@ -20,14 +20,14 @@ namespace {
 class Limit : public testing::TestWithParam<std::string> {
  protected:
   void SetUp() override {
-    forgetFormulas();
+    BoolForm::emptyStore();
     model = modelOf(GetParam());
     model->formula = std::make_unique<EctlForm>("p1p2+");
   }
   void TearDown() override { BoolForm::lastNr = std::numeric_limits<int>::max(); }
 
   int nodes(int k) const {
-    forgetFormulas();
+    BoolForm::emptyStore();
     BoolForm::lastNr = std::numeric_limits<int>::max();
     EctlTransl translator(*model, k);
     const BoolForm path = translator.symbPath();
@@ -37,7 +37,7 @@ class Limit : public testing::TestWithParam<std::string> {
   }
 
   void check(int k) const {
-    forgetFormulas();
+    BoolForm::emptyStore();
     EctlTransl(*model, k).checkEctlFormula(folder / "run");
   }
 
@@ -159,7 +159,7 @@ TEST_P(Limit, NoLengthAtAllIsSaidSo) {
 // A refused run leaves the store as it was at the start: the next one is as good as in a process
 // of its own.
 TEST_P(Limit, RunAfterARefusalIsAnyOther) {
-  forgetFormulas();
+  BoolForm::emptyStore();
   EctlTransl(*model, 3).checkEctlFormula(folder / "run");
   const std::string clauses = folder.read("run.cnf");
   BoolForm::lastNr = varNrLimit + nodes(3);

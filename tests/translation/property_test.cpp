@@ -17,7 +17,7 @@ const std::string missingOneValue =
 
 class Property : public testing::Test {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 
   SymState state(int i) const {
     return model->genSymState(1 + i * static_cast<int>(model->getSymStateLen()));

@@ -21,7 +21,7 @@ namespace {
 
 class Run : public testing::Test {
  protected:
-  void SetUp() override { forgetFormulas(); }
+  void SetUp() override { BoolForm::emptyStore(); }
 
   void check(const std::string& text, const std::string& property, int k) {
     model = modelOf(text);
@@ -41,7 +41,7 @@ class Run : public testing::Test {
 
   // The clauses, built once more.
   ClauseSet clauses(int k) const {
-    forgetFormulas();
+    BoolForm::emptyStore();
     EctlTransl translator(*model, k);
     const BoolForm path = translator.symbPath();
     const BoolForm property = translator.inSomeState(*model->formula);
@@ -85,7 +85,7 @@ TEST_F(Run, RefusalEndsTheProgressLine) {
 
 TEST_F(Run, StoreSizesAreThoseOfThePathThePropertyAndTheirConjunction) {
   check(threeProcesses(), "p1p2&p4+", 5);
-  forgetFormulas();
+  BoolForm::emptyStore();
   EctlTransl translator(*model, 5);
   const BoolForm path = translator.symbPath();
   EXPECT_EQ(numberAfter(err, "End of symbolic path: "), static_cast<long>(BoolForm::tv.size()));
@@ -98,7 +98,7 @@ TEST_F(Run, StoreSizesAreThoseOfThePathThePropertyAndTheirConjunction) {
 
 TEST_F(Run, WritesTheClausesOfPropertyAndPath) {
   for (const int k : {1, 2, 6}) {
-    forgetFormulas();
+    BoolForm::emptyStore();
     check(threeProcesses(), "p1p2+", k);
     showCNF(clauses(k), folder / "again");
     EXPECT_EQ(folder.read("run.cnf"), folder.read("again.cnf")) << k;
@@ -114,7 +114,7 @@ TEST_F(Run, CountsTheClausesItWrites) {
 
 TEST_F(Run, TellsWhatItWrote) {
   for (const std::string property : {"p1p2+", "p9", "T"}) {
-    forgetFormulas();
+    BoolForm::emptyStore();
     check(threeProcesses(), property, 4);
     const std::string text = folder.read("run.cnf");
     EXPECT_TRUE(written.clauses.whole());
@@ -194,7 +194,7 @@ TEST_F(Run, FilesThatCannotBeOpenedAreSkippedSilently) {
   std::filesystem::remove(folder / "run.lck");
   std::filesystem::create_directory(folder / "run.cnf");
   std::filesystem::create_directory(folder / "run.lck");
-  forgetFormulas();
+  BoolForm::emptyStore();
   check(twoProcesses(), "p3", 3);
   EXPECT_EQ(err.substr(0, err.find("Time")), progress);
   EXPECT_FALSE(written.clauses.opened);

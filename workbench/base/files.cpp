@@ -1,34 +1,93 @@
 #include "workbench/base/files.hpp"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <stdexcept>
+#include <utility>
 
 namespace tpn {
 
-std::string readFile(const std::string& name) {
-  std::ifstream in;
-  std::error_code ignored;
-  if (!std::filesystem::is_directory(name, ignored)) in.open(name, std::ios::binary);
-  if (!in.is_open()) throw std::runtime_error(name + ": cannot be opened");
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad()) throw std::runtime_error(name + ": cannot be read");
-  return text;
+namespace {
+
+[[noreturn]] void fail(const std::string& name, const std::string& what) {
+  const std::string reason = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
+  throw std::runtime_error(name + ": " + what + reason);
+}
+
+class Opened {
+ public:
+  Opened(const std::string& name, int flags)
+      : descriptor_(open(name.c_str(), flags | O_CLOEXEC, 0666)) {}
+  ~Opened() {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+  Opened(const Opened&) = delete;
+  Opened& operator=(const Opened&) = delete;
+
+  explicit operator bool() const { return descriptor_ >= 0; }
+  int descriptor() const { return descriptor_; }
+
+  // Some file systems tell only now that something was not written.
+  bool closed() { return close(std::exchange(descriptor_, -1)) == 0; }
+
+ private:
+  int descriptor_;
+};
+
+void writeStandardOutput(const std::string& text) {
+  const std::string name = "standard output";
+  errno = 0;
+  std::cout.flush();  // what others have left there
+  if (!std::cout) fail(name, "cannot be written");
+  writeAll(STDOUT_FILENO, text, name);
+}
+
+}  // namespace
+
+std::string readAll(int descriptor, const std::string& name, std::size_t most) {
+  std::string text;
+  std::array<char, 1U << 16U> block{};
+  for (;;) {
+    const ssize_t count = read(descriptor, block.data(), block.size());
+    if (count == 0) return text;
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) fail(name, "cannot be read");
+    if (static_cast<std::size_t>(count) > most - text.size())
+      throw std::runtime_error(name + ": holds more than " + std::to_string(most) + " bytes");
+    text.append(block.data(), static_cast<std::size_t>(count));
+  }
+}
+
+void writeAll(int descriptor, const std::string& text, const std::string& name) {
+  for (std::size_t done = 0; done < text.size();) {
+    const ssize_t count = write(descriptor, text.data() + done, text.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) fail(name, "cannot be written");
+    done += static_cast<std::size_t>(count);
+  }
+}
+
+std::string readFile(const std::string& name, std::size_t most) {
+  const Opened file(name, O_RDONLY);
+  if (!file) fail(name, "cannot be opened");
+  return readAll(file.descriptor(), name, most);
 }
 
 void writeFile(const std::string& name, const std::string& text) {
   if (name == "-") {
-    std::cout << text << std::flush;
-    if (!std::cout) throw std::runtime_error("standard output: cannot be written");
+    writeStandardOutput(text);
     return;
   }
-  std::ofstream out(name, std::ios::binary);
-  if (!out.is_open()) throw std::runtime_error(name + ": cannot be opened for writing");
-  out << text;
-  out.close();
-  if (!out) throw std::runtime_error(name + ": cannot be written");
+  Opened file(name, O_WRONLY | O_CREAT | O_TRUNC);
+  if (!file) fail(name, "cannot be opened for writing");
+  writeAll(file.descriptor(), text, name);
+  if (!file.closed()) fail(name, "cannot be written");
 }
 
 std::string inputName(const std::string& name) {

@@ -1,16 +1,29 @@
-// Whole files in and out. Failures are std::runtime_error with one line.
+// Whole files in and out. Failures are std::runtime_error with one line that names the file and the
+// system's reason.
 
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <string>
 
 namespace tpn {
 
-std::string readFile(const std::string& name);
+constexpr std::size_t anySize = std::numeric_limits<std::size_t>::max();
+
+// More than this is no network, property, map or answer: a device without end, say.
+constexpr std::size_t largestInput = std::size_t{256} << 20U;
+
+// One that holds more than `most` bytes is refused.
+std::string readFile(const std::string& name, std::size_t most = anySize);
 
 // Everything is on its way to the disk when this returns: a full one is noticed. "-" is standard
 // output.
 void writeFile(const std::string& name, const std::string& text);
+
+// The same for an open descriptor, from and at where it stands; `name` is for the message.
+std::string readAll(int descriptor, const std::string& name, std::size_t most = anySize);
+void writeAll(int descriptor, const std::string& text, const std::string& name);
 
 // NAME as the user gave it, or NAME.tpn where only that exists: zervan knows files by the shorter
 // name.

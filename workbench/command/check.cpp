@@ -4,28 +4,30 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "workbench/base/printable.hpp"
+#include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
-#include "workbench/command/runoutput.hpp"
 #include "workbench/command/subcommand.hpp"
-#include "workbench/views/views.hpp"
+#include "workbench/command/viewchoice.hpp"
 
 namespace tpn {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 struct Arguments {
   Files files;
   CheckOptions options;
   double timeout = 0;
-  RunOutput output;
+  RunViews views{runViews()};
 };
 
 // Lines on a terminal that overwrite each other; nothing elsewhere.
@@ -54,16 +56,17 @@ const char* nameOf(Verdict::Answer answer) {
   return answer == Verdict::unreached ? "unreached" : "unknown";
 }
 
-std::string verdictText(const Inputs& q, const Verdict& v) {
+// With the run in the view that was chosen.
+std::string verdictText(const Inputs& q, const Verdict& v, const RunView& view) {
   const std::string steps = " (k = " + std::to_string(v.bound) + ")";
   switch (v.answer) {
     case Verdict::reachable:
-      return "reachable" + steps + "\n\n" + runText(q.net, q.property, *v.run);
+      return "reachable" + steps + "\n\n" + view.print(q.net, q.property, *v.run);
     case Verdict::unreached:
       return "no run of up to " + std::to_string(v.bound) + " steps reaches it" +
-             (v.reason.empty() ? "" : ": " + v.reason) + "\n";
+             (v.reason.empty() ? "" : ": " + printable(v.reason)) + "\n";
     default:
-      return "unknown: " + v.reason + "; " +
+      return "unknown: " + printable(v.reason) + "; " +
              (v.bound > 0 ? "no run of up to " + std::to_string(v.bound) + " steps reaches it\n"
                           : "no bound was completed\n");
   }
@@ -72,12 +75,13 @@ std::string verdictText(const Inputs& q, const Verdict& v) {
 std::string verdictJson(const Inputs& q, const Verdict& v) {
   Json json{{"answer", nameOf(v.answer)}, {"bound", v.bound}};
   if (!v.reason.empty()) json["reason"] = v.reason;
-  if (v.run) json["run"] = Json::parse(runJson(q.net, q.property, *v.run));
-  return json.dump(2) + "\n";
+  if (v.run) json["run"] = runJson(q.net, q.property, *v.run);
+  return jsonText(json);
 }
 
 int answer(const Arguments& a, const Inputs& q, const Verdict& v) {
-  print(a.output, q, v.run, a.output.json ? verdictJson(q, v) : verdictText(q, v));
+  print(a.views, q, v.run,
+        a.views.shows("json") ? verdictJson(q, v) : verdictText(q, v, a.views.shown()));
   if (v.answer == Verdict::reachable) return yes;
   return v.answer == Verdict::unreached ? no : done;
 }
@@ -97,12 +101,32 @@ Verdict searched(const Inputs& q, const CheckOptions& options) {
   }
 }
 
-int checked(Arguments a) {
+// kK.cnf and its like: what is kept of a bound.
+bool isKept(std::string_view name) {
+  const std::size_t suffix = name.find_first_not_of("0123456789", 1);
+  if (!name.starts_with('k') || suffix < 2 || suffix == std::string_view::npos) return false;
+  constexpr std::array<std::string_view, 5> kept{".cnf", ".lck", ".out", ".err", ".result"};
+  return std::find(kept.begin(), kept.end(), name.substr(suffix)) != kept.end();
+}
+
+FilePlan planOf(const Arguments& a) {
+  FilePlan plan = planFor(a.files);
+  if (a.options.solver.find('/') != std::string::npos) plan.reads(a.options.solver);
+  if (!a.options.keep.empty()) plan.writesLike(a.options.keep, isKept);
+  a.views.addTo(plan);
+  return plan;
+}
+
+int checked(const Arguments& a) {
+  planOf(a);
   const std::optional<Inputs> q = inputsOf(a.files);
   if (!q) return failed;
+  CheckOptions options = a.options;
+  // Nobody waits longer, and a clock counts nanoseconds up to ten times that.
+  constexpr double longest = 1e9;
   if (a.timeout > 0)
-    a.options.timeout = std::chrono::milliseconds(static_cast<long>(a.timeout * 1000));
-  return answer(a, *q, searched(*q, a.options));
+    options.timeout = std::chrono::milliseconds(std::llround(std::min(a.timeout, longest) * 1000));
+  return answer(a, *q, searched(*q, options));
 }
 
 Action declare(CLI::App& app) {
@@ -115,9 +139,7 @@ Action declare(CLI::App& app) {
       ->type_name("K")
       ->capture_default_str()
       ->check(CLI::PositiveNumber);
-  app.add_option("--timeout", a->timeout, "stop after S seconds")
-      ->type_name("S")
-      ->check(CLI::PositiveNumber);
+  app.add_option("--timeout", a->timeout, "stop after S seconds")->type_name("S")->check(seconds());
   app.add_option("--solver", options.solver,
                  "cadical, minisat, picosat, cryptominisat5 or a path, instead of the embedded one")
       ->type_name("NAME");
@@ -127,7 +149,7 @@ Action declare(CLI::App& app) {
       ->check(CLI::PositiveNumber);
   app.add_option("--keep", options.keep, "keep clause files, maps and answers here")
       ->type_name("DIR");
-  addRunOutput(app, a->output);
+  a->views.declare(app);
   return [a] { return checked(*a); };
 }
 

@@ -5,6 +5,8 @@
 #include "workbench/base/files.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/encoding/lintbound.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {

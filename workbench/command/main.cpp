@@ -1,8 +1,16 @@
 // The command line of tpn: a row a subcommand, and how the program ends.
 
-#include <cstdio>
-#include <exception>
+#include <unistd.h>
 
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <iostream>
+#include <new>
+#include <sstream>
+
+#include "workbench/base/files.hpp"
+#include "workbench/base/printable.hpp"
 #include "workbench/command/subcommand.hpp"
 
 namespace {
@@ -14,7 +22,29 @@ constexpr const Subcommand* subcommands[] = {&lintCommand,  &showCommand, &check
                                              &traceCommand, &runCommand,  &certifyCommand,
                                              &exportCommand};
 
+constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
+
+// The command line's library makes its validators before main, where nothing catches what they
+// throw.
+[[gnu::constructor(101)]] void watchMemoryBeforeMain() {
+  std::set_new_handler([] {
+    const ssize_t ignored = write(STDERR_FILENO, noMemory, std::strlen(noMemory));
+    (void)ignored;
+    _exit(failed);
+  });
+}
+
 constexpr const char* version = "tpn " ZERVAN_VERSION;
+
+// What the parser says may quote anything that was given.
+int told(const CLI::App& app, const CLI::ParseError& e) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = app.exit(e, out, err);
+  std::cerr << printableLines(err.str());
+  writeFile("-", printableLines(out.str()));
+  return status == 0 ? done : misused;
+}
 
 int command(int argc, char** argv) {
   CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
@@ -29,18 +59,30 @@ int command(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
-    return app.exit(e) == 0 ? done : misused;
+    return told(app, e);
   }
   return action();
+}
+
+// Names of files may be any bytes.
+void complain(const char* what) {
+  try {
+    std::fprintf(stderr, "tpn: %s\n", printable(what).c_str());
+  } catch (const std::bad_alloc&) {
+    std::fputs("tpn: what went wrong does not fit into memory\n", stderr);
+  }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::set_new_handler(nullptr);
   try {
     return command(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::fputs(noMemory, stderr);
   } catch (const std::exception& e) {
-    std::fprintf(stderr, "tpn: %s\n", e.what());
-    return failed;
+    complain(e.what());
   }
+  return failed;
 }

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "workbench/base/files.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {
@@ -25,12 +26,19 @@ void addPhi(CLI::App& app, Files& files, bool required) {
 
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
   const std::string name = inputName(files.net);
-  return readNetwork(name, readFile(name), diagnostics);
+  return readNetwork(name, readFile(name, largestInput), diagnostics);
 }
 
 std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics) {
   const std::string name = inputName(files.phi);
-  return readProperty(name, readFile(name), diagnostics);
+  return readProperty(name, readFile(name, largestInput), diagnostics);
+}
+
+FilePlan planFor(const Files& files) {
+  FilePlan plan;
+  plan.reads(inputName(files.net));
+  if (!files.phi.empty()) plan.reads(inputName(files.phi));
+  return plan;
 }
 
 std::optional<Network> networkOf(const Files& files) {

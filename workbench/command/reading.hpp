@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "workbench/base/fileplan.hpp"
 #include "workbench/network/diagnostic.hpp"
 #include "workbench/network/goal.hpp"
 #include "workbench/network/network.hpp"
@@ -36,6 +37,9 @@ void addPhi(CLI::App& app, Files& files, bool required);
 // only where one is named.
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics);
 std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics);
+
+// What they are read from, for the outputs to be compared with.
+FilePlan planFor(const Files& files);
 
 // With the mistakes on standard error; nothing where they are errors.
 std::optional<Network> networkOf(const Files& files);

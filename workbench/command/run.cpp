@@ -5,11 +5,14 @@
 #include <sstream>
 
 #include "workbench/base/files.hpp"
+#include "workbench/base/printable.hpp"
+#include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
-#include "workbench/command/runoutput.hpp"
 #include "workbench/command/subcommand.hpp"
-#include "workbench/views/views.hpp"
+#include "workbench/command/viewchoice.hpp"
+#include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
+#include "workbench/walking/walkcommands.hpp"
 
 namespace tpn {
 
@@ -20,46 +23,62 @@ struct Arguments {
   std::optional<std::uint64_t> seed;
   std::size_t steps = 20;
   std::string script;
-  RunOutput output;
+  RunViews views{runViews()};
 };
 
-Walked walked(const Arguments& a, const Network& net) {
+bool byHand(const Arguments& a) { return !a.seed && a.script.empty(); }
+
+// A script's view commands write files as the options do.
+FilePlan planOf(const Arguments& a, const std::string& script) {
+  FilePlan plan = planFor(a.files);
+  if (!a.script.empty()) plan.reads(a.script);
+  if (byHand(a)) plan.reads("/dev/stdin");
+  a.views.addTo(plan);
+  std::istringstream commands(script);
+  for (const std::string& file : filesWritten(commands)) plan.writes(file);
+  return plan;
+}
+
+Walked walked(const Arguments& a, const Network& net, const std::string& script,
+              const FilePlan& plan) {
   if (a.seed) return walkRandomly(net, *a.seed, a.steps);
-  if (a.script.empty()) return walk(net, std::cin, std::cout);
-  std::istringstream script(readFile(a.script));
-  return walkScript(net, a.script, script, std::cout);
+  std::istringstream commands(script);
+  if (!byHand(a)) return walkScript(net, a.script, commands, std::cout);
+  return walk(net, std::cin, std::cout,
+              [&](const std::string& file) { return plan.refusal(file); });
 }
 
 int run(const Arguments& a) {
+  const std::string script = a.script.empty() ? "" : readFile(a.script, largestInput);
+  const FilePlan plan = planOf(a, script);
   const std::optional<Network> net = networkOf(a.files);
   if (!net) return failed;
-  const Walked made = walked(a, *net);
+  const Walked made = walked(a, *net, script, plan);
   const Inputs q{*net, anything()};
-  std::string text;
-  if (a.output.json) {
-    text = runJson(q.net, q.property, made.run);
-  } else if (a.seed) {
-    text = runText(q.net, q.property, made.run);
-  }
-  print(a.output, q, made.run, text);
+  // A walk by hand has shown its steps already.
+  const bool silent = a.views.showsUsual() && !a.seed;
+  const std::string text = silent ? "" : a.views.shown().print(q.net, q.property, made.run);
+  print(a.views, q, made.run, text);
   if (!made.stuck.empty()) std::cerr << "tpn: " << made.stuck << "\n";
-  if (!made.error.empty()) std::cerr << made.error << "\n";
+  if (!made.error.empty()) std::cerr << printable(made.error) << "\n";
   return made.error.empty() ? done : failed;
 }
 
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  CLI::Option* random =
-      app.add_option("--random", a->seed, "random steps from this seed")->type_name("SEED");
+  CLI::Option* random = app.add_option("--random", a->seed, "random steps from this seed")
+                            ->type_name("SEED")
+                            ->check(wholeNumber());
   app.add_option("--steps", a->steps, "how many random steps")
       ->type_name("N")
+      ->check(wholeNumber())
       ->capture_default_str()
       ->needs(random);
   app.add_option("--script", a->script, "take the commands from a file")
       ->type_name("FILE")
       ->excludes(random);
-  addRunOutput(app, a->output);
+  a->views.declare(app);
   return [a] { return run(*a); };
 }
 

@@ -1,16 +1,10 @@
-// tpn show: a network as text, as JSON, in Graphviz's language, or drawn by it.
+// tpn show: a network in one of its views.
 
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
-#include <stdexcept>
 
-#include "workbench/base/files.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
-#include "workbench/views/views.hpp"
+#include "workbench/command/viewchoice.hpp"
 
 namespace tpn {
 
@@ -18,43 +12,25 @@ namespace {
 
 struct Arguments {
   Files files;
-  bool json = false;
-  bool dot = false;
-  std::string svg;
+  NetworkViews views{networkViews()};
 };
 
-// Runs Graphviz on a picture in its language.
-void drawWithDot(const std::string& dot, const std::string& file) {
-  const std::string scratch = std::filesystem::temp_directory_path() / "tpn-XXXXXX.dot";
-  std::string name = scratch;
-  const int made = mkstemps(name.data(), 4);
-  if (made < 0) throw std::runtime_error(scratch + ": cannot be made");
-  close(made);
-  writeFile(name, dot);
-  std::string quoted;
-  for (const char c : file) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  const std::string command = "dot -Tsvg -o '" + quoted + "' " + name;
-  const int status = std::system(command.c_str());
-  std::filesystem::remove(name);
-  if (status != 0) throw std::runtime_error("dot (package graphviz) did not draw " + file);
-}
-
 int show(const Arguments& a) {
+  FilePlan plan = planFor(a.files);
+  a.views.addTo(plan);
   const std::optional<Network> net = networkOf(a.files);
   if (!net) return failed;
-  if (!a.svg.empty()) drawWithDot(networkDot(*net), a.svg);
-  if (a.json) writeFile("-", networkJson(*net));
-  if (a.dot) writeFile("-", networkDot(*net));
-  if (!a.json && !a.dot && a.svg.empty()) writeFile("-", networkText(*net));
+  a.views.writeFiles([&](const NetworkView& view) { return view.print(*net); });
+  // Whoever asks for a picture wants no list with it.
+  const bool silent = a.views.showsUsual() && a.views.anyFile();
+  if (!silent) writeFile("-", a.views.shown().print(*net));
   return done;
 }
 
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  CLI::Option* dot = app.add_flag("--dot", a->dot, "print it for Graphviz");
-  app.add_option("--svg", a->svg, "draw it, with Graphviz")->type_name("FILE");
-  app.add_flag("--json", a->json, "print JSON instead of text")->excludes(dot);
+  a->views.declare(app);
   return [a] { return show(*a); };
 }
 

@@ -1,13 +1,13 @@
 // tpn trace: the run in a solver's answer to the file that zervan wrote.
 
 #include <memory>
+#include <nlohmann/json.hpp>
 
 #include "workbench/base/files.hpp"
 #include "workbench/command/reading.hpp"
-#include "workbench/command/runoutput.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/command/viewchoice.hpp"
 #include "workbench/search/check.hpp"
-#include "workbench/views/views.hpp"
 
 namespace tpn {
 
@@ -17,20 +17,24 @@ struct Arguments {
   Files files;
   std::string map;
   std::string answer;
-  RunOutput output;
+  RunViews views{runViews()};
 };
 
 int trace(const Arguments& a) {
+  FilePlan plan = planFor(a.files);
+  plan.reads(a.map);
+  plan.reads(a.answer);
+  a.views.addTo(plan);
   const std::optional<Inputs> q = inputsOf(a.files);
   if (!q) return failed;
-  const std::optional<Run> run = traced(q->net, q->property, readFile(a.map), readFile(a.answer));
+  const std::optional<Run> run =
+      traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput));
   if (!run) {
-    writeFile("-",
-              a.output.json ? "{\n  \"answer\": \"unreached\"\n}\n" : "no run: unsatisfiable\n");
+    writeFile("-", a.views.shows("json") ? jsonText({{"answer", "unreached"}})
+                                         : "no run: unsatisfiable\n");
     return no;
   }
-  print(a.output, *q, run,
-        a.output.json ? runJson(q->net, q->property, *run) : runText(q->net, q->property, *run));
+  print(a.views, *q, run, a.views.shown().print(q->net, q->property, *run));
   return yes;
 }
 
@@ -41,7 +45,7 @@ Action declare(CLI::App& app) {
   app.add_option("MAP", a->map, "variable map, NETkK.lck")->required();
   app.add_option("ANSWER", a->answer, "what the solver said: v lines, or MiniSat's file")
       ->required();
-  addRunOutput(app, a->output);
+  a->views.declare(app);
   return [a] { return trace(*a); };
 }
 

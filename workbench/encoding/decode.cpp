@@ -1,7 +1,11 @@
 #include "workbench/encoding/decode.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
+
+#include "workbench/runs/replay.hpp"
+#include "workbench/runs/schedule.hpp"
 
 namespace tpn {
 
@@ -46,7 +50,7 @@ Decoded read(const NetTimedModel& model, const std::vector<bool>& bits) {
 class Decoder {
  public:
   Decoder(const Network& net, Layout layout, const NetTimedModel& model)
-      : net_(net), layout_(layout), model_(model), at_(initialLocations(net)) {}
+      : net_(net), model_(model), codes_(net, layout), at_(initialLocations(net)) {}
 
   const Locations& at() const { return at_; }
 
@@ -55,8 +59,11 @@ class Decoder {
     ++count_;
     const Decoded from = read(model_, before);
     const Decoded to = read(model_, after);
+    const std::vector<bool> changed = changes(from, to);
+    const auto count = std::count(changed.begin(), changed.end(), true);
     for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
-      if (!explains(net_.transitions[t], from, to)) continue;
+      const Transition& transition = net_.transitions[t];
+      if (changesAmong(transition, changed) != count || !explains(transition, from, to)) continue;
       for (const Move& move : net_.transitions[t].moves) at_[move.process] = move.target;
       return t;
     }
@@ -64,16 +71,24 @@ class Decoder {
   }
 
  private:
+  // [process]: its location or its clock is another.
+  static std::vector<bool> changes(const Decoded& from, const Decoded& to) {
+    std::vector<bool> changed;
+    for (std::size_t p = 0; p < from.clocks.size(); ++p)
+      changed.push_back(from.locations[p] != to.locations[p] || from.clocks[p] != to.clocks[p]);
+    return changed;
+  }
+
+  static std::ptrdiff_t changesAmong(const Transition& t, const std::vector<bool>& changed) {
+    return std::count_if(t.moves.begin(), t.moves.end(),
+                         [&](const Move& move) { return changed[move.process]; });
+  }
+
+  // As far as its own processes go.
   bool explains(const Transition& t, const Decoded& from, const Decoded& to) const {
-    std::vector<bool> moves(net_.processes.size(), false);
     for (const Move& move : t.moves) {
-      moves[move.process] = true;
       if (at_[move.process] != move.source || to.clocks[move.process] != 0) return false;
       if (codeIn(move.process, move.target) != to.locations[move.process]) return false;
-    }
-    for (std::size_t p = 0; p < moves.size(); ++p) {
-      const bool stays = from.locations[p] == to.locations[p] && from.clocks[p] == to.clocks[p];
-      if (!moves[p] && !stays) return false;
     }
     return inTime(t, from);
   }
@@ -90,13 +105,13 @@ class Decoder {
 
   // As far as its bits can say.
   std::int64_t codeIn(std::size_t process, int location) const {
-    const std::int64_t code = codeOf(net_.processes[process], location, layout_);
+    const std::int64_t code = codes_.of(process, location);
     return code & ((std::int64_t{1} << model_.nrVertBits[process + 1]) - 1);
   }
 
   const Network& net_;
-  Layout layout_;
   const NetTimedModel& model_;
+  LocationCodes codes_;
   Locations at_;
   int count_ = 0;
 };

@@ -1,7 +1,6 @@
 #include "workbench/encoding/encode.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 
@@ -11,28 +10,18 @@ namespace {
 
 using Number = NetTimedModel::Number;
 
-// Twice the constant and 2 more is counted in 31 bits.
-constexpr std::int64_t mostConstant = (std::int64_t{1} << 30) - 2;
-
 Number stored(std::int64_t n) { return static_cast<Number>(n); }
 
-std::int64_t largestLatest(const Network& net) {
-  std::int64_t largest = 0;
-  for (const Transition& t : net.transitions)
-    largest = std::max(largest, t.interval.latest.value_or(0));
-  return largest;
-}
-
-void addTransition(const Network& net, std::size_t t, Layout layout, NetTimedModel& model) {
+void addTransition(const Network& net, std::size_t t, const LocationCodes& codes,
+                   NetTimedModel& model) {
   const Transition& transition = net.transitions[t];
   const std::int64_t latest = transition.interval.latest.value_or(-1);
   const Number name = stored(number(t));
   model.timeIntervals.emplace_back(stored(transition.interval.earliest), stored(latest));
   for (const Move& move : transition.moves) {
     const Number p = stored(number(move.process));
-    const Process& process = net.processes[move.process];
-    const std::int64_t source = codeOf(process, move.source, layout);
-    const std::int64_t target = codeOf(process, move.target, layout);
+    const std::int64_t source = codes.of(move.process, move.source);
+    const std::int64_t target = codes.of(move.process, move.target);
     model.transProcs[name].insert(p);
     model.localTrans[{p, name}] = {stored(source), stored(target)};
     model.vertices.insert({p, stored(source)});
@@ -40,39 +29,60 @@ void addTransition(const Network& net, std::size_t t, Layout layout, NetTimedMod
   }
 }
 
-void addProcess(const Network& net, std::size_t index, Layout layout, NetTimedModel& model) {
-  const Process& process = net.processes[index];
+void addLabels(const Network& net, std::size_t index, const LocationCodes& codes,
+               NetTimedModel& model) {
   const Number p = stored(number(index));
-  // The core knows of no locations but those that moves mention.
-  if (layout == Layout::workbench)
-    for (const int location : process.locations)
-      model.vertices.insert({p, stored(codeOf(process, location, layout))});
-  for (const auto& [location, propositions] : process.labels)
+  for (const auto& [location, propositions] : net.processes[index].labels)
     for (const int q : propositions)
-      model.valuation.insert({{p, stored(codeOf(process, location, layout))}, stored(q)});
+      model.valuation.insert({{p, stored(codes.of(index, location))}, stored(q)});
+}
+
+// The core knows of no locations but those that moves mention.
+void addLocations(const Network& net, std::size_t index, const LocationCodes& codes,
+                  NetTimedModel& model) {
+  for (const int location : net.processes[index].locations)
+    model.vertices.insert({stored(number(index)), stored(codes.of(index, location))});
+}
+
+EctlOper operatorOf(PropertyItem::Kind kind) {
+  switch (kind) {
+    case PropertyItem::proposition:
+      return EctlOper::prop;
+    case PropertyItem::negated:
+      return EctlOper::negProp;
+    case PropertyItem::conjunction:
+      return EctlOper::conj;
+    case PropertyItem::disjunction:
+      return EctlOper::disj;
+    default:
+      return EctlOper::truth;
+  }
 }
 
 }  // namespace
 
-std::int64_t codeOf(const Process& process, int location, Layout layout) {
-  if (layout == Layout::core) return location;
-  const auto found = process.locations.lower_bound(location);
-  return std::distance(process.locations.begin(), found);
+LocationCodes::LocationCodes(const Network& net, Layout layout) : layout_(layout) {
+  if (layout == Layout::core) return;
+  for (const Process& process : net.processes)
+    locations_.emplace_back(process.locations.begin(), process.locations.end());
 }
 
-std::string propertyText(const Property& property) {
-  std::string text;
-  for (const auto& [kind, number] : property.items) {
-    if (kind == PropertyItem::truth) text += "T";
-    if (kind == PropertyItem::proposition) text += "p" + std::to_string(number);
-    if (kind == PropertyItem::negated) text += "p-" + std::to_string(number);
-    if (kind == PropertyItem::conjunction) text += "&";
-    if (kind == PropertyItem::disjunction) text += "+";
-  }
-  return text;
+std::int64_t LocationCodes::of(std::size_t process, int location) const {
+  if (layout_ == Layout::core) return location;
+  const std::vector<int>& all = locations_.at(process);
+  return std::lower_bound(all.begin(), all.end(), location) - all.begin();
 }
 
-void encode(const Network& net, const Property& property, Layout layout, NetTimedModel& model) {
+EctlForm formulaOf(const Property& property) {
+  std::vector<OnpNode> items;
+  items.reserve(property.items.size());
+  for (const PropertyItem& item : property.items)
+    items.push_back({operatorOf(item.kind), item.number});
+  return EctlForm(items);
+}
+
+void encode(const Network& net, const Property& property, Layout layout, NetTimedModel& model,
+            const Checkpoint& checkpoint) {
   const std::int64_t largest = largestConstant(net);
   if (largest > mostConstant)
     throw std::runtime_error("the time " + std::to_string(largest) + " is too large: up to " +
@@ -82,10 +92,18 @@ void encode(const Network& net, const Property& property, Layout layout, NetTime
   model.nrOfTrans = static_cast<int>(net.transitions.size());
   model.maxConst = static_cast<int>(range);
   model.timeIntervals.emplace_back(0, 0);  // transitions count from 1
-  for (std::size_t t = 0; t < net.transitions.size(); ++t) addTransition(net, t, layout, model);
-  for (std::size_t p = 0; p < net.processes.size(); ++p) addProcess(net, p, layout, model);
+  const LocationCodes codes(net, layout);
+  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
+    checkpoint.at(t);
+    addTransition(net, t, codes, model);
+  }
+  for (std::size_t p = 0; p < net.processes.size(); ++p) {
+    checkpoint();
+    if (layout == Layout::workbench) addLocations(net, p, codes, model);
+    addLabels(net, p, codes, model);
+  }
   model.compNrOfBits();
-  model.formula = std::make_unique<EctlForm>(propertyText(property));
+  model.formula = std::make_unique<EctlForm>(formulaOf(property));
 }
 
 }  // namespace tpn

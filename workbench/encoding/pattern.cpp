@@ -14,7 +14,8 @@ std::size_t indexOf(int nr) { return static_cast<std::size_t>(std::abs(nr) - fir
 }  // namespace
 
 // Operands are older than their node: one scan downwards marks, one upwards numbers.
-Pattern::Pattern(int count, const std::vector<BoolForm>& formulas) : variables(count) {
+Pattern::Pattern(int count, const std::vector<BoolForm>& formulas, const Checkpoint& checkpoint)
+    : variables(count) {
   std::vector<int> numbers(BoolForm::tv.size(), 0);  // of the nodes that occur
   const auto mark = [&](int nr) {
     if (!isConstant(nr) && isNodeNr(nr)) numbers[indexOf(nr)] = 1;
@@ -26,11 +27,13 @@ Pattern::Pattern(int count, const std::vector<BoolForm>& formulas) : variables(c
   };
   for (const BoolForm& formula : formulas) mark(formula.nr);
   for (std::size_t i = numbers.size(); i-- > 0;) {
+    checkpoint.at(i);
     if (numbers[i] == 0) continue;
     mark(BoolForm::tv[i].left);
     mark(BoolForm::tv[i].right);
   }
   for (std::size_t i = 0; i < numbers.size(); ++i) {
+    checkpoint.at(i);
     if (numbers[i] == 0) continue;
     const auto [op, left, right] = BoolForm::tv[i];
     nodes.push_back({op, operand(left), operand(right)});
@@ -54,12 +57,6 @@ std::vector<bool> Pattern::evaluate(const std::vector<bool>& values) const {
   std::vector<bool> result;
   for (const int root : roots) result.push_back(value(root));
   return result;
-}
-
-void emptyStore() {
-  std::vector<Triple>().swap(BoolForm::tv);
-  BoolForm::mti = NodeIndex();
-  BoolForm::maxNr = varNrLimit;
 }
 
 }  // namespace tpn

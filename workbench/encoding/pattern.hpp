@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "boolform/boolform.hpp"
+#include "workbench/base/checkpoint.hpp"
 
 namespace tpn {
 
@@ -26,13 +27,10 @@ struct Pattern {
   std::vector<int> roots;  // the formulas, in the order given
 
   // Of formulas over the variables 1 .. count.
-  Pattern(int count, const std::vector<BoolForm>& formulas);
+  Pattern(int count, const std::vector<BoolForm>& formulas, const Checkpoint& checkpoint = {});
 
   // The value of each root; values[v] is variable v's.
   std::vector<bool> evaluate(const std::vector<bool>& values) const;
 };
-
-// Gives back the memory of the process-wide store. No formula built before is valid any more.
-void emptyStore();
 
 }  // namespace tpn

@@ -15,8 +15,7 @@ StateLength stateLength(const Network& net) {
     for (const int location : net.processes[p].locations)
       model.vertices.insert({static_cast<NetTimedModel::Number>(number(p)),
                              static_cast<NetTimedModel::Number>(location)});
-  for (const Transition& t : net.transitions)
-    model.maxConst = std::max(model.maxConst, static_cast<int>(t.interval.latest.value_or(0)));
+  model.maxConst = static_cast<int>(largestLatest(net));
   model.compNrOfBits();
   return {model.totalNrVertBits, model.intPLen, model.frPLen, model.getSymStateLen()};
 }

@@ -3,6 +3,7 @@
 #include <cadical.hpp>
 #include <cassert>
 #include <cstdlib>
+#include <utility>
 
 #include "translation/reachtran.hpp"
 
@@ -22,11 +23,12 @@ SymState wholeState(const NetTimedModel& model, int i) {
 
 }  // namespace
 
-Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver)
+Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver, Checkpoint checkpoint)
     : solver_(solver),
+      checkpoint_(std::move(checkpoint)),
       stateLength_(static_cast<int>(model.getSymStateLen())),
       firstFraction_(model.totalNrVertBits + (model.nrOfClocks + 1) * model.intPLen) {
-  emptyStore();
+  BoolForm::emptyStore();
   const int variables = statesInPattern * stateLength_;
   assert(variables < varNrLimit);
   const SymState begin = wholeState(model, 0);
@@ -38,9 +40,11 @@ Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver)
   const BoolForm time = model.timeSucc(adjusted, delayed);
   const BoolForm action = model.actionSucc(delayed, done);
   const BoolForm property = EctlTransl(model, statesInPattern).transl(*model.formula, 3);
-  patterns_.emplace_back(variables, std::vector<BoolForm>{initial, time, action, property});
-  patterns_.emplace_back(variables, std::vector<BoolForm>{adjust, time, action, property});
-  emptyStore();
+  patterns_.emplace_back(variables, std::vector<BoolForm>{initial, time, action, property},
+                         checkpoint_);
+  patterns_.emplace_back(variables, std::vector<BoolForm>{adjust, time, action, property},
+                         checkpoint_);
+  BoolForm::emptyStore();
   yes_ = static_cast<int>(++variables_);
   add(yes_);
 }
@@ -72,16 +76,7 @@ void Unrolling::define(const Pattern::Node& node) {
   const int r = literal(node.right);
   const int n = static_cast<int>(++variables_);
   instance_.push_back(n);
-  if (node.op == bfCon) {
-    add(-n, l);
-    add(-n, r);
-    add(-l, -r, n);
-  } else {
-    add(-n, -l, r);
-    add(-n, -r, l);
-    add(l, r, n);
-    add(-l, -r, n);
-  }
+  ::define(node.op, l, r, n, [this](int a, int b, int c) { add(a, b, c); });
 }
 
 int Unrolling::extend() {
@@ -93,7 +88,10 @@ int Unrolling::extend() {
   };
   place(isFirst ? 0 : states_.back());  // does not occur in the first rotation
   for (int i = 1; i < statesInPattern; ++i) place(newState());
-  for (const Pattern::Node& node : pattern.nodes) define(node);
+  for (std::size_t i = 0; i < pattern.nodes.size(); ++i) {
+    checkpoint_.at(i);
+    define(pattern.nodes[i]);
+  }
   for (std::size_t i = 0; i + 1 < pattern.roots.size(); ++i) add(literal(pattern.roots[i]));
   return literal(pattern.roots.back());
 }

@@ -28,8 +28,9 @@ namespace tpn {
 
 class Unrolling {
  public:
-  // Empties the process-wide formula store, before and after. Both are borrowed.
-  Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver);
+  // Empties the process-wide formula store, before and after. Model and solver are borrowed. Where
+  // the checkpoint throws, here or in `extend`, the solver is left with clauses that mean nothing.
+  Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver, Checkpoint checkpoint = {});
 
   // One action more: adds the clauses of a rotation. Returns the literal that says that the last
   // state has the property.
@@ -48,6 +49,7 @@ class Unrolling {
   void define(const Pattern::Node& node);
 
   CaDiCaL::Solver& solver_;
+  Checkpoint checkpoint_;
   int stateLength_;
   int firstFraction_;  // within a state: the split value and fractional parts are its end
   int yes_ = 0;        // a variable that holds: stands for the constants

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "workbench/base/json.hpp"
+#include "workbench/base/printable.hpp"
+
 namespace tpn {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 bool isError(const Diagnostic& d) { return d.severity == Severity::error; }
 
@@ -33,7 +34,7 @@ std::string text(const Diagnostic& d) {
   std::string place = d.file;
   if (d.line > 0) place += ":" + std::to_string(d.line);
   if (d.line > 0 && d.column > 0) place += ":" + std::to_string(d.column);
-  return place + ": " + severityName(d) + ": " + d.message + " [" + d.id + "]";
+  return printable(place + ": " + severityName(d) + ": " + d.message + " [" + d.id + "]");
 }
 
 std::string diagnosticsJson(const Diagnostics& diagnostics) {
@@ -43,8 +44,7 @@ std::string diagnosticsJson(const Diagnostics& diagnostics) {
   const Json all{{"errors", errors},
                  {"warnings", static_cast<std::ptrdiff_t>(diagnostics.size()) - errors},
                  {"diagnostics", list}};
-  // File names may be any bytes.
-  return all.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return jsonText(all);
 }
 
 }  // namespace tpn

@@ -24,7 +24,8 @@ using Diagnostics = std::vector<Diagnostic>;
 
 bool hasErrors(const Diagnostics& diagnostics);
 
-// "file:line:column: error: message [id]"; a position that is 0 is left out.
+// "file:line:column: error: message [id]"; a position that is 0 is left out. File
+// names may be any bytes; this is printable.
 std::string text(const Diagnostic& d);
 
 // All of them as one JSON object, indented and with a line end; docs/lint.schema.json describes it.

@@ -15,7 +15,6 @@ namespace tpn {
 namespace {
 
 constexpr int noLimit = -1;
-constexpr int largestTime = 1073741822;  // 2 * it + 2 still fits into 32 bits
 
 std::string numbered(const std::string& what, int n) { return what + " " + std::to_string(n); }
 
@@ -30,9 +29,9 @@ void checkTime(const Field& field, bool mayBeOpen, Report& report) {
     report.add(Rule::timeNegative, field.at,
                "time " + std::to_string(time) + " is negative" +
                    (mayBeOpen ? "; only -1, for no limit, may be" : ""));
-  if (time > largestTime)
+  if (time > mostConstant)
     report.add(Rule::timeTooLarge, field.at,
-               numbered("time", time) + " is above " + std::to_string(largestTime) +
+               numbered("time", time) + " is above " + std::to_string(mostConstant) +
                    ", the most that zervan can encode");
 }
 
@@ -40,14 +39,14 @@ int largestLatest(const NetworkFile& file) {
   int largest = 0;
   for (const DeclarationLine& line : file.declarations)
     largest = std::max(largest, line.latest.value.value_or(0));
-  return std::min(largest, largestTime);
+  return std::min(largest, static_cast<int>(mostConstant));
 }
 
 // Clocks of w bits hold constants below 2^w; those above the largest latest time come out wrong
 // before that, for no single delay is longer.
 void checkRange(const DeclarationLine& line, int largest, Report& report) {
   const int earliest = line.earliest.value.value_or(0);
-  if (earliest <= largest || earliest > largestTime) return;
+  if (earliest <= largest || earliest > mostConstant) return;
   const auto bits = [](int n) { return std::bit_width(static_cast<unsigned>(n)); };
   const bool fits = bits(earliest) <= bits(2 * largest + 2);
   report.add(Rule::earliestTooLate, line.earliest.at,
@@ -76,9 +75,12 @@ class Transitions {
  public:
   Transitions(const NetworkFile& file, Report& report) : file_(file), report_(report) {}
 
-  void check() {
+  void check(const Checkpoint& checkpoint) {
     for (const DeclarationLine& line : file_.declarations) declare(line.transition);
-    for (std::size_t p = 0; p < file_.processes.size(); ++p) use(file_.processes[p], number(p));
+    for (std::size_t p = 0; p < file_.processes.size(); ++p) {
+      checkpoint();
+      use(file_.processes[p], number(p));
+    }
     if (file_.complete && usesKnown_) reportUnused();
   }
 
@@ -240,11 +242,14 @@ Process processOf(const ProcessBlock& block) {
 
 }  // namespace
 
-void checkNumbers(const NetworkFile& file, Report& report) {
+void checkNumbers(const NetworkFile& file, Report& report, const Checkpoint& checkpoint) {
   checkIntervals(file, report);
-  Transitions(file, report).check();
-  for (std::size_t p = 0; p < file.processes.size(); ++p)
+  checkpoint();
+  Transitions(file, report).check(checkpoint);
+  for (std::size_t p = 0; p < file.processes.size(); ++p) {
+    checkpoint();
     Places(file.processes[p], number(p), report).check();
+  }
 }
 
 Network networkOf(const NetworkFile& file) {

@@ -3,13 +3,14 @@
 
 #pragma once
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/network/lintrules.hpp"
 #include "workbench/network/netreader.hpp"
 #include "workbench/network/network.hpp"
 
 namespace tpn {
 
-void checkNumbers(const NetworkFile& file, Report& report);
+void checkNumbers(const NetworkFile& file, Report& report, const Checkpoint& checkpoint);
 
 // The network of a file in which no error was found.
 Network networkOf(const NetworkFile& file);

@@ -10,61 +10,15 @@
 #include "workbench/network/netreader.hpp"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "workbench/base/textlines.hpp"
+#include "workbench/network/netfields.hpp"
+#include "workbench/network/netsections.hpp"
 
 namespace tpn {
 
 namespace {
-
-// The section that a line stands in, or what is waited for.
-enum class Section { heading, declarations, betweenProcesses, moves, labels, blockEnd, over };
-
-// The keyword that ends a section.
-Keyword endOfSection(Section section) {
-  switch (section) {
-    case Section::heading:
-      return Keyword::transitions;
-    case Section::declarations:
-      return Keyword::endtran;
-    case Section::betweenProcesses:
-      return Keyword::process;
-    case Section::moves:
-      return Keyword::valuation;
-    case Section::labels:
-      return Keyword::endval;
-    default:
-      return Keyword::end;
-  }
-}
-
-std::string inQuotes(Keyword keyword) { return "\"" + std::string(name(keyword)) + "\""; }
-
-std::string awaited(Section section) {
-  return inQuotes(endOfSection(section)) +
-         (section == Section::betweenProcesses ? " or \"end\"" : "");
-}
-
-// All keywords from `first` on that come before `found`, the order starting again after a process.
-std::vector<Keyword> between(Keyword first, Keyword found) {
-  std::vector<Keyword> missing;
-  for (Keyword k = first; k != found;) {
-    missing.push_back(k);
-    k = k == Keyword::end ? Keyword::process : static_cast<Keyword>(static_cast<int>(k) + 1);
-  }
-  return missing;
-}
-
-std::string enumeration(const std::vector<Keyword>& missing) {
-  std::string list;
-  for (std::size_t i = 0; i < missing.size(); ++i) {
-    if (i > 0) list += i + 1 == missing.size() ? " and " : ", ";
-    list += inQuotes(missing[i]);
-  }
-  return list;
-}
 
 bool looksLikeData(const Word& first) {
   const char c = first.text.front();
@@ -76,10 +30,10 @@ bool isJust(const Line& line, Keyword keyword) {
   return all.size() == 1 && all.front().text == name(keyword);
 }
 
-class Reader {
+class NetworkReader {
  public:
-  Reader(std::string_view text, Report& report)
-      : text_(text), lines_(nonEmptyLines(text)), report_(report) {}
+  NetworkReader(std::string_view text, Report& report, const Checkpoint& checkpoint)
+      : text_(text), lines_(nonEmptyLines(text)), report_(report), checkpoint_(checkpoint) {}
 
   NetworkFile read();
 
@@ -94,21 +48,17 @@ class Reader {
   void reportCarriageReturns();
 
   // Keywords.
-  std::optional<Meant> keywordIn(std::size_t i) const;
-  bool standsForEndval(std::size_t i) const;
   void takeKeyword(const Line& line, Meant found, Keyword written);
   void reportForm(const Line& line, Meant found, Keyword written);
   void enterAfter(const Line& line, Keyword keyword);
 
   // Numbers.
   void takeNumbers(const Line& line);
-  Field field(const Line& line, const Word& word, const std::string& what);
-  std::array<Field, 3> threeFields(const Line& line, const std::array<const char*, 3>& names);
-  LabelLine labelLine(const Line& line);
 
   std::string_view text_;
   std::vector<Line> lines_;
   Report& report_;
+  const Checkpoint& checkpoint_;
   NetworkFile file_;
   Section section_ = Section::heading;
   bool skipping_ = false;  // a keyword has been missed already
@@ -116,9 +66,10 @@ class Reader {
 
 // --- The frame. ---
 
-NetworkFile Reader::read() {
+NetworkFile NetworkReader::read() {
   reportCarriageReturns();
   for (std::size_t i = readTitle(); i < lines_.size();) {
+    checkpoint_.at(i);
     take(i);
     i = section_ == Section::over ? goOnAfterEnd(i) : i + 1;
   }
@@ -128,7 +79,7 @@ NetworkFile Reader::read() {
 }
 
 // The index of the line after it.
-std::size_t Reader::readTitle() {
+std::size_t NetworkReader::readTitle() {
   if (lines_.empty()) return 0;
   const auto heading = [](const Line& line) {
     const auto found = meant(line);
@@ -145,7 +96,7 @@ std::size_t Reader::readTitle() {
   return 1;
 }
 
-void Reader::take(std::size_t i) {
+void NetworkReader::take(std::size_t i) {
   const Line& line = lines_[i];
   if (words(line).empty()) {
     if (section_ != Section::labels)  // there it does nothing
@@ -154,7 +105,7 @@ void Reader::take(std::size_t i) {
     return;
   }
   const std::optional<Meant> written = meant(line);
-  const std::optional<Meant> found = keywordIn(i);
+  const std::optional<Meant> found = keywordIn(lines_, i, section_);
   if (found)
     takeKeyword(line, *found, written->keyword);
   else
@@ -162,7 +113,7 @@ void Reader::take(std::size_t i) {
 }
 
 // A line that is no keyword, or not here.
-void Reader::takeOther(const Line& line) {
+void NetworkReader::takeOther(const Line& line) {
   const bool data = looksLikeData(words(line).front());
   switch (section_) {
     case Section::heading:
@@ -182,14 +133,14 @@ void Reader::takeOther(const Line& line) {
   if (section_ != Section::heading && section_ != Section::betweenProcesses) takeNumbers(line);
 }
 
-void Reader::skip(const Line& line, const std::string& what) {
+void NetworkReader::skip(const Line& line, const std::string& what) {
   if (!std::exchange(skipping_, true))
     report_.add(Rule::keywordMissing, {line.number, 1}, what + " missing before this line");
 }
 
 // zervan stops here. The index where reading goes on: behind the last line, unless there are more
 // processes.
-std::size_t Reader::goOnAfterEnd(std::size_t i) {
+std::size_t NetworkReader::goOnAfterEnd(std::size_t i) {
   const auto rest = lines_.begin() + static_cast<std::ptrdiff_t>(i) + 1;
   const auto isProcess = [](const Line& line) { return isJust(line, Keyword::process); };
   const auto process = std::find_if(rest, lines_.end(), isProcess);
@@ -208,7 +159,7 @@ std::size_t Reader::goOnAfterEnd(std::size_t i) {
   return lines_.size();
 }
 
-void Reader::reportEarlyEnd() {
+void NetworkReader::reportEarlyEnd() {
   const bool metAgain = !lines_.empty() && !lines_.back().ended &&
                         (section_ == Section::declarations || section_ == Section::moves ||
                          section_ == Section::labels);
@@ -220,7 +171,7 @@ void Reader::reportEarlyEnd() {
     report_.add(Rule::endsEarly, endOf(text_), what + "waits for ever");
 }
 
-void Reader::reportCarriageReturns() {
+void NetworkReader::reportCarriageReturns() {
   const std::size_t first = text_.find('\r');
   if (first == std::string_view::npos) return;
   const Place at = endOf(text_.substr(0, first));
@@ -230,56 +181,12 @@ void Reader::reportCarriageReturns() {
 
 // --- Keywords. ---
 
-// What the line is to be taken for in this section, if it is a keyword here at all.
-std::optional<Meant> Reader::keywordIn(std::size_t i) const {
-  std::optional<Meant> found = meant(lines_[i]);
-  if (!found) return found;
-  const Keyword keyword = found->keyword;
-  const bool closes = keyword == Keyword::endtran || keyword == Keyword::endval;
-  const auto standsFor = [&](Keyword other) { return Meant{other, Meant::misspelt}; };
-  switch (section_) {
-    case Section::heading:
-      return found;
-    case Section::declarations:
-      if (keyword == Keyword::transitions) return std::nullopt;
-      if (keyword == Keyword::end || keyword == Keyword::endval) return standsFor(Keyword::endtran);
-      return found;
-    case Section::betweenProcesses:
-    case Section::blockEnd:
-      if (keyword == Keyword::transitions) return std::nullopt;
-      return closes ? standsFor(Keyword::end) : found;
-    case Section::labels:
-      if (keyword == Keyword::transitions || keyword == Keyword::valuation) return std::nullopt;
-      if (keyword == Keyword::endtran || (keyword == Keyword::end && standsForEndval(i)))
-        return standsFor(Keyword::endval);
-      return found;
-    default:
-      if (keyword == Keyword::transitions || keyword == Keyword::endtran) return std::nullopt;
-      return found;
-  }
-}
-
-// An "end" among the labels: in place of "endval", or is that missing? One "end" closes the process
-// and one more the file; one beyond that is the keyword in question.
-bool Reader::standsForEndval(std::size_t i) const {
-  const auto isEnd = [](const Line& line) {
-    const auto found = meant(line);
-    return found && found->keyword == Keyword::end;
-  };
-  const auto from = lines_.begin() + static_cast<std::ptrdiff_t>(i);
-  const auto other = std::find_if_not(from, lines_.end(), isEnd);
-  return other - from > (other == lines_.end() ? 2 : 1);
-}
-
-void Reader::takeKeyword(const Line& line, Meant found, Keyword written) {
+void NetworkReader::takeKeyword(const Line& line, Meant found, Keyword written) {
   const Keyword expected = endOfSection(section_);
   const bool closesFile = section_ == Section::betweenProcesses && found.keyword == Keyword::end;
-  if (!closesFile && found.keyword != expected && !skipping_) {
-    const std::vector<Keyword> missing = between(expected, found.keyword);
-    report_.add(
-        Rule::keywordMissing, {line.number, 1},
-        enumeration(missing) + (missing.size() > 1 ? " are" : " is") + " missing before this line");
-  }
+  if (!closesFile && found.keyword != expected && !skipping_)
+    report_.add(Rule::keywordMissing, {line.number, 1},
+                missingBetween(expected, found.keyword) + " missing before this line");
   skipping_ = false;
   reportForm(line, found, written);
   if (closesFile)
@@ -288,7 +195,7 @@ void Reader::takeKeyword(const Line& line, Meant found, Keyword written) {
     enterAfter(line, found.keyword);
 }
 
-void Reader::reportForm(const Line& line, Meant found, Keyword written) {
+void NetworkReader::reportForm(const Line& line, Meant found, Keyword written) {
   const std::vector<Word> all = words(line);
   const Place at{line.number, all.front().column};
   if (found.form == Meant::indented)
@@ -305,7 +212,7 @@ void Reader::reportForm(const Line& line, Meant found, Keyword written) {
                 "the numbers behind " + inQuotes(found.keyword) + " are not read");
 }
 
-void Reader::enterAfter(const Line& line, Keyword keyword) {
+void NetworkReader::enterAfter(const Line& line, Keyword keyword) {
   switch (keyword) {
     case Keyword::transitions:
       section_ = Section::declarations;
@@ -329,7 +236,7 @@ void Reader::enterAfter(const Line& line, Keyword keyword) {
 
 // --- Numbers. ---
 
-void Reader::takeNumbers(const Line& line) {
+void NetworkReader::takeNumbers(const Line& line) {
   skipping_ = false;
   const Word first = words(line).front();
   if (!looksLikeData(first)) {
@@ -339,61 +246,20 @@ void Reader::takeNumbers(const Line& line) {
   }
   if (section_ == Section::declarations) {
     const auto [t, earliest, latest] =
-        threeFields(line, {"transition", "earliest time", "latest time"});
+        threeFields(line, {"transition", "earliest time", "latest time"}, report_);
     file_.declarations.push_back({t, earliest, latest});
   } else if (section_ == Section::moves) {
-    const auto [t, source, target] = threeFields(line, {"transition", "source", "target"});
+    const auto [t, source, target] = threeFields(line, {"transition", "source", "target"}, report_);
     file_.processes.back().moves.push_back({t, source, target});
   } else {
-    file_.processes.back().labels.push_back(labelLine(line));
+    file_.processes.back().labels.push_back(labelLine(line, report_));
   }
-}
-
-Field Reader::field(const Line& line, const Word& word, const std::string& what) {
-  Field result{std::nullopt, {line.number, word.column}};
-  if (!isNumber(word.text)) {
-    report_.add(Rule::notANumber, result.at, what + " " + quoted(word.text) + " is no number");
-    return result;
-  }
-  result.value = value(word.text);
-  if (!result.value)
-    report_.add(Rule::numberRange, result.at,
-                what + " " + quoted(word.text) + " does not fit into 32 bits");
-  return result;
-}
-
-std::array<Field, 3> Reader::threeFields(const Line& line,
-                                         const std::array<const char*, 3>& names) {
-  const std::vector<Word> all = words(line);
-  const int behind = all.back().column + static_cast<int>(all.back().text.size());
-  std::array<Field, 3> fields;
-  std::string missing;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (i < all.size())
-      fields.at(i) = field(line, all[i], names.at(i));
-    else
-      missing += (missing.empty() ? "" : " and ") + std::string(names.at(i));
-  }
-  if (!missing.empty())
-    report_.add(Rule::fieldMissing, {line.number, behind}, missing + " missing; zervan takes 0");
-  if (all.size() > fields.size())
-    report_.add(Rule::fieldExtra, {line.number, all[fields.size()].column},
-                quoted(all[fields.size()].text) + " is too much on this line and not read");
-  return fields;
-}
-
-LabelLine Reader::labelLine(const Line& line) {
-  const std::vector<Word> all = words(line);
-  LabelLine label{field(line, all.front(), "location"), {}};
-  for (std::size_t i = 1; i < all.size(); ++i)
-    label.propositions.push_back(field(line, all[i], "proposition"));
-  return label;
 }
 
 }  // namespace
 
-NetworkFile readNetworkFile(std::string_view text, Report& report) {
-  return Reader(text, report).read();
+NetworkFile readNetworkFile(std::string_view text, Report& report, const Checkpoint& checkpoint) {
+  return NetworkReader(text, report, checkpoint).read();
 }
 
 }  // namespace tpn

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/network/lintrules.hpp"
 
 namespace tpn {
@@ -50,6 +51,6 @@ struct NetworkFile {
   bool complete = false;  // the final "end" is there
 };
 
-NetworkFile readNetworkFile(std::string_view text, Report& report);
+NetworkFile readNetworkFile(std::string_view text, Report& report, const Checkpoint& checkpoint);
 
 }  // namespace tpn

@@ -7,11 +7,27 @@ namespace tpn {
 
 Locations initialLocations(const Network& net) { return Locations(net.processes.size(), 0); }
 
-std::int64_t largestConstant(const Network& net) {
+std::int64_t largestLatest(const Network& net) {
   std::int64_t largest = 0;
   for (const Transition& t : net.transitions)
-    largest = std::max({largest, t.interval.earliest, t.interval.latest.value_or(0)});
+    largest = std::max(largest, t.interval.latest.value_or(0));
   return largest;
+}
+
+std::int64_t largestConstant(const Network& net) {
+  std::int64_t largest = largestLatest(net);
+  for (const Transition& t : net.transitions) largest = std::max(largest, t.interval.earliest);
+  return largest;
+}
+
+const Move* unmetPrecondition(const Transition& t, const Locations& at) {
+  for (const Move& move : t.moves)
+    if (at[move.process] != move.source) return &move;
+  return nullptr;
+}
+
+bool enabled(const Transition& t, const Locations& at) {
+  return unmetPrecondition(t, at) == nullptr;
 }
 
 std::set<int> propositionsAt(const Network& net, const Locations& at) {

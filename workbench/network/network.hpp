@@ -63,6 +63,15 @@ using Locations = std::vector<int>;
 
 Locations initialLocations(const Network& net);    // 0 everywhere
 std::int64_t largestConstant(const Network& net);  // of all earliest and finite latest times
+std::int64_t largestLatest(const Network& net);    // of the finite latest times
+
+// The most that can be encoded: twice it and 2 more is counted in 31 bits.
+constexpr std::int64_t mostConstant = (std::int64_t{1} << 30) - 2;
+// Is each of its processes in the source of its move?
+bool enabled(const Transition& t, const Locations& at);
+// The first of its moves whose process is elsewhere; null where it is enabled.
+const Move* unmetPrecondition(const Transition& t, const Locations& at);
+
 std::set<int> propositionsAt(const Network& net, const Locations& at);  // those that hold
 std::set<int> propositions(const Network& net);  // those that label any location
 

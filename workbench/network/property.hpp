@@ -12,8 +12,11 @@ namespace tpn {
 struct PropertyItem {
   enum Kind { truth, proposition, negated, conjunction, disjunction } kind = truth;
   int number = 0;  // of the proposition
+  int column = 0;  // where its token begins, from 1; not compared
 
-  friend bool operator==(const PropertyItem&, const PropertyItem&) = default;
+  friend bool operator==(const PropertyItem& a, const PropertyItem& b) {
+    return a.kind == b.kind && a.number == b.number;
+  }
 };
 
 struct Property {

@@ -1,6 +1,8 @@
 // The property file: tokens in postfix order without separators. Where zervan's scan stands still
 // or takes what is not there, the mistake is told and reading goes on as if it had been mended.
 
+#include "workbench/network/propertyreader.hpp"
+
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
@@ -10,7 +12,6 @@
 
 #include "workbench/base/textlines.hpp"
 #include "workbench/network/lintrules.hpp"
-#include "workbench/network/strictread.hpp"
 
 namespace tpn {
 
@@ -26,8 +27,8 @@ struct Token {
 
 static_assert(static_cast<int>(Token::disjunction) == static_cast<int>(PropertyItem::disjunction));
 
-PropertyItem itemOf(const Token& token, int number) {
-  return {static_cast<PropertyItem::Kind>(token.kind), number};
+PropertyItem itemOf(const Token& token, int number, Place at) {
+  return {static_cast<PropertyItem::Kind>(token.kind), number, at.column};
 }
 
 bool startsToken(char c) { return c == 'T' || c == 'p' || c == '&' || c == '+' || c == 'E'; }
@@ -85,9 +86,9 @@ std::size_t arity(const Token& token) {
   }
 }
 
-class Reader {
+class PropertyReader {
  public:
-  Reader(const Line& line, Report& report) : line_(line), report_(report) {}
+  PropertyReader(const Line& line, Report& report) : line_(line), report_(report) {}
 
   Property read();
 
@@ -102,7 +103,7 @@ class Reader {
   std::size_t operands_ = 0;  // on the stack
 };
 
-Property Reader::read() {
+Property PropertyReader::read() {
   property_.line = line_.number;
   property_.text = line_.text;
   for (std::size_t at = 0; at < line_.text.size();) {
@@ -117,7 +118,7 @@ Property Reader::read() {
   return std::move(property_);
 }
 
-void Reader::take(const Token& token, Place at) {
+void PropertyReader::take(const Token& token, Place at) {
   switch (token.kind) {
     case Token::unknown:
       if (token.text.front() == '\r')
@@ -141,12 +142,12 @@ void Reader::take(const Token& token, Place at) {
       takeProposition(token, at);
       break;
     default:
-      property_.items.push_back(itemOf(token, 0));
+      property_.items.push_back(itemOf(token, 0, at));
   }
   takeOperands(token, at);
 }
 
-void Reader::takeProposition(const Token& token, Place at) {
+void PropertyReader::takeProposition(const Token& token, Place at) {
   int number = 0;
   const char* end = token.digits.data() + token.digits.size();
   const auto failure = std::from_chars(token.digits.data(), end, number).ec;
@@ -156,10 +157,10 @@ void Reader::takeProposition(const Token& token, Place at) {
   else if (failure != std::errc())
     report_.add(Rule::propositionTooLarge, at,
                 quoted(token.text) + " does not fit into 32 bits; zervan takes another number");
-  property_.items.push_back(itemOf(token, number));
+  property_.items.push_back(itemOf(token, number, at));
 }
 
-void Reader::takeOperands(const Token& token, Place at) {
+void PropertyReader::takeOperands(const Token& token, Place at) {
   const std::size_t needed = arity(token);
   if (operands_ < needed)
     report_.add(Rule::operandMissing, at,
@@ -189,13 +190,13 @@ std::optional<Property> readProperty(const std::string& file, const std::string&
   const std::vector<Line> lines = nonEmptyLines(text);
   Property property;
   std::size_t i = 0;
-  while (i < lines.size() && holdsNothing(lines[i])) Reader(lines[i++], report).read();
+  while (i < lines.size() && holdsNothing(lines[i])) PropertyReader(lines[i++], report).read();
   if (i == lines.size()) {
     report.add(Rule::propertyMissing, endOf(text),
                "the file holds no property; zervan waits for ever");
     return std::nullopt;
   }
-  property = Reader(lines[i], report).read();
+  property = PropertyReader(lines[i], report).read();
   if (++i < lines.size() && isAllTokens(lines[i]))
     report.add(Rule::propertyGoesOn, {lines[i].number, 1},
                "looks like more of the property; only the first line that is not empty is read");
@@ -208,17 +209,12 @@ void lintTogether(const Network& net, const std::string& propertyFile, const Pro
   Report report(propertyFile, diagnostics);
   const std::set<int> known = propositions(net);
   std::set<int> told;
-  const std::string_view text = property.text;
-  std::size_t item = 0;
-  for (std::size_t at = 0; at < text.size() && item < property.items.size(); ++item) {
-    const Token token = tokenAt(text.substr(at));
-    const int number = property.items[item].number;
-    const bool isProposition = token.kind == Token::proposition || token.kind == Token::negated;
+  for (const auto& [kind, number, column] : property.items) {
+    const bool isProposition = kind == PropertyItem::proposition || kind == PropertyItem::negated;
     if (isProposition && known.count(number) == 0 && told.insert(number).second)
-      report.add(Rule::propositionUnknown, {property.line, static_cast<int>(at) + 1},
+      report.add(Rule::propositionUnknown, {property.line, column},
                  "proposition " + std::to_string(number) +
                      " labels no location of the network; it is false everywhere");
-    at += token.text.size();
   }
 }
 

@@ -1,5 +1,5 @@
-// A run: what a network does, with exact times. And its replay, which shares nothing with the
-// encoding: the meaning of networks over exact fractions.
+// A run: what a network does, with exact times. Its meaning shares nothing with the encoding: it is
+// that of networks over exact fractions.
 //
 // The meaning. Every process has one clock; all clocks run alike and start at 0. A transition is
 // enabled where each of its processes is in the source of its move. It may fire where it is
@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "workbench/network/network.hpp"
-#include "workbench/network/property.hpp"
 #include "workbench/runs/rational.hpp"
 
 namespace tpn {
@@ -51,27 +50,10 @@ struct Window {
 };
 std::optional<Window> window(const Network& net, const TimedState& state, std::size_t transition);
 
+// The window of every transition, for the cost of a few.
+std::vector<std::optional<Window>> windows(const Network& net, const TimedState& state);
+
 // One step; what is wrong with it, or empty and `state` is the state after it.
 std::string advance(const Network& net, const Step& step, TimedState& state);
-
-// What replaying found: the states before the first and after every step, as far as it got.
-struct Replay {
-  std::vector<TimedState> states;  // states[0] is the initial one
-  std::vector<Rational> times;     // when each was reached
-  std::string complaint;  // why it is no run with the property at `goal`; empty where it is
-};
-Replay replay(const Network& net, const Property& property, const Run& run);
-
-Replay unmoved(const Network& net);  // of no steps
-
-// One more step at the end of a replay; what is wrong with it, or empty and its state and time are
-// added.
-std::string extend(const Network& net, const Step& step, Replay& replayed);
-
-// The earliest times, whole numbers, at which these transitions can fire one after the other; none
-// where there are no such times at all. (All bounds are closed whole numbers: what can be done over
-// exact time can be done at whole times.)
-std::optional<Run> schedule(const Network& net, const std::vector<std::size_t>& transitions,
-                            std::size_t goal);
 
 }  // namespace tpn

@@ -11,11 +11,11 @@
 // still raised after as many rounds as there are firings goes round for ever. Measured: 7 ms for
 // 600 firings of Fischer's protocol with 30 processes, 2880 transitions.
 
+#include "workbench/runs/schedule.hpp"
+
 #include <algorithm>
 #include <cassert>
 #include <stdexcept>
-
-#include "workbench/runs/run.hpp"
 
 namespace tpn {
 
@@ -43,14 +43,14 @@ class Firings {
 
   // False where the transition is not enabled.
   bool fire(std::size_t transition) {
-    if (transition >= net_.transitions.size() || !enabled(net_.transitions[transition]))
+    if (transition >= net_.transitions.size() || !enabled(net_.transitions[transition], at_))
       return false;
     const Transition& fired = net_.transitions[transition];
     ++count_;
     forward_.push_back({count_ - 1, count_, 0});
     forward_.push_back({reset(fired), count_, fired.interval.earliest});
     for (const Transition& t : net_.transitions)
-      if (t.interval.latest && enabled(t)) setDeadline(reset(t), *t.interval.latest);
+      if (t.interval.latest && enabled(t, at_)) setDeadline(reset(t), *t.interval.latest);
     for (const Move& move : fired.moves) {
       at_[move.process] = move.target;
       last_[move.process] = count_;
@@ -72,11 +72,6 @@ class Firings {
   }
 
  private:
-  bool enabled(const Transition& t) const {
-    return std::all_of(t.moves.begin(), t.moves.end(),
-                       [&](const Move& move) { return at_[move.process] == move.source; });
-  }
-
   std::size_t reset(const Transition& t) const {
     std::size_t latest = 0;
     for (const Move& move : t.moves) latest = std::max(latest, last_[move.process]);
@@ -85,12 +80,14 @@ class Firings {
 
   // Of the deadlines since one firing only the tightest counts: at most one a process remains.
   void setDeadline(std::size_t since, std::int64_t latest) {
-    for (auto bound = backward_.rbegin(); bound != backward_.rend() && bound->from == count_;
-         ++bound)
-      if (bound->to == since) {
-        bound->distance = std::max(bound->distance, -latest);
-        return;
-      }
+    deadlines_.resize(count_ + 1, 0);
+    std::size_t& known = deadlines_[since];
+    if (known < backward_.size() && backward_[known].from == count_ &&
+        backward_[known].to == since) {
+      backward_[known].distance = std::max(backward_[known].distance, -latest);
+      return;
+    }
+    known = backward_.size();
     backward_.push_back({count_, since, -latest});
   }
 
@@ -110,8 +107,9 @@ class Firings {
   Locations at_;
   std::vector<std::size_t> last_;  // of every process: the firing that moved it last
   std::size_t count_ = 0;
-  std::vector<Bound> forward_;   // (1) and (2)
-  std::vector<Bound> backward_;  // (3)
+  std::vector<Bound> forward_;          // (1) and (2)
+  std::vector<Bound> backward_;         // (3)
+  std::vector<std::size_t> deadlines_;  // [since]: where in backward_ the newest one stands
 };
 
 }  // namespace

@@ -53,7 +53,7 @@ void writeInChild(const NetTimedModel& model, int k, const std::string& name, co
     if (watch.over()) return;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  if (writer.exitStatus() != 0) throw std::runtime_error(writer.lastNote());
+  if (writer.exitStatus() != 0 && !watch.over()) throw std::runtime_error(writer.lastNote());
 }
 
 std::string answerText(const PathBits& path) {
@@ -76,7 +76,7 @@ class EmbeddedCheck {
                 Watch& watch)
       : net_(net), property_(property), options_(options), watch_(watch) {
     if (!options.keep.empty()) questions_.emplace(options.keep);
-    encode(net, property, Layout::workbench, model_);
+    model_.checkpoint = checkpoint_;
     solver_.set("quiet", 1);  // it would print a comment on standard output now and then
     solver_.connect_terminator(&observer_);
     solver_.connect_learner(&observer_);
@@ -90,7 +90,10 @@ class EmbeddedCheck {
 
   Verdict run() {
     try {
+      encode(net_, property_, Layout::workbench, model_, checkpoint_);
       return ask();
+    } catch (const Interrupted&) {
+      return unknown(watch_.reason());
     } catch (const std::runtime_error& e) {
       throw std::runtime_error(e.what() + knownUpTo(completed_));
     }
@@ -127,7 +130,7 @@ class EmbeddedCheck {
   }
 
   Outcome askNext() {
-    if (!unrolling_) unrolling_.emplace(model_, solver_);
+    if (!unrolling_) unrolling_.emplace(model_, solver_, checkpoint_);
     const int goal = unrolling_->extend();
     progress_.variables = unrolling_->variables();
     progress_.clauses = unrolling_->clauses();
@@ -196,6 +199,7 @@ class EmbeddedCheck {
   const Property& property_;
   const CheckOptions& options_;
   Watch& watch_;
+  Checkpoint checkpoint_{[this] { return watch_.over(); }};
   NetTimedModel model_;
   std::optional<Questions> questions_;
   Progress progress_{0, 0, 0, 0, 0};

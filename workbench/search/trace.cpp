@@ -99,7 +99,7 @@ class PathCheck {
                                                     "clocks are adjusted"};
 
   static Pattern build(const NetTimedModel& model) {
-    emptyStore();
+    BoolForm::emptyStore();
     const auto length = static_cast<int>(model.getSymStateLen());
     const SymState from = model.genSymState(1);
     const SymState to = model.genSymState(1 + length);
@@ -107,7 +107,7 @@ class PathCheck {
                                       model.adjustSucc(from, to), model.fI(0, from),
                                       EctlTransl(model, 1).transl(*model.formula, 0)};
     Pattern result(2 * length, roots);
-    emptyStore();
+    BoolForm::emptyStore();
     return result;
   }
 

@@ -3,10 +3,11 @@
 // The automata are not connected, so dot can lay out each alone and pack them into an array. (It
 // forgets edge labels then, in version 2.43; labels are nodes here for better reasons as well.)
 
-#include <algorithm>
 #include <map>
 #include <tuple>
+#include <utility>
 
+#include "workbench/base/printable.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -17,7 +18,7 @@ namespace {
 // Graphviz reads escapes and, in labels, entities.
 std::string quoted(const std::string& text) {
   std::string result = "\"";
-  for (const char c : cleanUtf8(text)) {
+  for (const char c : printable(text)) {
     if (c == '"' || c == '\\') result += '\\';
     result += c;
     if (c == '&') result += "amp;";
@@ -29,8 +30,8 @@ std::string node(std::size_t process, const std::string& name) {
   return "p" + std::to_string(number(process)) + "_" + name;
 }
 
-std::string locationDot(const Process& process, std::size_t index, int location) {
-  const Colour& colour = colourOf(process, location);
+std::string locationDot(const Process& process, std::size_t index, int location,
+                        const Colour& colour) {
   std::string words = std::to_string(location);
   const std::vector<std::string> names = propositionNames(labelsAt(process, location));
   if (!names.empty()) words += "\\n" + shortened(names, " ", 6);
@@ -50,33 +51,33 @@ struct Arrow {
     return std::tie(a.source, a.target, a.shared) < std::tie(b.source, b.target, b.shared);
   }
 };
-struct Line {
+struct Caption {
   std::string words;                 // without the numbers
   std::vector<std::string> numbers;  // of the transitions
 };
-using Lines = std::vector<Line>;
+using Captions = std::vector<Caption>;
 
-std::map<Arrow, Lines> arrowsOf(const Network& net, std::size_t process) {
-  std::map<Arrow, Lines> arrows;
-  for (const Part& part : partsOf(net, process)) {
+std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, const Parts& parts) {
+  std::map<Arrow, Captions> arrows;
+  std::map<std::pair<const Captions*, std::string>, std::size_t> places;  // of captions, by words
+  for (const Part& part : parts) {
     const Transition& t = net.transitions[part.transition];
     std::string rest = text(t.interval);
-    if (isShared(t)) rest += " with " + shortened(partners(t, process), ", ", 6);
-    Lines& lines = arrows[{part.source, part.target, isShared(t)}];
-    auto line = std::find_if(lines.begin(), lines.end(),
-                             [&](const Line& other) { return other.words == rest; });
-    if (line == lines.end()) line = lines.insert(line, {rest, {}});
-    line->numbers.push_back(std::to_string(number(part.transition)));
+    if (isShared(t)) rest += " with " + partners(t, process, 6);
+    Captions& lines = arrows[{part.source, part.target, isShared(t)}];
+    const auto [place, isNew] = places.try_emplace({&lines, rest}, lines.size());
+    if (isNew) lines.push_back({rest, {}});
+    lines[place->second].numbers.push_back(std::to_string(number(part.transition)));
   }
   return arrows;
 }
 
 // The words of an arrow are a node in its middle: so they stay clear of everything else, and two
 // arrows in opposite directions stay two. Black where processes share them, as in pictures of runs.
-std::string arrowDot(std::size_t process, const Arrow& arrow, const Lines& lines) {
+std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& lines) {
   constexpr std::size_t mostLines = 12;
   std::vector<std::string> words;
-  for (const Line& line : lines)
+  for (const Caption& line : lines)
     words.push_back(shortened(line.numbers, ", ", 8) + "  " + line.words);
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);
@@ -92,15 +93,18 @@ std::string arrowDot(std::size_t process, const Arrow& arrow, const Lines& lines
          node(process, target) + stroke + "];\n";
 }
 
-std::string processDot(const Network& net, std::size_t index) {
+std::string processDot(const Network& net, std::size_t index, const Parts& parts) {
   const Process& process = net.processes[index];
   const std::string name = std::to_string(number(index));
   std::string dot = "  subgraph cluster_" + name + " {\n    label=\"process " + name +
                     "\"; fontsize=14; color=\"#999999\"; style=rounded;\n";
   dot += "    " + node(index, "start") + " [shape=point, width=0.12, label=\"\"];\n";
-  for (const int location : process.locations) dot += locationDot(process, index, location);
+  std::size_t rank = 0;
+  for (const int location : process.locations)
+    dot += locationDot(process, index, location, colourOfRank(rank++));
   dot += "    " + node(index, "start") + " -> " + node(index, "0") + ";\n";
-  for (const auto& [arrow, lines] : arrowsOf(net, index)) dot += arrowDot(index, arrow, lines);
+  for (const auto& [arrow, lines] : arrowsOf(net, index, parts))
+    dot += arrowDot(index, arrow, lines);
   return dot + "  }\n";
 }
 
@@ -112,7 +116,8 @@ std::string networkDot(const Network& net) {
                     "fontsize=18, " + font + ", ranksep=0.25, pack=20, packmode=array_it];\n";
   dot += "  node [shape=ellipse, style=filled, " + font + ", fontsize=12, height=0.4];\n";
   dot += "  edge [color=\"#666666\", arrowsize=0.8];\n";
-  for (std::size_t p = 0; p < net.processes.size(); ++p) dot += processDot(net, p);
+  const std::vector<Parts> parts = partsByProcess(net);
+  for (std::size_t p = 0; p < net.processes.size(); ++p) dot += processDot(net, p, parts[p]);
   return dot + "}\n";
 }
 

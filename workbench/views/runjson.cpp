@@ -9,8 +9,6 @@ namespace tpn {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 // Exact for those who calculate, a number for those who draw.
 Json json(const Rational& r) { return {{"exact", r.text()}, {"value", r.value()}}; }
 
@@ -39,7 +37,7 @@ Json stepJson(const Network& net, const Step& step, const Rational& time) {
 
 }  // namespace
 
-std::string runJson(const Network& net, const Property& property, const Run& run) {
+Json runJson(const Network& net, const Property& property, const Run& run) {
   const Replay replay = replayed(net, property, run);
   Json states = Json::array();
   for (std::size_t i = 0; i < replay.states.size(); ++i)
@@ -48,17 +46,16 @@ std::string runJson(const Network& net, const Property& property, const Run& run
   for (std::size_t i = 0; i < run.steps.size(); ++i)
     steps.push_back(stepJson(net, run.steps[i], replay.times[i + 1]));
 
-  const Json whole = {{"format", "tpn-run"},
-                      {"version", 1},
-                      {"network",
-                       {{"title", net.title},
-                        {"processes", net.processes.size()},
-                        {"transitions", net.transitions.size()}}},
-                      {"property", property.text},
-                      {"goal", run.goal},
-                      {"states", states},
-                      {"steps", steps}};
-  return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return {{"format", "tpn-run"},
+          {"version", 1},
+          {"network",
+           {{"title", net.title},
+            {"processes", net.processes.size()},
+            {"transitions", net.transitions.size()}}},
+          {"property", property.text},
+          {"goal", run.goal},
+          {"states", states},
+          {"steps", steps}};
 }
 
 }  // namespace tpn

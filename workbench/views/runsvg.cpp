@@ -5,54 +5,15 @@
 #include <algorithm>
 #include <array>
 
-#include "workbench/views/runlayout.hpp"
+#include "workbench/base/printable.hpp"
+#include "workbench/views/rungeometry.hpp"
+#include "workbench/views/svgelements.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
 
 namespace {
-
-// --- Elements. ---
-
-std::string attribute(const std::string& name, const std::string& value) {
-  return " " + name + "=\"" + value + "\"";
-}
-std::string attribute(const std::string& name, int value) {
-  return attribute(name, std::to_string(value));
-}
-
-std::string box(int x, int y, int width, int height, const std::string& more) {
-  return "<rect" + attribute("x", x) + attribute("y", y) + attribute("width", width) +
-         attribute("height", height) + more + "/>\n";
-}
-
-std::string stroke(int x1, int y1, int x2, int y2, const std::string& more) {
-  return "<line" + attribute("x1", x1) + attribute("y1", y1) + attribute("x2", x2) +
-         attribute("y2", y2) + more + "/>\n";
-}
-
-std::string label(int x, int y, const std::string& type, const std::string& text,
-                  const std::string& more = "") {
-  return "<text" + attribute("x", x) + attribute("y", y) + attribute("class", type) + more + ">" +
-         xmlText(text) + "</text>\n";
-}
-
-// What a browser shows under the pointer.
-std::string hint(const std::string& text) { return "<title>" + xmlText(text) + "</title>\n"; }
-
-const char* const style = R"(<style>
-text { font-family: "DejaVu Sans", Verdana, Arial, sans-serif; font-size: 10px; fill: #222; }
-.heading { font-size: 15px; font-weight: bold; }
-.lane { font-size: 12px; text-anchor: end; }
-.place { font-size: 11px; }
-.mark { text-anchor: middle; }
-.quiet { fill: #666; }
-.goal { fill: #b84a00; font-weight: bold; }
-.tie { stroke: #222; stroke-width: 2; }
-.axis { stroke: #444; stroke-width: 1; fill: none; }
-</style>
-)";
 
 // The first characters of a clean text.
 std::string cut(const std::string& text, std::size_t limit) {
@@ -71,7 +32,7 @@ class Picture {
         property_(property),
         run_(run),
         replay_(replayed(net, property, run)),
-        at_(layout(net, replay_)) {}
+        at_(geometryOf(net, replay_)) {}
 
   std::string draw() const {
     const int height = at_.lanesBottom + 64;
@@ -80,7 +41,7 @@ class Picture {
         attribute("xmlns", "http://www.w3.org/2000/svg") + attribute("width", at_.width) +
         attribute("height", height) +
         attribute("viewBox", "0 0 " + std::to_string(at_.width) + " " + std::to_string(height)) +
-        ">\n" + hint(net_.title) + style;
+        ">\n" + hint(net_.title) + svgStyle;
     svg += box(0, 0, at_.width, height, attribute("fill", "#fff"));
     svg += heading() + instantAreas();
     if (marked()) svg += goalArea();
@@ -96,7 +57,7 @@ class Picture {
   const Transition& fired(std::size_t step) const {
     return net_.transitions[run_.steps[step].transition];
   }
-  int middle(std::size_t process) const { return at_.barTop(process) + RunLayout::barHeight / 2; }
+  int middle(std::size_t process) const { return at_.barTop(process) + RunGeometry::barHeight / 2; }
 
   std::string heading() const;
   std::string instantAreas() const;
@@ -113,12 +74,12 @@ class Picture {
   const Property& property_;
   const Run& run_;
   Replay replay_;
-  RunLayout at_;
+  RunGeometry at_;
 };
 
 std::string Picture::heading() const {
   const auto room = static_cast<std::size_t>((at_.width - 32) / 10);
-  std::string text = label(16, 26, "heading", cut(cleanUtf8(net_.title), room));
+  std::string text = label(16, 26, "heading", cut(printable(net_.title), room));
   if (marked())
     text +=
         label(16, 44, "quiet",
@@ -166,7 +127,7 @@ std::string Picture::goalOutlines() const {
     const auto isAsked = [&](int q) { return asked.contains(q); };
     if (std::none_of(labels->second.begin(), labels->second.end(), isAsked)) continue;
     outlines +=
-        box(x + 1, at_.barTop(p) - 2, at_.right(run_.goal) - x - 2, RunLayout::barHeight + 4,
+        box(x + 1, at_.barTop(p) - 2, at_.right(run_.goal) - x - 2, RunGeometry::barHeight + 4,
             attribute("class", "witness") + attribute("fill", "none") +
                 attribute("stroke", "#b84a00") + attribute("stroke-width", 3) + attribute("rx", 4));
   }
@@ -214,7 +175,7 @@ std::string Picture::bar(std::size_t process, std::size_t from, std::size_t to) 
     about += "; " + joined(propositionNames(labels->second), " ");
 
   std::string result = "<g class=\"bar\">\n" + hint(about);
-  result += box(x, at_.barTop(process), width - 1, RunLayout::barHeight,
+  result += box(x, at_.barTop(process), width - 1, RunGeometry::barHeight,
                 attribute("fill", colour.fill) + attribute("rx", 2));
   constexpr int again = 480;
   for (int offset = 0; offset == 0 || offset + again / 2 < width; offset += again)
@@ -241,7 +202,7 @@ std::string Picture::step(std::size_t step) const {
   const bool atGoal = marked() && step + 1 == run_.goal;
   result +=
       label(x, at_.lanesTop - 10, atGoal ? "mark goal" : "mark quiet", std::to_string(step + 1));
-  const int width = textWidth(name.size(), RunLayout::smallFont) + 6;
+  const int width = textWidth(name.size(), RunGeometry::smallFont) + 6;
   const int top = at_.barTop(transition.moves.front().process) - 15;
   result += box(x - width / 2, top, width, 13,
                 attribute("rx", 3) + attribute("fill", shared ? "#222" : "#fff") +

@@ -22,6 +22,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "workbench/base/printable.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -191,7 +192,7 @@ class Signals {
 
 // What stands before the signals. A "$" could end the comment.
 void writeHead(Dump& dump, const Network& net, const Scale& scale) {
-  std::string title = cleanUtf8(net.title);
+  std::string title = printable(net.title);
   std::replace(title.begin(), title.end(), '$', '_');
   const std::string slots = std::to_string(scale.slots);
   dump.raw("$comment");

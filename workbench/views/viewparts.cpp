@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cassert>
-#include <cstdint>
+#include <iterator>
+
+#include "workbench/base/printable.hpp"
 
 namespace tpn {
 
@@ -23,22 +25,15 @@ std::vector<std::string> propositionNames(const std::set<int>& propositions) {
   return names;
 }
 
-std::vector<Part> partsOf(const Network& net, std::size_t process) {
-  std::vector<Part> parts;
+std::vector<Parts> partsByProcess(const Network& net) {
+  std::vector<Parts> parts(net.processes.size());
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     for (const Move& move : net.transitions[t].moves)
-      if (move.process == process) parts.push_back({t, move.source, move.target});
+      parts[move.process].push_back({t, move.source, move.target});
   return parts;
 }
 
 bool isShared(const Transition& t) { return t.moves.size() > 1; }
-
-std::vector<std::string> partners(const Transition& t, std::size_t process) {
-  std::vector<std::string> others;
-  for (const Move& move : t.moves)
-    if (move.process != process) others.push_back(std::to_string(number(move.process)));
-  return others;
-}
 
 const std::set<int>& labelsAt(const Process& process, int location) {
   static const std::set<int> none;
@@ -53,8 +48,8 @@ std::string text(const Interval& interval) {
 
 std::string shortProperty(const Property& property) {
   constexpr std::size_t longest = 48;
-  if (property.text.size() <= longest) return property.text;
-  return property.text.substr(0, longest - 3) + "...";
+  if (property.text.size() <= longest) return printable(property.text);
+  return printable(property.text.substr(0, longest - 3)) + "...";
 }
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator) {
@@ -63,62 +58,36 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
   return all;
 }
 
-std::string shortened(const std::vector<std::string>& items, const std::string& separator,
-                      std::size_t limit) {
-  if (items.size() <= limit) return joined(items, separator);
-  const auto end = items.begin() + static_cast<std::ptrdiff_t>(limit - 1);
-  return joined({items.begin(), end}, separator) + " ... " +
-         std::to_string(items.size() - limit + 1) + " more";
-}
-
 namespace {
 
-// The length of the UTF-8 character at `at`; 0 where there is none: a stray or missing byte, a
-// longer form than needed, a surrogate, a number beyond the last.
-std::size_t characterLength(const std::string& text, std::size_t at) {
-  const auto byte = [&](std::size_t i) {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : std::uint32_t{0};
-  };
-  const std::uint32_t first = byte(at);
-  if (first < 0x80) return 1;
-  const std::size_t length = first < 0xc2 ? 0 : first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
-  if (length == 0 || first > 0xf4) return 0;
-  std::uint32_t code = first & (0x7fU >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(at + i) & 0xc0U) != 0x80) return 0;
-    code = (code << 6U) | (byte(at + i) & 0x3fU);
-  }
-  constexpr std::array<std::uint32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = code >= 0xd800 && code < 0xe000;
-  const bool noncharacter = code == 0xfffe || code == 0xffff;  // XML takes neither
-  return code < smallest[length] || code > 0x10ffff || surrogate || noncharacter ? 0 : length;
-}
-
-bool isControl(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte < 0x20 || byte == 0x7f;
+// Of a list of `total` items, the first of which are `items`: `limit` at least, or all.
+std::string shortened(const std::vector<std::string>& items, std::size_t total,
+                      const std::string& separator, std::size_t limit) {
+  if (total <= limit) return joined(items, separator);
+  const auto end = items.begin() + static_cast<std::ptrdiff_t>(limit - 1);
+  return joined({items.begin(), end}, separator) + " ... " + std::to_string(total - limit + 1) +
+         " more";
 }
 
 }  // namespace
 
-std::string cleanUtf8(const std::string& text) {
-  std::string clean;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = characterLength(text, at);
-    if (length == 0 || isControl(text[at])) {
-      clean += "\xef\xbf\xbd";
-      ++at;
-    } else {
-      clean += text.substr(at, length);
-      at += length;
-    }
+std::string shortened(const std::vector<std::string>& items, const std::string& separator,
+                      std::size_t limit) {
+  return shortened(items, items.size(), separator, limit);
+}
+
+std::string partners(const Transition& t, std::size_t process, std::size_t limit) {
+  std::vector<std::string> first;
+  for (const Move& move : t.moves) {
+    if (first.size() == limit) break;
+    if (move.process != process) first.push_back(std::to_string(number(move.process)));
   }
-  return clean;
+  return shortened(first, t.moves.size() - 1, ", ", limit);
 }
 
 std::string xmlText(const std::string& text) {
   std::string escaped;
-  for (const char c : cleanUtf8(text)) {
+  for (const char c : printable(text)) {
     switch (c) {
       case '&':
         escaped += "&amp;";
@@ -142,7 +111,7 @@ std::string xmlText(const std::string& text) {
   return escaped;
 }
 
-const Colour& colourOf(const Process& process, int location) {
+const Colour& colourOfRank(std::size_t rank) {
   static constexpr std::array<Colour, 8> palette{{{"#d9d9d9", "#222222"},
                                                   {"#56b4e9", "#000000"},
                                                   {"#e69f00", "#000000"},
@@ -151,9 +120,12 @@ const Colour& colourOf(const Process& process, int location) {
                                                   {"#cc79a7", "#000000"},
                                                   {"#0b5c94", "#ffffff"},
                                                   {"#b84a00", "#ffffff"}}};
-  const auto rank = static_cast<std::size_t>(
-      std::distance(process.locations.begin(), process.locations.find(location)));
   return rank == 0 ? palette[0] : palette[1 + (rank - 1) % (palette.size() - 1)];
+}
+
+const Colour& colourOf(const Process& process, int location) {
+  const auto at = process.locations.find(location);
+  return colourOfRank(static_cast<std::size_t>(std::distance(process.locations.begin(), at)));
 }
 
 }  // namespace tpn

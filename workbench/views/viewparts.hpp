@@ -9,7 +9,7 @@
 
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 
@@ -28,14 +28,14 @@ struct Part {
   int source = 0;
   int target = 0;
 };
-std::vector<Part> partsOf(const Network& net, std::size_t process);
+using Parts = std::vector<Part>;
+std::vector<Parts> partsByProcess(const Network& net);  // [process], by transition
 
 bool isShared(const Transition& t);  // of more than one process
-std::vector<std::string> partners(const Transition& t, std::size_t process);  // all others' numbers
 const std::set<int>& labelsAt(const Process& process, int location);
 
 std::string text(const Interval& interval);           // "[1, 3]", "[2, inf)"
-std::string shortProperty(const Property& property);  // shortened where it is long
+std::string shortProperty(const Property& property);  // printable; cut where it is long
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator);
 
@@ -43,11 +43,10 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit);
 
-// The text with every byte that is no UTF-8, and every control character, replaced by U+FFFD: a
-// title may hold anything.
-std::string cleanUtf8(const std::string& text);
+// The numbers of all other processes of a transition, shortened like this.
+std::string partners(const Transition& t, std::size_t process, std::size_t limit);
 
-std::string xmlText(const std::string& text);  // clean, and escaped for XML text and attributes
+std::string xmlText(const std::string& text);  // printable, and escaped for XML text and attributes
 
 // Of a location, in all pictures. They stay apart for colour-blind eyes too, and the number stands
 // with them; grey is kept for the initial location.
@@ -56,5 +55,6 @@ struct Colour {
   const char* ink;  // for what is written on it
 };
 const Colour& colourOf(const Process& process, int location);
+const Colour& colourOfRank(std::size_t rank);  // the rank of a location in its process
 
 }  // namespace tpn

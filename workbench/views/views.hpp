@@ -1,31 +1,68 @@
-// One run, many views. All take a run that replays without complaint.
+// What there is to see of a run and of a network: tables with a row a view. The command line's
+// options and the commands of a walk come from them, so a new view is a file with its function and
+// a row in views.cpp.
 
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 
+#include "workbench/base/json.hpp"
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 #include "workbench/runs/run.hpp"
 
 namespace tpn {
 
+// Where a subcommand puts a view.
+enum class Place {
+  usual,   // on standard output unless something else is asked for
+  stream,  // there, with a flag --NAME
+  file     // into a file of its own, with an option --NAME FILE
+};
+
+struct RunView {
+  const char* name;
+  const char* suffix;  // of files that hold it, without a dot
+  Place place;
+  const char* help;
+  std::string (*print)(const Network& net, const Property& property, const Run& run);
+};
+
+struct NetworkView {
+  const char* name;
+  const char* suffix;
+  Place place;
+  const char* help;
+  std::string (*print)(const Network& net);
+};
+
+std::span<const RunView> runViews();
+std::span<const NetworkView> networkViews();
+
+// None where there is none of that name.
+const RunView* runViewCalled(std::string_view name);
+
+// The views of a run take one that replays without complaint.
+
 // One line a step: elapsed time, delay, transition with the processes that move, locations that
 // changed, propositions that now hold; the goal is marked.
 std::string runText(const Network& net, const Property& property, const Run& run);
 
 // docs/run.schema.json describes it.
-std::string runJson(const Network& net, const Property& property, const Run& run);
+Json runJson(const Network& net, const Property& property, const Run& run);
 
-// A value change dump, for waveform viewers.
+// A value change dump, for waveform viewers. Throws std::overflow_error where its ticks do not
+// reach.
 std::string runVcd(const Network& net, const Property& property, const Run& run);
 
 // Time runs right, one lane a process.
 std::string runSvg(const Network& net, const Property& property, const Run& run);
 
-// A network: for reading, for programs, for Graphviz (one automaton a process).
 std::string networkText(const Network& net);
-std::string networkJson(const Network& net);  // docs/network.schema.json
-std::string networkDot(const Network& net);
+Json networkJson(const Network& net);        // docs/network.schema.json
+std::string networkDot(const Network& net);  // Graphviz: one automaton a process
+std::string networkSvg(const Network& net);  // drawn by Graphviz: what `filtered` throws
 
 }  // namespace tpn

@@ -1,11 +1,14 @@
 // All delays are multiples of one grain, so all clocks and the ends of all windows are too: nothing
 // has to be rounded, and denominators do not grow on long walks.
 
+#include "workbench/walking/randomwalk.hpp"
+
 #include <algorithm>
 #include <random>
+#include <stdexcept>
 #include <vector>
 
-#include "workbench/walking/walk.hpp"
+#include "workbench/runs/run.hpp"
 
 namespace tpn {
 
@@ -33,9 +36,28 @@ struct Choice {
 
 std::vector<Choice> choices(const Network& net, const TimedState& state) {
   std::vector<Choice> found;
-  for (std::size_t t = 0; t < net.transitions.size(); ++t)
-    if (const auto delays = window(net, state, t)) found.push_back({t, *delays});
+  const std::vector<std::optional<Window>> all = windows(net, state);
+  for (std::size_t t = 0; t < all.size(); ++t)
+    if (all[t]) found.push_back({t, *all[t]});
   return found;
+}
+
+// Where a walk is. The states before are not kept: they took 100 MB a second.
+struct Now {
+  TimedState state;
+  Rational time;
+};
+
+// What is wrong with the step, or empty.
+std::string go(const Network& net, const Step& step, Now& now) {
+  try {
+    const Rational time = now.time + step.delay;
+    std::string complaint = advance(net, step, now.state);
+    if (complaint.empty()) now.time = time;
+    return complaint;
+  } catch (const std::overflow_error& error) {
+    return error.what();
+  }
 }
 
 }  // namespace
@@ -44,17 +66,16 @@ Walked walkRandomly(const Network& net, std::uint64_t seed, std::size_t steps) {
   std::mt19937_64 random(seed);
   const std::int64_t longest = largestConstant(net) + 1;
   Walked walked;
-  Replay past = unmoved(net);
+  Now now{initialState(net), 0};
   while (walked.run.steps.size() < steps && walked.stuck.empty()) {
-    const TimedState& state = past.states.back();
-    const std::vector<Choice> all = choices(net, state);
+    const std::vector<Choice> all = choices(net, now.state);
     if (all.empty()) {
-      walked.stuck = stuck(net, state);
+      walked.stuck = stuck(net, now.state);
       break;
     }
     const Choice& chosen = all[upTo(all.size() - 1, random)];
     const Step step{delayWithin(chosen.delays, longest, random), chosen.transition};
-    walked.stuck = extend(net, step, past);  // times that do not fit any more
+    walked.stuck = go(net, step, now);  // times that do not fit any more
     if (walked.stuck.empty()) walked.run.steps.push_back(step);
   }
   walked.run.goal = walked.run.steps.size();

@@ -13,32 +13,16 @@
 #include <stdexcept>
 #include <vector>
 
+#include "workbench/runs/replay.hpp"
 #include "workbench/views/views.hpp"
+#include "workbench/walking/walkcommands.hpp"
 
 namespace tpn {
 
 namespace {
 
-using Words = std::vector<std::string>;
-
-constexpr const char* helpText =
-    "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as soon\n"
-    "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
-    "undo [COUNT]              take back the last step, or as many\n"
-    "show                      the state and what can fire\n"
-    "text|json|vcd|svg [FILE]  the run so far, here or into a file\n"
-    "help                      this\n"
-    "quit                      end\n";
-
 std::string plural(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-Words words(const std::string& line) {
-  std::istringstream in(line.substr(0, line.find('#')));
-  Words result;
-  for (std::string word; in >> word;) result.push_back(word);
-  return result;
 }
 
 bool isNumber(const std::string& word) {
@@ -52,31 +36,7 @@ std::size_t value(const std::string& digits) {
   return result;
 }
 
-// ---- views
-// ---------------------------------------------------------------------------------------
-
-struct View {
-  const char* name;
-  std::string (*print)(const Network&, const Property&, const Run&);
-};
-
-const View* viewCalled(const std::string& name) {
-  static constexpr View views[] = {
-      {"text", runText}, {"json", runJson}, {"vcd", runVcd}, {"svg", runSvg}};
-  for (const View& view : views)
-    if (name == view.name) return &view;
-  return nullptr;
-}
-
-// All after the first word: names of files may have blanks, and a #.
-std::string fileIn(const std::string& line) {
-  std::istringstream in(line);
-  std::string file;
-  in >> file;
-  file.clear();
-  std::getline(in >> std::ws, file);
-  return file.substr(0, file.find_last_not_of(" \t\r") + 1);
-}
+// --- Views. ---
 
 // What went wrong, or empty.
 std::string written(const std::string& file, const std::string& text) {
@@ -87,13 +47,7 @@ std::string written(const std::string& file, const std::string& text) {
   return out ? "" : "cannot write '" + file + "': " + std::strerror(errno);
 }
 
-// ---- what is shown of a state
-// --------------------------------------------------------------------
-
-bool enabled(const Transition& t, const Locations& at) {
-  return std::all_of(t.moves.begin(), t.moves.end(),
-                     [&](const Move& move) { return at[move.process] == move.source; });
-}
+// --- What is shown of a state. ---
 
 std::string delaysText(const std::optional<Window>& delays) {
   if (!delays) return "cannot fire";
@@ -123,29 +77,30 @@ void showProcesses(const Network& net, const TimedState& state, std::ostream& ou
 void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
   const std::string reason = stuck(net, state);
   if (!reason.empty()) out << "  " << reason << "\n";
+  const std::vector<std::optional<Window>> delays = windows(net, state);
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     if (enabled(net.transitions[t], state.locations))
       out << std::right << std::setw(4) << number(t) << "  " << std::left << std::setw(16)
-          << delaysText(window(net, state, t)) << "  " << movesText(net.transitions[t]) << "\n";
+          << delaysText(delays[t]) << "  " << movesText(net.transitions[t]) << "\n";
 }
 
-// ---- a session
-// -----------------------------------------------------------------------------------
+// --- A session. ---
 
 class Session {
  public:
-  Session(const Network& net, std::ostream& out) : net_(net), out_(out), past_(unmoved(net)) {}
+  Session(const Network& net, std::ostream& out, FileVeto veto = nullptr)
+      : net_(net), out_(out), veto_(std::move(veto)), past_(unmoved(net)) {}
 
   // Does what the line says; what is wrong with it, or empty. Then `changed` tells whether the
   // state is another, `ended` whether this was the last command.
   std::string perform(const std::string& line) {
     changed = false;
-    const Words command = words(line);
+    const Words command = commandWords(line);
     if (command.empty()) return "";
     const std::string& verb = command.front();
     if (isNumber(verb)) return fire(command);
     if (verb == "undo") return undo(command);
-    if (const View* view = viewCalled(verb)) return print(*view, fileIn(line));
+    if (const RunView* view = runViewCalled(verb)) return print(*view, fileIn(line));
     return plain(command);
   }
 
@@ -170,7 +125,7 @@ class Session {
       return "unknown command '" + verb + "'; try help";
     if (command.size() > 1) return verb + " takes nothing";
     if (verb == "show") show();
-    if (verb == "help") out_ << helpText;
+    if (verb == "help") out_ << helpText();
     ended = verb == "quit";
     return "";
   }
@@ -198,7 +153,7 @@ class Session {
     try {
       // What is shown next has to fit as well: a delay of 1/9223372036854775807 does, 2 less it
       // does not.
-      for (std::size_t t = 0; t < net_.transitions.size(); ++t) window(net_, state(), t);
+      windows(net_, state());
     } catch (const std::overflow_error& error) {
       takeBack();
       return error.what();
@@ -225,8 +180,10 @@ class Session {
     past_.times.pop_back();
   }
 
-  std::string print(const View& view, const std::string& file) {
+  std::string print(const RunView& view, const std::string& file) {
     try {
+      const std::string refused = veto_ && !file.empty() ? veto_(file) : "";
+      if (!refused.empty()) return refused;
       const std::string text = view.print(net_, anything(), run());
       if (!file.empty()) return written(file, text);
       out_ << text;
@@ -238,6 +195,7 @@ class Session {
 
   const Network& net_;
   std::ostream& out_;
+  FileVeto veto_;  // may be none
   std::vector<Step> steps_;
   Replay past_;  // of these steps
 };
@@ -245,12 +203,12 @@ class Session {
 }  // namespace
 
 std::string stuck(const Network& net, const TimedState& state) {
-  bool any = false;
-  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
-    if (window(net, state, t)) return "";
-    any = any || enabled(net.transitions[t], state.locations);
-  }
-  if (!any) return "stuck: no transition is enabled";
+  const auto fires = [](const std::optional<Window>& delays) { return delays.has_value(); };
+  const auto isEnabled = [&](const Transition& t) { return enabled(t, state.locations); };
+  const std::vector<std::optional<Window>> all = windows(net, state);
+  if (std::any_of(all.begin(), all.end(), fires)) return "";
+  if (std::none_of(net.transitions.begin(), net.transitions.end(), isEnabled))
+    return "stuck: no transition is enabled";
   // A transition that is enabled and cannot fire is kept from it by a latest time.
   const auto longest = longestDelay(net, state);
   assert(longest);
@@ -259,8 +217,8 @@ std::string stuck(const Network& net, const TimedState& state) {
 
 Property anything() { return {"T", {{PropertyItem::truth, 0}}}; }
 
-Walked walk(const Network& net, std::istream& in, std::ostream& out) {
-  Session session(net, out);
+Walked walk(const Network& net, std::istream& in, std::ostream& out, const FileVeto& veto) {
+  Session session(net, out, veto);
   session.show();
   while (!session.ended) {
     out << "> " << std::flush;

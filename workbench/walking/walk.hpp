@@ -4,7 +4,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -23,26 +23,17 @@ struct Walked {
 // What the views of a walk take for a property: one that always holds.
 Property anything();
 
-// The commands, a line each; `help` prints them:
-//   NUMBER [DELAY]              time passes, then this transition fires; the earliest delay if none
-//                               is given; "2", "0.5", "7/3"
-//   undo [COUNT]                takes the last steps back
-//   show                        the state and what can fire
-//   text|json|vcd|svg [FILE]    a view of the run so far
-//   help, quit
-// Empty lines and what follows a # are skipped.
+// Why a file may not be written; empty where it may.
+using FileVeto = std::function<std::string(const std::string& file)>;
 
 // Shows every state and asks for commands until `quit` or the end of input. A command that cannot
 // be done gets a line "error: ..." and changes nothing.
-Walked walk(const Network& net, std::istream& in, std::ostream& out);
+Walked walk(const Network& net, std::istream& in, std::ostream& out,
+            const FileVeto& veto = nullptr);
 
 // The same commands without prompts; prints what they ask for and nothing else. The first that
 // cannot be done ends it. `name` is the script's, for the error.
 Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out);
-
-// At most `steps` random steps; delays are multiples of 1/12. The same for the same seed
-// everywhere.
-Walked walkRandomly(const Network& net, std::uint64_t seed, std::size_t steps);
 
 // Why no transition can ever fire from here; empty where one can.
 std::string stuck(const Network& net, const TimedState& state);

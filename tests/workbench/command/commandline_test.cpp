@@ -9,36 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "tests/driver/runprogram.hpp"
 #include "tests/workbench/base/jsonschema.hpp"
+#include "tests/workbench/command/tpn.hpp"
 
 namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
 using Json = nlohmann::json;
-
-const std::filesystem::path tree = ZERVAN_SOURCE_DIR;
-
-class Tpn : public testing::Test {
- protected:
-  void SetUp() override {
-    for (const std::string folder : {"fischer", "handshake"})
-      for (const auto& entry : std::filesystem::directory_iterator(tree / "examples" / folder))
-        if (entry.path().extension() == ".tpn") std::filesystem::copy(entry.path(), place.folder());
-  }
-
-  Outcome tpn(const std::vector<std::string>& arguments) const {
-    return place.run(TPN_BINARY, arguments);
-  }
-  Outcome shell(const std::string& command) const { return place.run("sh", {"-c", command}); }
-
-  static Json schema(const std::string& name) {
-    return Json::parse(contents(tree / "docs" / name));
-  }
-
-  Workplace place;
-};
 
 TEST_F(Tpn, VersionAndHelpExitWith0) {
   EXPECT_THAT(tpn({"--version"}).out, StartsWith("tpn "));
@@ -56,7 +34,8 @@ TEST_F(Tpn, CommandLineWithoutSenseExitsWith2) {
                                                     {"fly"},
                                                     {"check", "fischer"},
                                                     {"check", "a", "b", "--jobs", "0"},
-                                                    {"run", "fischer", "--steps", "3"}})
+                                                    {"run", "fischer", "--steps", "3"},
+                                                    {"show", "fischer", "--json", "--dot"}})
     EXPECT_EQ(tpn(arguments).status, 2);
 }
 
@@ -78,7 +57,7 @@ TEST_F(Tpn, LintTellsWhetherABoundIsTaken) {
 TEST_F(Tpn, FileThatIsNotThereIsNamed) {
   const Outcome outcome = tpn({"lint", "nothing"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "tpn: nothing: cannot be opened\n");
+  EXPECT_EQ(outcome.err, "tpn: nothing: cannot be opened: No such file or directory\n");
 }
 
 TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
@@ -89,6 +68,11 @@ TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
   EXPECT_EQ(outcome.err, "");
   EXPECT_THAT(place.read("run.svg"), HasSubstr("</svg>"));
   EXPECT_THAT(place.read("run.vcd"), HasSubstr("$enddefinitions"));
+}
+
+TEST_F(Tpn, PictureInTheReadmeIsTheOneThatIsDrawn) {
+  ASSERT_EQ(tpn({"check", "fischer-swapped", "violation", "--svg", "run.svg"}).status, 10);
+  EXPECT_EQ(place.read("run.svg") == contents(tree / "docs/run.svg"), true);
 }
 
 TEST_F(Tpn, CheckWithoutRunExitsWith20) {
@@ -164,10 +148,10 @@ TEST_F(Tpn, BadScriptIsNamedWithItsLine) {
 TEST_F(Tpn, FullDiskIsNoticed) {
   const Outcome out = shell(TPN_BINARY " show fischer >/dev/full");
   EXPECT_EQ(out.status, 1);
-  EXPECT_EQ(out.err, "tpn: standard output: cannot be written\n");
+  EXPECT_EQ(out.err, "tpn: standard output: cannot be written: No space left on device\n");
   const Outcome svg = tpn({"check", "handshake", "busy", "--svg", "/dev/full"});
   EXPECT_EQ(svg.status, 1);
-  EXPECT_EQ(svg.err, "tpn: /dev/full: cannot be written\n");
+  EXPECT_EQ(svg.err, "tpn: /dev/full: cannot be written: No space left on device\n");
   EXPECT_THAT(svg.out, StartsWith("reachable"));  // the answer is not lost
 }
 

@@ -9,7 +9,6 @@
 #include "tests/driver/runprogram.hpp"
 #include "tests/workbench/encoding/checknets.hpp"
 #include "tests/workbench/search/explored.hpp"
-#include "workbench/encoding/pattern.hpp"
 
 namespace {
 
@@ -67,38 +66,9 @@ TEST(Encode, CountsLocationsThatNoMoveMentions) {
   EXPECT_EQ(model.totalNrVertBits, 3);
 }
 
-TEST(Encode, WritesPropertiesAsTheCoreReadsThem) {
+TEST(Encode, GivesTheFormulaThatTheCoreReads) {
   for (const char* const text : {"T", "p1", "p-12", "p1p-2&p3+T&"})
-    EXPECT_EQ(tpn::propertyText(propertyOf(text)), text);
-}
-
-// A pattern's values against the formula's, by enumeration.
-TEST(Pattern, MeansWhatItsFormulasMean) {
-  tpn::emptyStore();
-  const BoolForm a(1);
-  const BoolForm b(2);
-  const BoolForm c(3);
-  const BoolForm unused = con(a, neg(c));
-  const BoolForm both = con(a, b);
-  const BoolForm same = equ(neg(both), c);
-  const BoolForm any = dis(same, neg(a));
-  const tpn::Pattern pattern(3, {any, neg(both), BoolForm(true), BoolForm(false), neg(c), unused});
-  tpn::emptyStore();
-  for (int bits = 0; bits < 8; ++bits) {
-    const bool x = (bits & 1) != 0;
-    const bool y = (bits & 2) != 0;
-    const bool z = (bits & 4) != 0;
-    const std::vector<bool> expected{(!(x && y) == z) || !x, !(x && y), true, false, !z, x && !z};
-    EXPECT_EQ(pattern.evaluate({false, x, y, z}), expected);
-  }
-}
-
-TEST(Pattern, HasNoNodesButThoseOfItsFormulas) {
-  tpn::emptyStore();
-  const BoolForm first = con(BoolForm(1), BoolForm(2));
-  con(BoolForm(1), BoolForm(3));
-  EXPECT_EQ(tpn::Pattern(3, {first}).nodes.size(), 1U);
-  tpn::emptyStore();
+    EXPECT_EQ(EctlForm(text), tpn::formulaOf(propertyOf(text)));
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "tests/workbench/network/lintinvariants.hpp"
+#include "workbench/encoding/lintbound.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace {

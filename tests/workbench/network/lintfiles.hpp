@@ -12,7 +12,9 @@
 #include <ostream>
 #include <string>
 
+#include "workbench/encoding/lintbound.hpp"
 #include "workbench/network/lintrules.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {

@@ -1,4 +1,4 @@
-// The strict readers: values of what is in order, all mistakes in one go of what is not.
+// The strict reader of networks: values of what is in order, all mistakes in one go of what is not.
 
 #include "workbench/network/strictread.hpp"
 
@@ -6,71 +6,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "tests/workbench/network/lintinvariants.hpp"
+#include "tests/workbench/network/bignets.hpp"
+#include "tests/workbench/network/strictly.hpp"
+#include "workbench/network/writer.hpp"
 
 namespace {
 
 using namespace std::string_view_literals;
-
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Ids = std::vector<std::pair<int, std::string>>;  // (line, id)
-
-struct Found {
-  std::optional<tpn::Network> network;
-  std::optional<tpn::Property> property;
-  tpn::Diagnostics diagnostics;
-
-  Ids ids() const {
-    Ids list;
-    for (const tpn::Diagnostic& d : diagnostics) list.emplace_back(d.line, d.id);
-    return list;
-  }
-};
-
-Found inNetwork(const std::string& text) {
-  Found found;
-  found.network = tpn::readNetwork("net", text, found.diagnostics);
-  assertInvariants(text, found.diagnostics, found.network.has_value());
-  return found;
-}
-
-Found inProperty(const std::string& text) {
-  Found found;
-  found.property = tpn::readProperty("phi", text, found.diagnostics);
-  assertInvariants(text, found.diagnostics, found.property.has_value());
-  return found;
-}
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-  const std::size_t at = text.find(from);
-  EXPECT_NE(at, std::string::npos) << from;
-  return text.replace(at, from.size(), to);
-}
-
-const std::string lamp =
-    "lamp\n"
-    "transitions\n"
-    "1 0 3\n"
-    "2 0 -1\n"
-    "endtran\n"  // line 5
-    "process\n"
-    "1 0 1\n"
-    "2 1 0\n"
-    "valuation\n"
-    "1 4 5\n"  // line 10
-    "endval\n"
-    "end\n"
-    "end\n";
-
-std::string lampWith(const std::string& from, const std::string& to) {
-  return replaced(lamp, from, to);
-}
 
 // --- Values. ---
 
@@ -284,103 +233,27 @@ TEST(ReadNetwork, OddLocationsAreHarmlessUnlessTheirBitsAgree) {
   EXPECT_EQ(ids("1 0 1\n2 1 6\n"), (Ids{{8, "location-gap"}}));    // the code 2 is free
 }
 
-// --- The property. ---
+// --- An end before the end. ---
 
-TEST(ReadProperty, TakesItemsInPostfixOrder) {
-  const Found found = inProperty("\np1p-020&T+\n");
-  ASSERT_TRUE(found.property);
-  using Item = tpn::PropertyItem;
-  EXPECT_THAT(
-      found.property->items,
-      ElementsAre(Item{Item::proposition, 1}, Item{Item::negated, 20}, Item{Item::conjunction, 0},
-                  Item{Item::truth, 0}, Item{Item::disjunction, 0}));
-  EXPECT_EQ(found.property->text, "p1p-020&T+");
-  EXPECT_EQ(found.property->line, 2);
-  EXPECT_THAT(found.diagnostics, IsEmpty());
-}
-
-TEST(ReadProperty, SaysNothingOfRemarksBehindIt) {
-  for (const std::string fine : {"p1", "p1\n\nsome remark\np2\n", "p1\n \np2&\n", "p1\nE\n"})
-    EXPECT_THAT(inProperty(fine).diagnostics, IsEmpty()) << fine;
-}
-
-TEST(ReadProperty, FindsAllMistakesInOneGo) {
-  const Found found = inProperty(" p1 &pEZp4294967296C\rEFp2p3");
-  EXPECT_EQ(found.ids(), (Ids{{1, "unknown-character"},
-                              {1, "unknown-character"},
-                              {1, "operand-missing"},
-                              {1, "proposition-without-number"},
-                              {1, "unknown-operator"},
-                              {1, "unknown-character"},
-                              {1, "proposition-too-large"},
-                              {1, "unknown-character"},
-                              {1, "property-carriage-return"},
-                              {1, "temporal-operator"},
-                              {1, "operands-left"}}));
-}
-
-TEST(ReadProperty, GoesOnBehindALineOfBlanks) {
-  EXPECT_EQ(inProperty("\r\np1EF\r\n").ids(), (Ids{{1, "property-carriage-return"},
-                                                   {2, "temporal-operator"},
-                                                   {2, "property-carriage-return"}}));
-}
-
-TEST(ReadProperty, LargestPropositionIsInRange) {
-  EXPECT_THAT(inProperty("p2147483647").diagnostics, IsEmpty());
-  EXPECT_EQ(inProperty("p2147483648").ids(), (Ids{{1, "proposition-too-large"}}));
-}
-
-TEST(ReadProperty, OperatorsCountTheirOperands) {
-  EXPECT_EQ(inProperty("EX").ids(), (Ids{{1, "temporal-operator"}, {1, "operand-missing"}}));
-  EXPECT_EQ(inProperty("p1EU").ids(), (Ids{{1, "temporal-operator"}, {1, "operand-missing"}}));
-  EXPECT_EQ(inProperty("p1p2EU").ids(), (Ids{{1, "temporal-operator"}}));
-}
-
-TEST(ReadProperty, TakesAMillionOperators) {
-  std::string text = "p1";
-  for (int i = 0; i < 1000000; ++i) text += "p2&";
-  EXPECT_TRUE(inProperty(text).property);
-}
-
-// --- Both files, and a bound. ---
-
-TEST(LintTogether, TellsEachUnknownPropositionOnceWhereItStands) {
-  const Found net = inNetwork(lamp);
-  const Found phi = inProperty("\n\np4p7&p-007p9&&\n");
-  ASSERT_TRUE(net.network && phi.property);
+TEST(ReadNetwork, EndsAtACheckpoint) {
+  const std::string text = tpn::networkFile(tpn::manyProcesses(2000));
   tpn::Diagnostics found;
-  lintTogether(*net.network, "phi", *phi.property, found);
-  ASSERT_EQ(found.size(), 2U);
-  EXPECT_EQ(std::make_pair(found[0].line, found[0].column), std::make_pair(3, 3));
-  EXPECT_EQ(std::make_pair(found[1].line, found[1].column), std::make_pair(3, 11));
+  for (int passed : {0, 1, 3, 1000}) {
+    const tpn::Checkpoint checkpoint([&] { return passed-- == 0; });
+    EXPECT_THROW(tpn::readNetwork("net", text, found, checkpoint), tpn::Interrupted);
+  }
 }
 
-TEST(LintTogether, KeepsTheOrderOfTheFile) {
-  const Found net = inNetwork(lamp);
-  Found phi = inProperty("p4p7&\np4&\n");
-  ASSERT_TRUE(net.network && phi.property);
-  lintTogether(*net.network, "phi", *phi.property, phi.diagnostics);
-  EXPECT_EQ(phi.ids(), (Ids{{1, "proposition-unknown"}, {2, "property-goes-on"}}));
-}
-
-// The lamp takes 12 variables a state: a location bit, 4 for the integer part and 1 for the
-// fraction of the delay and of the clock each, 1 for the split value.
-TEST(LintBound, TellsWhatIsTooLong) {
-  const Found net = inNetwork(lamp);
-  ASSERT_TRUE(net.network);
-  const auto idFor = [&net](int k) {
+// Each is twenty times the other: what is linear takes twenty times as long, not four hundred.
+TEST(ReadNetwork, TakesTimeLinearInTheFile) {
+  const auto seconds = [](const std::string& text) {
     tpn::Diagnostics found;
-    lintBound(*net.network, "net", k, found);
-    return found.empty() ? std::string() : found.front().id;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(tpn::readNetwork("net", text, found));
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   };
-  EXPECT_EQ(idFor(-2147483647 - 1), "bound-too-small");
-  EXPECT_EQ(idFor(0), "bound-too-small");
-  EXPECT_EQ(idFor(1), "");
-  EXPECT_EQ(idFor(500000 / 12 - 1), "");
-  EXPECT_EQ(idFor(500000 / 12), "variables-fold");
-  EXPECT_EQ(idFor(999999 / 12 - 1), "variables-fold");
-  EXPECT_EQ(idFor(999999 / 12), "too-many-variables");
-  EXPECT_EQ(idFor(2147483647), "too-many-variables");
+  const auto small = seconds(tpn::networkFile(tpn::ring(5000)));
+  EXPECT_LT(seconds(tpn::networkFile(tpn::ring(100000))), 200 * small);
 }
 
 }  // namespace

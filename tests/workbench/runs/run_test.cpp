@@ -1,7 +1,5 @@
 // Networks' meaning against the brute force on half units, and the complaints of a replay.
 
-#include "workbench/runs/run.hpp"
-
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -9,6 +7,7 @@
 
 #include "tests/workbench/network/smallnets.hpp"
 #include "tests/workbench/runs/gridmodel.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 namespace {

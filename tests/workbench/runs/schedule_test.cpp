@@ -1,13 +1,16 @@
 // Schedules against all firing times on the grid of half units: none is missed, none is earlier at
 // any firing.
 
+#include "workbench/runs/schedule.hpp"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "tests/workbench/network/smallnets.hpp"
 #include "tests/workbench/runs/gridmodel.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
+#include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
 
 namespace tpn {

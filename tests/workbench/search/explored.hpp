@@ -9,7 +9,9 @@
 #include "tests/endtoend/explorer.hpp"
 #include "tests/endtoend/generator.hpp"
 #include "tests/endtoend/network.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/search/check.hpp"
 
 struct Explored {

@@ -8,7 +8,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/search/check.hpp"
 #include "workbench/solvers/answer.hpp"
 

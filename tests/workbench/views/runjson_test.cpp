@@ -19,7 +19,7 @@ json schema(const std::string& name) {
 }
 
 json runOf(const Shown& shown) {
-  return json::parse(runJson(shown.net, shown.property, shown.run));
+  return json::parse(tpn::jsonText(runJson(shown.net, shown.property, shown.run)));
 }
 
 Rational exact(const json& time) {
@@ -124,7 +124,7 @@ TEST(NetworkJson, FollowsItsSchemaAndHoldsTheWholeNetwork) {
   const json rules = schema("network");
   for (unsigned seed = 1; seed <= 50; ++seed) {
     const Network net = randomShown(seed, 1).net;
-    const json value = json::parse(networkJson(net));
+    const json value = json::parse(tpn::jsonText(networkJson(net)));
     EXPECT_EQ(schemaComplaint(rules, value), "") << "seed " << seed;
     EXPECT_EQ(networkFrom(value), net) << "seed " << seed;
     EXPECT_EQ(value["propositions"], json(propositions(net)));
@@ -138,7 +138,7 @@ TEST(NetworkJson, ExamplesFollowTheSchema) {
     const std::string file =
         ZERVAN_SOURCE_DIR "/examples/" + std::string(folder) + "/" + folder + ".tpn";
     const Network net = networkIn(file);
-    const json value = json::parse(networkJson(net));
+    const json value = json::parse(tpn::jsonText(networkJson(net)));
     EXPECT_EQ(schemaComplaint(rules, value), "") << file;
     EXPECT_EQ(networkFrom(value), net) << file;
     ++seen;

@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/views/views.hpp"
+#include "workbench/walking/randomwalk.hpp"
 #include "workbench/walking/walk.hpp"
 
 namespace tpn {

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "tests/workbench/views/viewruns.hpp"
 
@@ -15,14 +16,15 @@ namespace {
 
 std::map<std::string, std::string> viewsOf(const Shown& shown) {
   return {{"txt", runText(shown.net, shown.property, shown.run)},
-          {"json", runJson(shown.net, shown.property, shown.run)},
+          {"json", tpn::jsonText(runJson(shown.net, shown.property, shown.run))},
           {"vcd", runVcd(shown.net, shown.property, shown.run)},
           {"svg", runSvg(shown.net, shown.property, shown.run)}};
 }
 
 std::map<std::string, std::string> viewsOf(const Network& net) {
-  return {
-      {"net.txt", networkText(net)}, {"net.json", networkJson(net)}, {"net.dot", networkDot(net)}};
+  return {{"net.txt", networkText(net)},
+          {"net.json", tpn::jsonText(networkJson(net))},
+          {"net.dot", networkDot(net)}};
 }
 
 void expectGolden(const std::string& name, const std::map<std::string, std::string>& views) {

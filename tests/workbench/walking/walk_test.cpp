@@ -6,10 +6,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <set>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "tests/workbench/walking/walked.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
@@ -34,16 +35,6 @@ Session script(const std::string& input, const Network& net = twoProcesses()) {
   std::ostringstream out;
   const Walked walked = walkScript(net, "moves.txt", in, out);
   return {walked, out.str()};
-}
-
-// "1 after 3/2, ..."
-std::string steps(const Walked& walked) {
-  std::string text;
-  for (const Step& step : walked.run.steps)
-    text += (text.empty() ? "" : ", ") + std::to_string(number(step.transition)) + " after " +
-            step.delay.text();
-  EXPECT_EQ(walked.run.goal, walked.run.steps.size());
-  return text;
 }
 
 // What the commands after the first state answer.
@@ -173,13 +164,6 @@ TEST(Walk, SaysWhenNothingCanFireAnyMore) {
             std::string::npos);
 }
 
-// Transition 1 has to fire by 2, but not before 3.
-Network impatient() {
-  Network net = twoProcesses();
-  net.transitions = {{{3, 2}, {{0, 0, 1}}}, {{5, {}}, {{1, 0, 1}}}};
-  return net;
-}
-
 TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
   EXPECT_EQ(session("", impatient()).out, R"(time 0, after 0 steps
   process 1: location 0, clock 0
@@ -207,7 +191,7 @@ TEST(WalkViews, ArePrintedOfTheRunSoFar) {
   const auto expected = [&](const char* view) { return session(commands + view).out; };
   const std::string before = session(commands + "quit\n").out;
   EXPECT_EQ(expected("text\nquit\n"), before + runText(net, anything(), run) + "> ");
-  EXPECT_EQ(expected("json\nquit\n"), before + runJson(net, anything(), run) + "> ");
+  EXPECT_EQ(expected("json\nquit\n"), before + tpn::jsonText(runJson(net, anything(), run)) + "> ");
   EXPECT_EQ(expected("vcd\nquit\n"), before + runVcd(net, anything(), run) + "> ");
   EXPECT_EQ(expected("svg\nquit\n"), before + runSvg(net, anything(), run) + "> ");
 }
@@ -252,65 +236,6 @@ TEST(WalkScript, StopsAtABadLineAndKeepsWhatWasDone) {
             "3");
   EXPECT_EQ(steps(s.walked), "1 after 3/2");
   EXPECT_EQ(script("fly").walked.error, "moves.txt:1: error: unknown command 'fly'; try help");
-}
-
-// ---- at random
-// -----------------------------------------------------------------------------------
-
-TEST(WalkRandomly, IsTheSameForTheSameSeed) {
-  EXPECT_EQ(steps(walkRandomly(twoProcesses(), 1, 6)),
-            "1 after 1, 2 after 7/4, 3 after 31/12, 1 after 4/3, 2 after 7/12, 3 after 53/12");
-  std::set<std::string> walks;
-  for (std::uint64_t seed = 0; seed < 20; ++seed) {
-    walks.insert(steps(walkRandomly(twoProcesses(), seed, 30)));
-    EXPECT_TRUE(walks.contains(steps(walkRandomly(twoProcesses(), seed, 30))));
-  }
-  EXPECT_EQ(walks.size(), 20U);
-}
-
-TEST(WalkRandomly, MakesSoManySteps) {
-  EXPECT_EQ(walkRandomly(twoProcesses(), 1, 0).run.steps.size(), 0U);
-  const Walked walked = walkRandomly(twoProcesses(), 1, 2000);
-  EXPECT_EQ(walked.run.steps.size(), 2000U);
-  EXPECT_EQ(walked.stuck, "");
-  EXPECT_EQ(replay(twoProcesses(), anything(), walked.run).complaint, "");
-}
-
-// Every transition comes, with delays at both ends of its window and between.
-TEST(WalkRandomly, LeavesNothingOut) {
-  std::set<std::string> first;
-  for (std::uint64_t seed = 0; seed < 2000; ++seed)
-    first.insert(steps(walkRandomly(twoProcesses(), seed, 1)));
-  EXPECT_EQ(first.size(), 13U + 25U);  // twelfths of 1 to 2 and of 0 to 2
-  for (const char* step : {"1 after 1", "1 after 17/12", "1 after 2", "2 after 0", "2 after 2"})
-    EXPECT_TRUE(first.contains(step)) << step;
-}
-
-TEST(WalkRandomly, SaysWhyItIsStuck) {
-  EXPECT_EQ(walkRandomly(impatient(), 1, 5).stuck,
-            "stuck: time stops after 2, and no transition can fire until then");
-  Network net = twoProcesses();
-  net.transitions.resize(1);
-  const Walked walked = walkRandomly(net, 1, 5);
-  EXPECT_EQ(walked.run.steps.size(), 1U);
-  EXPECT_EQ(walked.stuck, "stuck: no transition is enabled");
-}
-
-TEST(WalkRandomly, GivesRunsThatReplayInAnyNetwork) {
-  SmallNets nets(4);
-  int made = 0;
-  int cut = 0;
-  for (std::uint64_t seed = 0; seed < 1000; ++seed) {
-    const Network net = nets.next();
-    const Walked walked = walkRandomly(net, seed, 20);
-    const Replay replayed = replay(net, anything(), walked.run);
-    ASSERT_EQ(replayed.complaint, "");
-    ASSERT_EQ(walked.stuck,
-              walked.run.steps.size() == 20 ? "" : stuck(net, replayed.states.back()));
-    (walked.stuck.empty() ? made : cut) += 1;
-  }
-  EXPECT_GT(made, 100);
-  EXPECT_GT(cut, 100);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "workbench/network/network.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 
@@ -35,7 +35,7 @@ struct Gap {
   std::vector<int> ticks;  // x of the round times inside, where to scale
 };
 
-struct RunLayout {
+struct RunGeometry {
   static constexpr int barHeight = 20;
   static constexpr int lanePitch = 36;
   static constexpr int smallFont = 10;
@@ -57,6 +57,6 @@ struct RunLayout {
   int right(std::size_t state) const;  // where the next one is entered
 };
 
-RunLayout layout(const Network& net, const Replay& replay);
+RunGeometry geometryOf(const Network& net, const Replay& replay);
 
 }  // namespace tpn

@@ -1,4 +1,4 @@
-#include "workbench/views/runlayout.hpp"
+#include "workbench/views/rungeometry.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -31,21 +31,21 @@ int columnWidth(const Network& net, const Replay& replay) {
     for (const int l : process.locations) location = std::max(location, std::to_string(l).size());
   const std::size_t transition = std::to_string(net.transitions.size()).size();
   const std::size_t step = std::to_string(replay.states.size()).size();
-  return std::max({24, textWidth(location, RunLayout::barFont) + 16,
-                   textWidth(transition, RunLayout::smallFont) + 12,
-                   textWidth(step, RunLayout::smallFont) + 6});
+  return std::max({24, textWidth(location, RunGeometry::barFont) + 16,
+                   textWidth(transition, RunGeometry::smallFont) + 12,
+                   textWidth(step, RunGeometry::smallFont) + 6});
 }
 
 // The least distance of two instants: that of columns, and their times must fit below.
-int leastGap(const RunLayout& at) {
+int leastGap(const RunGeometry& at) {
   std::size_t longest = 1;
   for (const Instant& instant : at.instants)
     longest = std::max(longest, instant.time.text().size());
-  return std::max(at.column + 6, textWidth(longest, RunLayout::smallFont) + 8);
+  return std::max(at.column + 6, textWidth(longest, RunGeometry::smallFont) + 8);
 }
 
 // Pixels for a unit of time: a gap of average length gets what makes a long run not too wide.
-double pixelsPerUnit(const RunLayout& at, int least) {
+double pixelsPerUnit(const RunGeometry& at, int least) {
   const auto gaps = static_cast<int>(at.instants.size()) - 1;
   if (gaps == 0) return 0;
   const int average = std::clamp(1200 / gaps, least, 72);
@@ -80,7 +80,7 @@ Gap gapBetween(const Instant& before, const Instant& after, int x, double perUni
   return gap;
 }
 
-void placeStates(RunLayout& at) {
+void placeStates(RunGeometry& at) {
   const int least = leastGap(at);
   const double perUnit = pixelsPerUnit(at, least);
   int x = at.gutter;
@@ -100,20 +100,20 @@ void placeStates(RunLayout& at) {
 
 }  // namespace
 
-int RunLayout::barTop(std::size_t process) const {
+int RunGeometry::barTop(std::size_t process) const {
   return lanesTop + static_cast<int>(process) * lanePitch + (lanePitch - barHeight);
 }
 
-int RunLayout::right(std::size_t state) const {
+int RunGeometry::right(std::size_t state) const {
   return state + 1 < entered.size() ? entered[state + 1] : end;
 }
 
-RunLayout layout(const Network& net, const Replay& replay) {
-  RunLayout at;
+RunGeometry geometryOf(const Network& net, const Replay& replay) {
+  RunGeometry at;
   const std::string lastLane = "process " + std::to_string(net.processes.size());
-  at.gutter = margin + textWidth(lastLane.size(), RunLayout::laneFont) + 16;
+  at.gutter = margin + textWidth(lastLane.size(), RunGeometry::laneFont) + 16;
   at.lanesTop = header;
-  at.lanesBottom = header + static_cast<int>(net.processes.size()) * RunLayout::lanePitch + 8;
+  at.lanesBottom = header + static_cast<int>(net.processes.size()) * RunGeometry::lanePitch + 8;
   at.instants = instantsOf(replay.times);
   at.column = columnWidth(net, replay);
   placeStates(at);

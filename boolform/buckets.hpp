@@ -1,0 +1,39 @@
+// Values in buckets, all in one piece of memory: first every value's bucket is counted, then each
+// value is put into its bucket, from the bucket's end on.
+
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <numeric>
+#include <span>
+#include <vector>
+
+template <class Value>
+class Buckets {
+ public:
+  // At most `values` values, fewer than 2^32.
+  void makeRoom(std::size_t buckets, std::size_t values) {
+    begin_.resize(buckets + 1);
+    // Not initialised: touching memory once more is what costs.
+    values_ = std::make_unique_for_overwrite<Value[]>(values);
+  }
+
+  void clear() { std::fill(begin_.begin(), begin_.end(), 0); }
+  void count(std::size_t bucket) { ++begin_[bucket]; }
+  void countingDone() { std::partial_sum(begin_.begin(), begin_.end(), begin_.begin()); }
+  void put(std::size_t bucket, Value value) { values_[--begin_[bucket]] = value; }
+
+  std::size_t size() const { return begin_.empty() ? 0 : begin_.size() - 1; }  // in buckets
+  std::span<Value> operator[](std::size_t bucket) {
+    return {values_.get() + begin_[bucket], values_.get() + begin_[bucket + 1]};
+  }
+
+ private:
+  // Where each bucket begins, and the last one ends; while values are put, where the last value put
+  // into it is.
+  std::vector<std::uint32_t> begin_;
+  std::unique_ptr<Value[]> values_;
+};

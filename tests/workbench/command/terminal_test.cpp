@@ -1,0 +1,86 @@
+// What tpn says to a terminal: progress that is taken back, and no byte that the terminal obeys.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+
+#include "tests/workbench/command/tpn.hpp"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Terminal : public Tpn {
+ protected:
+  // What arrives at a terminal that has standard error, while standard output goes to "out".
+  std::string onTerminal(const std::string& command) const {
+    int master = -1;
+    const pid_t child = forkpty(&master, nullptr, nullptr, nullptr);
+    if (child == 0) {
+      if (chdir(place.folder().c_str()) == 0)
+        execl("/bin/sh", "sh", "-c", (command + " >out").c_str(), nullptr);
+      _exit(127);
+    }
+    std::string seen;
+    char block[4096];
+    for (ssize_t n = 0; (n = read(master, block, sizeof block)) > 0;)
+      seen.append(block, static_cast<std::size_t>(n));
+    close(master);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return seen;
+  }
+};
+
+TEST_F(Terminal, ProgressIsShownAndTakenBack) {
+  const std::string seen = onTerminal(TPN_BINARY " check fischer violation --max-bound 11");
+  EXPECT_THAT(seen, HasSubstr("\rk = 11: "));
+  EXPECT_TRUE(seen.ends_with("\r\033[K")) << seen;
+  EXPECT_EQ(place.read("out"), "no run of up to 11 steps reaches it\n");
+}
+
+TEST_F(Terminal, ProgressIsTakenBackBeforeAnError) {
+  place.write("dies", "#!/bin/sh\nexit 3\n");
+  std::filesystem::permissions(place.folder() / "dies", std::filesystem::perms::owner_all);
+  const std::string seen = onTerminal(TPN_BINARY " check fischer violation --solver ./dies");
+  const std::size_t error = seen.find("tpn: ");
+  ASSERT_NE(error, std::string::npos) << seen;
+  EXPECT_TRUE(seen.substr(0, error).ends_with("\r\033[K")) << seen;
+}
+
+TEST_F(Terminal, NamesOfFilesAreNotObeyed) {
+  const std::string name = "a\x1b[31m\x9b";
+  place.write(name + ".tpn", "title\ntransitions\n");
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"lint", name},
+        {"lint", name + "none"},
+        {"show", name},
+        {"show", "fischer", name},
+        {"check", "fischer", "critical", "--timeout", name},
+        {"show", "fischer", "--svg", name + ".tpn/x"}}) {
+    const Outcome outcome = tpn(arguments);
+    EXPECT_NE(outcome.status, 0);
+    EXPECT_THAT(outcome.out + outcome.err, HasSubstr("a\xef\xbf\xbd[31m\xef\xbf\xbd"));
+    EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x1b")));
+    EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x9b")));
+  }
+}
+
+TEST_F(Terminal, TitlesAreNotObeyed) {
+  std::string net = place.read("handshake.tpn");
+  place.write("handshake.tpn", "\x1b[2J\x9b" + net);
+  for (const std::string option : {"", "--dot"}) {
+    const Outcome outcome = shell(TPN_BINARY " show handshake " + option);
+    EXPECT_THAT(outcome.out, HasSubstr("\xef\xbf\xbd[2J\xef\xbf\xbd"));
+    EXPECT_THAT(outcome.out, Not(HasSubstr("\x1b")));
+  }
+}
+
+TEST_F(Terminal, ScriptsAreNotObeyed) {
+  place.write("walk", "fly\x1b[31m\n");
+  const Outcome outcome = tpn({"run", "fischer", "--script", "walk"});
+  EXPECT_THAT(outcome.err, HasSubstr("unknown command 'fly\xef\xbf\xbd[31m'"));
+}
+
+}  // namespace

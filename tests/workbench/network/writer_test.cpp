@@ -1,0 +1,94 @@
+// What is written is read again as it was.
+
+#include "workbench/network/writer.hpp"
+
+#include <gtest/gtest.h>
+
+#include "tests/workbench/network/bignets.hpp"
+#include "tests/workbench/network/smallnets.hpp"
+#include "workbench/network/strictread.hpp"
+
+namespace tpn {
+namespace {
+
+// A file's processes have the locations that their moves mention, and labels on those.
+Network writable(SmallNets& nets) {
+  Network net = nets.next();
+  net.title = nets.upTo(1) == 0 ? "transitions" : "a title, \x80 in it";
+  for (Process& process : net.processes) process.locations = {0};
+  for (const Transition& t : net.transitions)
+    for (const Move& move : t.moves)
+      net.processes[move.process].locations.insert({move.source, move.target});
+  for (Process& process : net.processes)
+    for (const int location : process.locations)
+      for (int q = nets.number(3); q > 0; --q) process.labels[location].insert(nets.number(20));
+  return net;
+}
+
+// Without location 0, or with a gap, the file is not in order: those are left out.
+bool inOrder(const Network& net) {
+  for (std::size_t p = 0; p < net.processes.size(); ++p) {
+    bool zero = false;
+    bool moves = false;
+    for (const Transition& t : net.transitions)
+      for (const Move& move : t.moves)
+        if (move.process == p) {
+          moves = true;
+          zero = zero || move.source == 0 || move.target == 0;
+        }
+    if (moves && !zero) return false;
+  }
+  return true;
+}
+
+std::optional<Network> readAgain(const Network& net) {
+  Diagnostics found;
+  return readNetwork("net", networkFile(net), found);
+}
+
+TEST(NetworkFile, IsReadAsTheSameNetwork) {
+  SmallNets nets(1);
+  int compared = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const Network net = writable(nets);
+    if (!inOrder(net)) continue;
+    const auto read = readAgain(net);
+    ASSERT_TRUE(read) << networkFile(net);
+    ASSERT_EQ(*read, net) << networkFile(net);
+    ++compared;
+  }
+  EXPECT_GT(compared, 500);
+}
+
+TEST(NetworkFile, LooksLikeThis) {
+  EXPECT_EQ(networkFile(twoProcesses()),
+            "two\ntransitions\n1 1 2\n2 0 3\n3 2 -1\nendtran\n"
+            "process\n1 0 1\n3 1 0\nvaluation\n1 7\nendval\nend\n"
+            "process\n2 0 1\n3 1 0\nvaluation\n1 8 9\nendval\nend\nend\n");
+}
+
+TEST(NetworkFile, HoldsLargeNetworks) {
+  for (const Network& net : {manyProcesses(500), ring(20000), parallel(5000)})
+    EXPECT_EQ(readAgain(net), net);
+}
+
+TEST(NetworkFile, MayHoldNoProcess) {
+  Network nothing;
+  nothing.title = "nothing";
+  EXPECT_EQ(readAgain(nothing), nothing);
+}
+
+TEST(NetworkFileDeathTest, RefusesWhatAFileCannotSay) {
+  Network net = twoProcesses();
+  net.title = "two\nlines";
+  EXPECT_DEATH(networkFile(net), "isTitle");
+  net = twoProcesses();
+  net.processes[0].locations.insert(2);
+  EXPECT_DEATH(networkFile(net), "locations");
+  net = twoProcesses();
+  net.transitions[0].moves.clear();
+  EXPECT_DEATH(networkFile(net), "moves");
+}
+
+}  // namespace
+}  // namespace tpn

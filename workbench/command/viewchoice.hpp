@@ -1,0 +1,97 @@
+// The options that a table of views gives to a subcommand, and what was chosen by them: one view
+// for standard output, and any number with files of their own.
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/base/fileplan.hpp"
+#include "workbench/base/files.hpp"
+#include "workbench/command/reading.hpp"
+#include "workbench/runs/run.hpp"
+#include "workbench/views/views.hpp"
+
+namespace tpn {
+
+// `View` is a row of the table: RunView, NetworkView.
+template <class View>
+class ViewChoice {
+ public:
+  explicit ViewChoice(std::span<const View> table) {
+    for (const View& view : table) rows_.push_back({&view, false, ""});
+  }
+  ViewChoice(const ViewChoice&) = delete;  // the options know where the rows are
+  ViewChoice& operator=(const ViewChoice&) = delete;
+
+  // --NAME for what standard output may get instead of the usual view, at most one of these;
+  // --NAME FILE for what has a file of its own.
+  void declare(CLI::App& app) {
+    std::vector<CLI::Option*> flags;
+    for (Row& row : rows_) {
+      const std::string option = std::string("--") + row.view->name;
+      if (row.view->place == Place::file)
+        app.add_option(option, row.file, row.view->help)->type_name("FILE");
+      if (row.view->place != Place::stream) continue;
+      flags.push_back(app.add_flag(option, row.chosen, row.view->help));
+      for (CLI::Option* other : flags)
+        if (other != flags.back()) flags.back()->excludes(other);
+    }
+  }
+
+  // The view for standard output.
+  const View& shown() const {
+    const auto chosen =
+        std::find_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.chosen; });
+    return chosen != rows_.end() ? *chosen->view : usual();
+  }
+  bool showsUsual() const { return &shown() == &usual(); }
+  bool shows(std::string_view name) const { return shown().name == name; }
+
+  // Into files that are going to be written.
+  bool anyFile() const {
+    return std::any_of(rows_.begin(), rows_.end(),
+                       [](const Row& row) { return !row.file.empty(); });
+  }
+  void addTo(FilePlan& plan) const {
+    for (const Row& row : rows_)
+      if (!row.file.empty()) plan.writes(row.file);
+  }
+
+  // Writes them; `print` makes the text of a view.
+  void writeFiles(const std::function<std::string(const View&)>& print) const {
+    for (const Row& row : rows_)
+      if (!row.file.empty()) writeFile(row.file, print(*row.view));
+  }
+
+ private:
+  struct Row {
+    const View* view;
+    bool chosen;
+    std::string file;  // empty: not asked for
+  };
+
+  const View& usual() const {
+    const auto at = std::find_if(rows_.begin(), rows_.end(),
+                                 [](const Row& row) { return row.view->place == Place::usual; });
+    return *at->view;
+  }
+
+  std::vector<Row> rows_;
+};
+
+using RunViews = ViewChoice<RunView>;
+using NetworkViews = ViewChoice<NetworkView>;
+
+// The files with views of the run, if there is one, then `text`: whoever reads only the first lines
+// of it still gets the pictures, and a picture that cannot be written does not cost the text.
+void print(const RunViews& views, const Inputs& inputs, const std::optional<Run>& run,
+           const std::string& text);
+
+}  // namespace tpn

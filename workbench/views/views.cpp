@@ -1,0 +1,37 @@
+#include "workbench/views/views.hpp"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+namespace tpn {
+
+namespace {
+
+constexpr RunView ofRuns[] = {
+    {"text", "txt", Place::usual, "the run as a table", runText},
+    {"json", "json", Place::stream, "print JSON instead of text",
+     [](const Network& net, const Property& property, const Run& run) {
+       return jsonText(runJson(net, property, run));
+     }},
+    {"vcd", "vcd", Place::file, "the run for a waveform viewer", runVcd},
+    {"svg", "svg", Place::file, "draw the run: time to the right, a lane a process", runSvg}};
+
+constexpr NetworkView ofNetworks[] = {
+    {"text", "txt", Place::usual, "the network as a list", networkText},
+    {"dot", "dot", Place::stream, "print it for Graphviz", networkDot},
+    {"svg", "svg", Place::file, "draw it, with Graphviz", networkSvg},
+    {"json", "json", Place::stream, "print JSON instead of text",
+     [](const Network& net) { return jsonText(networkJson(net)); }}};
+
+}  // namespace
+
+std::span<const RunView> runViews() { return ofRuns; }
+std::span<const NetworkView> networkViews() { return ofNetworks; }
+
+const RunView* runViewCalled(std::string_view name) {
+  const auto* row = std::find_if(std::begin(ofRuns), std::end(ofRuns),
+                                 [&](const RunView& view) { return view.name == name; });
+  return row == std::end(ofRuns) ? nullptr : row;
+}
+
+}  // namespace tpn
