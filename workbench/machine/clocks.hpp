@@ -19,9 +19,6 @@ namespace tpn {
 
 class ClockSteps {
  public:
-  // Widths up to this are cheaper in unary code: docs/performance.md.
-  static constexpr std::int64_t unaryLimit = 16;
-
   ClockSteps(const Machine& machine, const StateLayout& layout, ClauseSink& sink);
 
   // The next state, whose variables stand at `base`: clocks are what the delay made of 0 where the

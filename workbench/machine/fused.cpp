@@ -42,9 +42,10 @@ bool FusedRuns::extend(const std::function<bool()>& over) {
     selectOne();
     for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
       addFrame(p);
-      if (layout_.width(p) > 0) moved[p] = movedIn(p);
+      if (layout_.width(p) > 0 || !everMoved_.empty()) moved[p] = movedIn(p);
       if (p % 64 == 0 && over()) return false;
     }
+    order(moved);
   }
   clocks_.extend(states_.back(), moved);
   return true;
@@ -143,6 +144,21 @@ int FusedRuns::movedIn(std::size_t process) {
   std::vector<int> movers;
   for (const std::size_t t : machine_.processes[process].movers) movers.push_back(selector(t));
   return sink_.any(movers);
+}
+
+void FusedRuns::keepOrder(std::vector<std::vector<std::size_t>> classes) {
+  assert(selectors_.empty());
+  classes_ = std::move(classes);
+  if (!classes_.empty()) everMoved_.resize(machine_.processes.size());
+}
+
+void FusedRuns::order(const std::vector<int>& moved) {
+  for (const std::vector<std::size_t>& members : classes_)
+    for (std::size_t i = 0; i < members.size(); ++i) {
+      int& ever = everMoved_[members[i]];
+      ever = ever == 0 ? moved[members[i]] : sink_.either(ever, moved[members[i]]);
+      if (i > 0) sink_.add({-ever, everMoved_[members[i - 1]]});
+    }
 }
 
 int FusedRuns::inLast(const StateFormula& formula) {

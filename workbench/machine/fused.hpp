@@ -25,8 +25,11 @@ namespace tpn {
 class FusedRuns {
  public:
   // `machine` and `solver` outlive it; nothing else adds variables to the solver.
-  FusedRuns(const Machine& machine, Solver& solver,
-            std::int64_t unaryLimit = ClockSteps::unaryLimit);
+  FusedRuns(const Machine& machine, Solver& solver, std::int64_t unaryLimit);
+
+  // From now on, only runs in which the processes of each class move for the first time in their
+  // order (or two of them at once). Before the first step.
+  void keepOrder(std::vector<std::vector<std::size_t>> classes);
 
   const StateLayout& layout() const { return layout_; }
 
@@ -64,13 +67,16 @@ class FusedRuns {
   void addFrame(std::size_t process);
   std::vector<int> explanation(std::size_t process, const std::vector<std::size_t>& transitions);
   int movedIn(std::size_t process);
+  void order(const std::vector<int>& moved);
 
   const Machine& machine_;
   StateLayout layout_;
   Clauses facts_;  // of every state
   ClauseSink sink_;
   ClockSteps clocks_;
-  std::vector<int> states_;     // [i]: where the variables of state i stand
+  std::vector<int> states_;  // [i]: where the variables of state i stand
+  std::vector<std::vector<std::size_t>> classes_;
+  std::vector<int> everMoved_;  // [process]: it has moved in some step; only of those in classes
   std::vector<int> selectors_;  // [i]: the first selector of the step from state i
 };
 

@@ -3,6 +3,7 @@
 #include <bit>
 #include <stdexcept>
 
+#include "workbench/machine/exchange.hpp"
 #include "workbench/machine/fused.hpp"
 #include "workbench/runs/deadend.hpp"
 
@@ -29,6 +30,7 @@ class BoundedSearch {
         goal_(property != nullptr ? propertyFormula(net, machine_, runs_.layout(), *property)
                                   : deadEndFormula(machine_, runs_.layout())) {
     solver_->stop(over_);
+    if (options.symmetry) runs_.keepOrder(interchangeable(net, machine_, property));
   }
 
   BoundedVerdict run() {

@@ -15,7 +15,9 @@ namespace tpn {
 
 struct BoundedOptions {
   std::optional<int> maxTransitions;  // the last length that is asked
-  std::int64_t unaryLimit = 16;       // widths of clocks up to this are in unary code
+  std::int64_t unaryLimit = 24;       // widths of clocks up to this are in unary code, which is
+                                      // cheaper then: docs/performance.md
+  bool symmetry = true;               // look at one run only where processes can be exchanged
 };
 
 struct BoundedProgress {

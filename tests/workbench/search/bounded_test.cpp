@@ -8,6 +8,7 @@
 #include "tests/workbench/encoding/checknets.hpp"
 #include "tests/workbench/search/explored.hpp"
 #include "tests/workbench/search/fixedpoint.hpp"
+#include "workbench/machine/exchange.hpp"
 #include "workbench/runs/deadend.hpp"
 
 namespace {
@@ -47,7 +48,7 @@ std::string complaint(const Explored& e, const tpn::Property* property, const tp
 // What is wrong with the search's answer, or empty.
 std::string failure(const Explored& e, const tpn::Property* property, std::optional<int> expected,
                     const FixedPoint& all, std::int64_t unaryLimit) {
-  const BoundedVerdict v = searched(e.net, property, {enough, unaryLimit});
+  const BoundedVerdict v = searched(e.net, property, {enough, unaryLimit, true});
   if (expected) {
     if (v.answer != BoundedVerdict::reached) return "not reached";
     if (v.run->steps.size() != static_cast<std::size_t>(*expected)) return "not shortest";
@@ -88,6 +89,56 @@ TEST_P(Bounded, FindsDeadEndsOfRandomNetworks) {
   EXPECT_LT(deadEnds, 380);
 }
 
+// A random network of two processes with its first process there three times, and propositions 11,
+// 12, ... 31, 32 in place of 1, 2 for those; a property of all three or of two of them.
+Network replicated(const Network& from, unsigned seed) {
+  Network net = from;
+  net.processes += 2;
+  net.transitions.clear();
+  const auto copyOf = [&](std::size_t copy) { return copy == 0 ? 0 : from.processes + copy - 1; };
+  for (const Transition& t : from.transitions)
+    for (std::size_t copy = 0; copy < (t.moves.front().process == 0 ? 3U : 1U); ++copy) {
+      net.transitions.push_back(t);
+      if (copy > 0)
+        std::rotate(net.transitions.back().moves.begin(), net.transitions.back().moves.begin() + 1,
+                    net.transitions.back().moves.end());
+      if (copy > 0) net.transitions.back().moves.back().process = copyOf(copy);
+    }
+  net.labels.clear();
+  for (const Label& label : from.labels)
+    for (std::size_t copy = 0; copy < (label.process == 0 ? 3U : 1U); ++copy)
+      net.labels.push_back({label.process == 0 ? copyOf(copy) : label.process, label.location,
+                            label.process == 0 ? 10 * static_cast<int>(copy + 1) + label.proposition
+                                               : label.proposition});
+  const char* const properties[] = {"p11p21&p31&",
+                                    "p11p22&",
+                                    "p31p1&",
+                                    "p21p-11&p-31&",
+                                    "p11p-21&p21p-31&+p31p-11&+",
+                                    "p11p21&p11p31&+p21p31&+"};
+  net.property = properties[seed % 6];
+  return net;
+}
+
+TEST(BoundedSearch, FindsShortestRunsWhereProcessesCanBeExchanged) {
+  int reached = 0;
+  int exchangeable = 0;
+  for (unsigned seed = 3000; seed < 3800; ++seed) {
+    const Network from = randomNetwork(seed);
+    if (from.processes > 2) continue;
+    const Network net = replicated(from, seed);
+    const Explored e = converted(net);
+    const tpn::Machine machine = tpn::makeMachine(e.net);
+    if (tpn::interchangeable(e.net, machine, &e.property).empty()) continue;
+    ++exchangeable;
+    const FixedPoint all = fixedPoint(net);
+    reached += all.property.value_or(0) > 1 ? 1 : 0;
+    EXPECT_EQ(failure(e, &e.property, all.property, all, 100), "") << networkFile(net);
+  }
+  EXPECT_GT(exchangeable, 100);
+  EXPECT_GT(reached, 20);
+}
+
 // Both kinds of clocks, and those of the widths in between side by side.
 INSTANTIATE_TEST_SUITE_P(Widths, Bounded, testing::Values(0, 2, 100));
 
@@ -122,7 +173,7 @@ TEST(BoundedSearch, AnswersConstantsOfABillion) {
 
 TEST(BoundedSearch, StopsAtTheLastLengthThatIsAsked) {
   const tpn::Property never = propertyOf("p9");
-  const BoundedVerdict v = searched(circle(3), &never, {7, 16});
+  const BoundedVerdict v = searched(circle(3), &never, {7, 24, true});
   EXPECT_EQ(v.answer, BoundedVerdict::exhausted);
   EXPECT_EQ(v.noRunUpTo, 7);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 
@@ -21,39 +22,54 @@ class FixedPointSearch {
   explicit FixedPointSearch(const Network& net) : net_(net), top_(largestConstant(net) + 1) {}
 
   FixedPoint run() {
-    std::set<State> layer{initialState(net_)};
-    // More layers than states: some run has met a state twice.
-    for (int length = 0; !layer.empty() && length <= static_cast<int>(seen_.size()); ++length) {
-      seen_.insert(layer.begin(), layer.end());
-      result_.longest = length;
+    const State start = initialState(net_);
+    std::set<State> layer{start};
+    for (int length = 0; !layer.empty(); ++length) {
       std::set<State> next;
-      for (const State& state : layer) visit(state, length, next);
+      for (const State& state : layer) visit(state, length);
+      for (const State& state : layer)
+        for (const State& after : successors_.at(state))
+          if (!successors_.contains(after)) next.insert(after);
       layer = std::move(next);
     }
-    if (!layer.empty()) result_.longest.reset();
+    const int longest = longestFrom(start);
+    if (longest != endless) result_.longest = longest;
     return result_;
   }
 
  private:
-  void visit(const State& from, int length, std::set<State>& next) {
+  static constexpr int endless = -1;
+
+  void visit(const State& from, int length) {
     if (propertyHolds(net_, from) && !result_.property) result_.property = length;
-    bool fires = false;
+    std::set<State>& next = successors_[from];
     for (int delay = 0; delay <= top_; ++delay) {
       State state = from;
       for (std::int64_t& clock : state.clocks) clock = std::min<std::int64_t>(clock + delay, top_);
       if (!invariant(net_, state, 1)) break;
-      for (const Transition& t : net_.transitions) {
-        if (!mayFire(t, state, 1)) continue;
-        fires = true;
-        next.insert(fired(t, state));
-      }
+      for (const Transition& t : net_.transitions)
+        if (mayFire(t, state, 1)) next.insert(fired(t, state));
     }
-    if (!fires && !result_.deadEnd) result_.deadEnd = length;
+    if (next.empty() && !result_.deadEnd) result_.deadEnd = length;
+  }
+
+  // Of a state that is being looked at: it can come back, so runs need not end.
+  int longestFrom(const State& state) {
+    const auto [known, isNew] = longest_.emplace(state, endless);
+    if (!isNew) return known->second;
+    int longest = 0;
+    for (const State& next : successors_.at(state)) {
+      const int rest = longestFrom(next);
+      if (rest == endless) return endless;
+      longest = std::max(longest, rest + 1);
+    }
+    return known->second = longest;
   }
 
   const Network& net_;
   int top_;
-  std::set<State> seen_;
+  std::map<State, std::set<State>> successors_;
+  std::map<State, int> longest_;
   FixedPoint result_;
 };
 
