@@ -26,5 +26,7 @@ extern const Subcommand showCommand;
 extern const Subcommand checkCommand;
 extern const Subcommand traceCommand;
 extern const Subcommand runCommand;
+extern const Subcommand certifyCommand;
+extern const Subcommand exportCommand;
 
 }  // namespace tpn
