@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
+#include <limits>
+#include <utility>
 
 #include "boolform/boolform.hpp"
 #include "boolform/linewriter.hpp"
@@ -22,12 +23,7 @@ int renumbered(int literal, int shift) {
 }
 
 // Literals up to `shift` keep their number.
-void writeDimacs(const ClauseSet& cnf, const std::string& file, int highest, int shift) {
-  std::ofstream out;
-  LineWriter lines(out);               // has its memory before the file is touched
-  out.rdbuf()->pubsetbuf(nullptr, 0);  // the line writer's blocks go straight to the system
-  out.open(file);
-  if (!out) return;
+void writeLines(const ClauseSet& cnf, LineWriter<OutputFile>& lines, int highest, int shift) {
   lines.text("p cnf ");
   lines.number(highest);
   lines.text(" ");
@@ -43,17 +39,30 @@ void writeDimacs(const ClauseSet& cnf, const std::string& file, int highest, int
   });
 }
 
+Written writeDimacs(const ClauseSet& cnf, std::string name, int highest, int shift) {
+  OutputFile file;
+  {
+    LineWriter lines(file);  // has its memory before the file is touched
+    file.open(std::move(name));
+    if (file.outcome().opened) writeLines(cnf, lines, highest, shift);
+  }
+  return file.outcome();
+}
+
+int shiftOf(const ClauseSet& cnf) { return varNrLimit - maxCNFOrgVarNr(cnf); }
+
 }  // namespace
 
 int maxCNFVarNr(const ClauseSet& cnf) { return cnf.maxLiteral(); }
 
 int maxCNFOrgVarNr(const ClauseSet& cnf) { return cnf.maxVariable(); }
 
-void showCNF(const ClauseSet& cnf, std::string name) {
-  const int shift = varNrLimit - maxCNFOrgVarNr(cnf);
-  writeDimacs(cnf, name.append(".cnf"), maxCNFVarNr(cnf) - shift, shift);
+int headerVariables(const ClauseSet& cnf) { return maxCNFVarNr(cnf) - shiftOf(cnf); }
+
+Written showCNF(const ClauseSet& cnf, std::string name) {
+  return writeDimacs(cnf, name.append(".cnf"), headerVariables(cnf), shiftOf(cnf));
 }
 
-void showCNF(const ClauseSet& cnf) {
-  writeDimacs(cnf, "test.cnf", maxCNFVarNr(cnf), std::numeric_limits<int>::max());
+Written showCNF(const ClauseSet& cnf) {
+  return writeDimacs(cnf, "test.cnf", maxCNFVarNr(cnf), std::numeric_limits<int>::max());
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "boolform/clauseset.hpp"
+#include "boolform/outputfile.hpp"
 
 // The largest absolute value of a literal, 0 where there is none.
 int maxCNFVarNr(const ClauseSet& cnf);
@@ -18,10 +19,13 @@ int maxCNFVarNr(const ClauseSet& cnf);
 // none.
 int maxCNFOrgVarNr(const ClauseSet& cnf);
 
+// The variables that the header of name.cnf counts, whatever the clauses hold: maxCNFVarNr - shift.
+// Negative where no node occurs.
+int headerVariables(const ClauseSet& cnf);
+
 // Writes name.cnf: the header "p cnf V C", then one line a clause in the set's order, renumbered.
-// V is maxCNFVarNr - shift whatever the clauses hold, so it is negative where no node occurs. A
-// file that cannot be opened is skipped silently.
-void showCNF(const ClauseSet& cnf, std::string name);
+// Prints nothing where that fails.
+Written showCNF(const ClauseSet& cnf, std::string name);
 
 // Writes test.cnf with the numbers as they are in the store: a debugging aid.
-void showCNF(const ClauseSet& cnf);
+Written showCNF(const ClauseSet& cnf);

@@ -1,5 +1,7 @@
-// Text out in whole lines: a line is formatted into a block, and the stream is handed nothing but
+// Text out in whole lines: a line is formatted into a block, and the sink is handed nothing but
 // blocks that end with a line end. Whoever looks at a half-written file sees complete lines.
+//
+// A sink is an output file or a stream: anything with write(const char*, size).
 
 #pragma once
 
@@ -11,9 +13,9 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
-#include <ostream>
 #include <string_view>
 
+template <class Sink>
 class LineWriter {
  public:
   // Characters a line may hold, its end not counted.
@@ -22,8 +24,8 @@ class LineWriter {
   // A block is handed over as soon as it has this many characters.
   static constexpr std::size_t blockSize = std::size_t{1} << 20;
 
-  // `out` is borrowed; a stream in a failed state swallows everything silently.
-  explicit LineWriter(std::ostream& out) : out_(out) {}
+  // `out` is borrowed. The block is all the memory that writing takes.
+  explicit LineWriter(Sink& out) : out_(out) {}
   ~LineWriter() { handOver(); }
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
@@ -50,11 +52,11 @@ class LineWriter {
 
  private:
   void handOver() {
-    out_.write(block_.get(), next_ - block_.get());
+    if (next_ != block_.get()) out_.write(block_.get(), next_ - block_.get());
     next_ = block_.get();
   }
 
-  std::ostream& out_;
+  Sink& out_;
   // Room for the line that fills the block.
   const std::unique_ptr<char[]> block_ =
       std::make_unique_for_overwrite<char[]>(blockSize + maxLine + 9);

@@ -1,5 +1,6 @@
 #include "driver/freemem.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -26,10 +27,16 @@ std::uint64_t kilobytesAfter(const std::vector<std::string>& lines, const std::s
   return 0;
 }
 
-bool hasRow(const std::vector<std::string>& lines, const std::string& label) {
-  for (const std::string& line : lines)
-    if (line.compare(0, label.size(), label) == 0) return true;
-  return false;
+bool isRow(const std::string& line, const std::string& label) {
+  return line.compare(0, label.size(), label) == 0;
+}
+
+// "Mem:" in the second line; files of that layout may go on with rows of today's. Where neither is
+// to be seen it is the older one as well.
+bool hasColumns(const std::vector<std::string>& lines) {
+  if (lines.size() > 1 && isRow(lines[1], "Mem:")) return true;
+  return std::none_of(lines.begin(), lines.end(),
+                      [](const std::string& line) { return isRow(line, "MemFree:"); });
 }
 
 // The older layout: a label and the columns total, used, free, in bytes.
@@ -49,9 +56,9 @@ std::int32_t freeMemory(std::istream& summary) {
   std::vector<std::string> lines;
   for (std::string line; readLine(summary, line);) lines.push_back(line);
   const std::uint64_t bytes =
-      hasRow(lines, "MemFree:")
-          ? (kilobytesAfter(lines, "MemFree:") + kilobytesAfter(lines, "SwapFree:")) * 1024
-          : thirdColumn(lines, 1) + thirdColumn(lines, 2);
+      hasColumns(lines)
+          ? thirdColumn(lines, 1) + thirdColumn(lines, 2)
+          : (kilobytesAfter(lines, "MemFree:") + kilobytesAfter(lines, "SwapFree:")) * 1024;
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(bytes));
 }
 

@@ -1,15 +1,17 @@
 // zervan NET PHI K: the order of a run, and its reports of time and memory.
 
+#include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <iostream>
-#include <memory>
 #include <new>
 #include <string>
 
+#include "boolform/outputfile.hpp"
 #include "driver/freemem.hpp"
+#include "ectl/refusal.hpp"
 #include "model/tpnmodel.hpp"
 #include "translation/reachtran.hpp"
 
@@ -25,15 +27,22 @@ double seconds(std::clock_t from, std::clock_t to) {
   return static_cast<double>(to - from) / 1000000.0;
 }
 
-bool logTime(double time) {
-  std::ofstream log("bmctime.out", std::ios::app);
-  if (!log) {
-    std::cout << "Nie mozna otworzyc pliku bmctime.out\n";
-    return false;
-  }
-  log.precision(4);
-  log << time << "\n";
-  return true;
+// The time as a line, with at most four digits.
+Written logTime(double time) {
+  std::array<char, 32> line{};
+  std::snprintf(line.data(), line.size(), "%.4g\n", time);
+  return writeFile("bmctime.out", line.data(), OutputFile::append);
+}
+
+// Tells what was opened and could not be written. Files that cannot be opened are passed over, but
+// for the log.
+bool complain(const WrittenRun& run, const Written& log) {
+  for (const Written& file : {run.clauses, run.map, log})
+    if (file.cut())
+      std::cerr << "zervan: cannot write " << file.file << ": " << file.failure.message()
+                << std::endl;
+  if (!log.opened) std::cout << "Nie mozna otworzyc pliku bmctime.out\n";
+  return run.clauses.cut() || run.map.cut() || !log.whole();
 }
 
 int run(const std::string& net, const std::string& phi, const std::string& length, int k) {
@@ -50,7 +59,7 @@ int run(const std::string& net, const std::string& phi, const std::string& lengt
   std::cout << "Formula is read\n";
 
   EctlTransl translator(model, k);
-  translator.checkEctlFormula(net + "k" + length);
+  const WrittenRun written = translator.checkEctlFormula(net + "k" + length);
 
   std::cout << std::endl;
   const double time = seconds(start, std::clock());
@@ -58,7 +67,7 @@ int run(const std::string& net, const std::string& phi, const std::string& lengt
   std::cout << time << std::endl;
   const std::uint32_t used = freeBefore - freeBytes();  // wraps where free memory grew
   std::cout << "Memory used by ZERVAN : " << used * 9.5367431640625e-07 << " Mb" << std::endl;
-  return logTime(time) ? EXIT_SUCCESS : EXIT_FAILURE;
+  return complain(written, logTime(time)) ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
 }  // namespace
@@ -76,8 +85,10 @@ int main(int argc, char** argv) {
   }
   try {
     return run(argv[1], argv[2], argv[3], k);
+  } catch (const Refusal& refusal) {
+    std::cerr << "zervan: " << refusal.what() << std::endl;
   } catch (const std::bad_alloc&) {
     std::cerr << "zervan: the network needs more memory than there is" << std::endl;
-    return EXIT_FAILURE;
   }
+  return EXIT_FAILURE;
 }

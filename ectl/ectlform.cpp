@@ -1,76 +1,66 @@
 #include "ectl/ectlform.hpp"
 
-#include <array>
-#include <vector>
+#include <optional>
+#include <string_view>
+#include <utility>
 
 #include "ectl/scanner.hpp"
 
-EctlOper oper(std::string_view text) {
-  const char first = text.empty() ? '\0' : text[0];
-  const char second = text.size() < 2 ? '\0' : text[1];
-  switch (first) {
-    case 'T':
-      return EctlOper::truth;
-    case 'p':
-      return second == '-' ? EctlOper::negProp : EctlOper::prop;
-    case '&':
-    case 'C':
-      return EctlOper::conj;
-    case '+':
-    case 'D':
-      return EctlOper::disj;
-    case 'E':
-      break;
-    default:
-      return EctlOper::none;
-  }
-  switch (second) {
-    case 'G':
-      return EctlOper::existsGlobally;
-    case 'X':
-      return EctlOper::existsNext;
-    case 'U':
-      return EctlOper::existsUntil;
-    case 'F':
-      return EctlOper::existsFinally;
-    case 'K':
-      return EctlOper::existsK;
-    default:
-      return EctlOper::none;
-  }
+namespace {
+
+std::string textOf(const OnpNode& item) {
+  const std::string text = operStr(item.op);
+  const bool isAtom = item.op == EctlOper::prop || item.op == EctlOper::negProp;
+  return isAtom ? text + std::to_string(static_cast<unsigned>(item.arg)) : text;
 }
 
-std::string operStr(EctlOper op) {
-  constexpr std::array texts{"T", "p", "p-", "&", "+", "EG", "EX", "EU", "EF", "EK"};
-  const auto i = static_cast<std::size_t>(op);
-  return i < texts.size() ? texts[i] : "$";
-}
+}  // namespace
 
-EctlForm::EctlForm(const std::string& formulaText) { split(formulaText); }
+// Joins the texts of the items. In postfix order every operand on the stack is a stretch of the
+// joined text, from where it begins to where the next one does, so the stack holds beginnings only
+// and a long property costs no copies.
+class EctlForm::Builder {
+ public:
+  explicit Builder(EctlForm& form) : form_(form) {}
 
-// The tokens are joined without what the scan skips. In postfix order every operand on the stack is
-// then a stretch of that text, from where it begins to where the next one does, so the stack holds
-// beginnings only and a long property costs no copies.
-void EctlForm::split(const std::string& formulaText) {
-  std::string joined;
-  std::vector<std::size_t> beginnings;
+  void add(const OnpNode& item, std::string_view text) {
+    operatorBegin_ = joined_.size();
+    rightBegin_ = operatorBegin_;
+    if (arity(item.op) == 2) rightBegin_ = popOperand(beginnings_, text);
+    beginnings_.push_back(arity(item.op) == 0 ? operatorBegin_ : popOperand(beginnings_, text));
+    joined_ += text;
+    form_.onp.push_back(item);
+  }
+
+  // The top operator and its operands.
+  void finish() {
+    if (form_.onp.empty()) return;
+    form_.op = form_.onp.back().op;
+    if (arity(form_.op) == 0) operatorBegin_ = rightBegin_ = joined_.size();  // its own operand
+    form_.left = joined_.substr(beginnings_.back(), rightBegin_ - beginnings_.back());
+    form_.right = joined_.substr(rightBegin_, operatorBegin_ - rightBegin_);
+  }
+
+ private:
+  EctlForm& form_;
+  std::string joined_;
+  std::vector<std::size_t> beginnings_;
+  std::size_t rightBegin_ = 0;
+  std::size_t operatorBegin_ = 0;
+};
+
+EctlForm::EctlForm(const std::string& formulaText) {
+  Builder builder(*this);
   Scanner scanner(formulaText, Spelling::parser);
-  std::size_t rightBegin = 0;
-  std::size_t operatorBegin = 0;
-  while (const std::optional<Token> token = scanner.next()) {
-    op = token->op;
-    operatorBegin = joined.size();
-    rightBegin = operatorBegin;
-    if (arity(op) == 2) rightBegin = popOperand(beginnings, token->text);
-    const std::size_t begin = arity(op) == 0 ? operatorBegin : popOperand(beginnings, token->text);
-    beginnings.push_back(begin);
-    joined += token->text;
-    onp.push_back({op, token->arg});
-  }
-  if (onp.empty()) return;
-  if (arity(op) == 0) operatorBegin = rightBegin = joined.size();  // an atom is its own operand
-  left = joined.substr(beginnings.back(), rightBegin - beginnings.back());
-  right = joined.substr(rightBegin, operatorBegin - rightBegin);
+  while (const std::optional<Token> token = scanner.next())
+    builder.add({token->op, token->arg}, token->text);
+  builder.finish();
+}
+
+EctlForm::EctlForm(const std::vector<OnpNode>& items) {
+  Builder builder(*this);
+  for (const OnpNode& item : items) builder.add(item, textOf(item));
+  builder.finish();
 }
 
 int EctlForm::getVarNr() const {

@@ -16,33 +16,10 @@
 #include <memory>
 #include <set>
 #include <string>
-#include <string_view>
+#include <vector>
 
-enum class EctlOper : int {
-  truth = 0,
-  prop = 1,
-  negProp = 2,
-  conj = 3,
-  disj = 4,
-  existsGlobally = 5,
-  existsNext = 6,
-  existsUntil = 7,
-  existsFinally = 8,
-  existsK = 9,
-  none = 10,
-};
-
-// The operator that a text begins with; none where it begins with no operator. "C" and "D" are
-// second spellings of "&" and "+" here and in the tree view, not in the parser.
-EctlOper oper(std::string_view text);
-
-// The operator's text; "$" for none and for every larger value.
-std::string operStr(EctlOper op);
-
-struct OnpNode {
-  EctlOper op;
-  int arg;  // proposition number, 0 for operators; wraps at 32 bits
-};
+#include "ectl/operator.hpp"
+#include "ectl/refusal.hpp"
 
 // A node of the tree view.
 struct Node {
@@ -63,9 +40,12 @@ class EctlForm {
   std::deque<OnpNode> onp;  // the whole formula, one item a token
 
   // Parses `text`. A character that begins no token is never passed: the scan does not end. An
-  // operator that lacks an operand ends the process with exit status 1 and a message on standard
-  // error.
+  // operator that lacks an operand throws MissingOperand.
   explicit EctlForm(const std::string& formulaText);
+
+  // The same of items that were read elsewhere. A proposition's text is its number, without leading
+  // zeros. No item may be of EctlOper::none.
+  explicit EctlForm(const std::vector<OnpNode>& items);
 
   EctlOper getOp() const { return op; }
   EctlForm getLeft() const { return EctlForm(left); }
@@ -92,7 +72,7 @@ class EctlForm {
   void dis(const EctlForm& g);
 
  private:
-  void split(const std::string& formulaText);
+  class Builder;
   std::string text() const { return left + right + operStr(op); }
 };
 

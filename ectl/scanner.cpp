@@ -1,7 +1,9 @@
 #include "ectl/scanner.hpp"
 
 #include <cstdlib>
-#include <iostream>
+#include <string>
+
+#include "ectl/refusal.hpp"
 
 namespace {
 
@@ -23,22 +25,6 @@ std::size_t leadingDigits(std::string_view text) {
 
 }  // namespace
 
-int arity(EctlOper op) {
-  switch (op) {
-    case EctlOper::conj:
-    case EctlOper::disj:
-    case EctlOper::existsUntil:
-      return 2;
-    case EctlOper::existsGlobally:
-    case EctlOper::existsNext:
-    case EctlOper::existsFinally:
-    case EctlOper::existsK:
-      return 1;
-    default:
-      return 0;
-  }
-}
-
 int leadingNumber(std::string_view text) {
   unsigned value = 0;
   for (const char digit : text.substr(0, leadingDigits(text)))
@@ -47,42 +33,31 @@ int leadingNumber(std::string_view text) {
 }
 
 void missingOperand(std::string_view operatorText) {
-  std::cerr << "zervan: property: operator \"" << operatorText << "\" lacks an operand"
-            << std::endl;
-  std::exit(1);
+  throw MissingOperand("property: operator \"" + std::string(operatorText) + "\" lacks an operand");
 }
 
-Token Scanner::take(EctlOper op, std::size_t length) {
-  Token token{op, 0, rest_.substr(0, length)};
-  rest_.remove_prefix(length);
+std::optional<Token> tokenAt(std::string_view text, std::size_t at, Spelling spelling) {
+  const std::string_view starts = spelling == Spelling::tree ? "Tp&+ECD" : "Tp&+E";
+  const std::string_view rest = text.substr(at);
+  if (rest.empty() || starts.find(rest.front()) == std::string_view::npos) return std::nullopt;
+  const EctlOper op = oper(rest);
+  Token token{op, 0, rest.substr(0, 1), at + 1};
+  if (op == EctlOper::prop || op == EctlOper::negProp) {
+    const std::size_t sign = op == EctlOper::negProp ? 2 : 1;
+    token.arg = leadingNumber(rest.substr(sign));
+    token.text = rest.substr(0, sign + leadingDigits(rest.substr(sign)));
+  } else if (rest.front() == 'E' && op != EctlOper::none) {
+    token.text = rest.substr(0, 2);
+  }
   return token;
 }
 
-bool Scanner::startsToken() const {
-  const std::string_view starts = spelling_ == Spelling::tree ? "Tp&+ECD" : "Tp&+E";
-  return starts.find(rest_.front()) != std::string_view::npos;
-}
-
 std::optional<Token> Scanner::next() {
-  while (!rest_.empty()) {
-    if (!startsToken()) standStill();
-    const EctlOper op = oper(rest_);
-    switch (op) {
-      case EctlOper::none:  // an "E" that begins no operator
-        rest_.remove_prefix(1);
-        break;
-      case EctlOper::prop:
-      case EctlOper::negProp: {
-        const std::size_t sign = op == EctlOper::negProp ? 2 : 1;
-        const std::string_view digits = rest_.substr(sign);
-        const int number = leadingNumber(digits);
-        Token atom = take(op, sign + leadingDigits(digits));
-        atom.arg = number;
-        return atom;
-      }
-      default:
-        return take(op, rest_.front() == 'E' ? 2 : 1);
-    }
+  while (at_ < text_.size()) {
+    const std::optional<Token> token = tokenAt(text_, at_, spelling_);
+    if (!token) standStill();
+    at_ += token->text.size();
+    if (token->op != EctlOper::none) return token;
   }
   return std::nullopt;
 }

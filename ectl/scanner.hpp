@@ -5,8 +5,9 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 
-#include "ectl/ectlform.hpp"
+#include "ectl/operator.hpp"
 
 enum class Spelling { parser, tree };  // the tree view also takes "C" for "&" and "D" for "+"
 
@@ -14,10 +15,12 @@ struct Token {
   EctlOper op;
   int arg;                // proposition number of an atom, 0 otherwise
   std::string_view text;  // as it stands in the formula
+  std::size_t column;     // of its first character, from 1
 };
 
-// How many operands an operator takes: 0, 1 or 2.
-int arity(EctlOper op);
+// The token that begins at text[at], at <= text.size(); nothing where none does. An "E" that begins
+// no operator is a token of EctlOper::none, one character long.
+std::optional<Token> tokenAt(std::string_view text, std::size_t at, Spelling spelling);
 
 // The decimal value of the digits that `text` begins with, modulo 2^32; 0 where there are none.
 int leadingNumber(std::string_view text);
@@ -25,22 +28,20 @@ int leadingNumber(std::string_view text);
 class Scanner {
  public:
   // `text` is borrowed.
-  Scanner(std::string_view text, Spelling spelling) : rest_(text), spelling_(spelling) {}
+  Scanner(std::string_view text, Spelling spelling) : text_(text), spelling_(spelling) {}
 
   // The next token, nothing at the end of the text. A stray "E" is skipped; any other character
   // that begins no token is never passed and the call does not return.
   std::optional<Token> next();
 
  private:
-  Token take(EctlOper op, std::size_t length);
-  bool startsToken() const;
-
-  std::string_view rest_;
+  std::string_view text_;
   Spelling spelling_;
+  std::size_t at_ = 0;
 };
 
-// The operand of a postfix operator, taken off the stack `operands`. Where there is none the
-// process ends with exit status 1 and a message on standard error.
+// The operand of a postfix operator, taken off the stack `operands`. Throws MissingOperand where
+// there is none.
 [[noreturn]] void missingOperand(std::string_view operatorText);
 
 template <class Stack>

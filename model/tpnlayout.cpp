@@ -1,7 +1,7 @@
 // The widths and variable numbers of a symbolic state, and the map file that tells them.
 
 #include <bit>
-#include <fstream>
+#include <string>
 
 #include "model/tpnmodel.hpp"
 
@@ -48,13 +48,17 @@ SymState NetTimedModel::genSymState(int first) const {
   return SymState(totalNrVertBits, nrOfClocks, intPLen, frPLen, first);
 }
 
-void NetTimedModel::showLCK(int k, int maxVar, std::string name) const {
-  std::ofstream file(name.append(".lck"));
-  file << nrOfProcs << "\n";
-  for (std::size_t p = 1; p < nrVertBits.size(); ++p) file << nrVertBits[p] << " ";
-  file << "\n";
-  file << nrOfClocks << " " << intPLen << " " << frPLen << "\n";
-  file << k << "\n";
-  file << maxVar << "\n";
-  file << nrOfTrans << " " << nrInvTerms << "\n";
+Written NetTimedModel::showLCK(int k, int maxVar, std::string name) const {
+  std::string bits;
+  for (std::size_t p = 1; p < nrVertBits.size(); ++p) bits += std::to_string(nrVertBits[p]) + " ";
+  std::string map;
+  const auto line = [&map](const std::string& text) { map.append(text).append("\n"); };
+  const auto text = [](int n) { return std::to_string(n); };
+  line(text(nrOfProcs));
+  line(bits);
+  line(text(nrOfClocks) + " " + text(intPLen) + " " + text(frPLen));
+  line(text(k));
+  line(text(maxVar));
+  line(text(nrOfTrans) + " " + text(nrInvTerms));
+  return writeFile(name.append(".lck"), map);
 }

@@ -92,10 +92,14 @@ BoolForm NetTimedModel::invariant(const SymState& s) const {
     }
     const BoolForm isEnabled = enabled(s, t);
     const BoolForm term = dis(neg(isEnabled), oneInTime);
-    if (!(term == BoolForm(true))) ++nrInvTerms;
+    if (!(term == BoolForm(true))) countInvTerms(1);
     all = con(all, term);
   }
   return all;
+}
+
+void NetTimedModel::countInvTerms(unsigned more) const {
+  nrInvTerms = static_cast<int>(static_cast<unsigned>(nrInvTerms) + more);
 }
 
 BoolForm NetTimedModel::fI(int l, const SymState& s) const {

@@ -20,10 +20,17 @@
 #include <vector>
 
 #include "boolform/boolform.hpp"
+#include "boolform/outputfile.hpp"
 #include "clock/clockcond.hpp"
 #include "clock/clockval.hpp"
 #include "ectl/ectlform.hpp"
+#include "ectl/refusal.hpp"
 #include "model/symstate.hpp"
+
+// An input file that was opened, and then the system could not read it.
+struct Unreadable : Refusal {
+  using Refusal::Refusal;
+};
 
 class NetTimedModel {
  public:
@@ -32,7 +39,8 @@ class NetTimedModel {
 
   int nrOfProcs = 0;
   int nrOfTrans = 0;              // lines of the transitions section, duplicates counted
-  mutable int nrInvTerms = 0;     // invariant terms other than true, over all calls of invariant
+  mutable int nrInvTerms = 0;     // invariant terms other than true, over all calls of invariant;
+                                  // wraps at 32 bits
   int totalNrVertBits = 0;        // location bits of one state
   std::vector<int> nrVertBits;    // [p]: location bits of process p; [0] is 0
   std::vector<int> firstVertBit;  // [p]: where they start within the location vector
@@ -52,7 +60,8 @@ class NetTimedModel {
   NetTimedModel& operator=(const NetTimedModel&) = delete;
 
   // --- Input. A file that cannot be opened or starts a section wrongly ends the process with exit
-  // status 1 and a message on standard error; one that ends too early is waited on for ever.
+  // status 1 and a message on standard error; one that ends too early is waited on for ever. One
+  // that can be opened and then not be read throws Unreadable; lack of memory throws bad_alloc.
 
   void readNetwork(std::string name);  // name.tpn
   void readFormula(std::string name);  // name.tpn, its first non-empty line
@@ -64,8 +73,8 @@ class NetTimedModel {
   SymState genSymState(int first) const;  // the state whose variables start at `first`
 
   // Writes name.lck, the variable map: k the path length, maxVar the highest model variable that
-  // the clauses use. A file that cannot be opened is skipped silently.
-  void showLCK(int k, int maxVar, std::string name) const;
+  // the clauses use. Prints nothing where that fails.
+  Written showLCK(int k, int maxVar, std::string name) const;
 
   // --- Formulas over one state. ---
 
@@ -77,6 +86,8 @@ class NetTimedModel {
   BoolForm invariant(const SymState& s) const;
   BoolForm fI(int l, const SymState& s) const;  // every process in location l, all clocks zero
   BoolForm fP(int q, const SymState& s) const;  // proposition q holds
+
+  void countInvTerms(unsigned more) const;  // adds to nrInvTerms
 
   // --- Steps from s1 to s2. ---
 

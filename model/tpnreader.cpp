@@ -22,7 +22,7 @@ namespace {
   std::exit(1);
 }
 
-// The next line that holds any character at all.
+// The next line that holds any character at all. A file that has gone bad throws.
 void readLine(std::ifstream& file, std::string& line) {
   do {
     std::getline(file, line);
@@ -37,7 +37,19 @@ std::ifstream openForReading(const std::string& name) {
     std::cerr << "Nie moge otworzyc pliku " << name << "\n";
     std::exit(1);
   }
+  file.exceptions(std::ios::badbit);  // of memory as well: a line cut short is no line
   return file;
+}
+
+// Opens the file and hands it to `read`.
+template <class Read>
+void readFile(const std::string& name, Read read) {
+  std::ifstream file = openForReading(name);
+  try {
+    read(file);
+  } catch (const std::ios_base::failure& failure) {
+    throw Unreadable("cannot read " + name + ": " + failure.code().message());
+  }
 }
 
 // The numbers of a data line. The first that is missing, is none or does not fit into 32 bits ends
@@ -79,12 +91,13 @@ int oneMore(int count) { return static_cast<int>(static_cast<unsigned>(count) + 
 }  // namespace
 
 void NetTimedModel::readNetwork(std::string name) {
-  std::ifstream file = openForReading(name.append(".tpn"));
-  std::string title;
-  readLine(file, title);
-  readTransitions(file);
-  while (readProcess(file)) {
-  }
+  readFile(name.append(".tpn"), [this](std::ifstream& file) {
+    std::string title;
+    readLine(file, title);
+    readTransitions(file);
+    while (readProcess(file)) {
+    }
+  });
 }
 
 void NetTimedModel::readTransitions(std::ifstream& file) {
@@ -144,8 +157,7 @@ bool NetTimedModel::readProcess(std::ifstream& file) {
 }
 
 void NetTimedModel::readFormula(std::string name) {
-  std::ifstream file = openForReading(name.append(".tpn"));
   std::string line;
-  readLine(file, line);
+  readFile(name.append(".tpn"), [&line](std::ifstream& file) { readLine(file, line); });
   formula = std::make_unique<EctlForm>(line);
 }

@@ -1,8 +1,6 @@
 #include "translation/pathlimit.hpp"
 
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 #include <limits>
 #include <new>
 #include <vector>
@@ -18,13 +16,10 @@ constexpr std::int64_t mostVariables = varNrLimit - 1;
 // bytes, two counters, and what is reserved beyond that.
 constexpr std::int64_t peakBytesPerNode = 48;
 
-[[noreturn]] void refuse(int k, const std::string& why, const std::string& quantity, int largest) {
-  std::cerr << "zervan: path length " << k << " needs " << why << "; ";
-  if (largest > 0)
-    std::cerr << "the largest path length that fits is " << quantity << largest << std::endl;
-  else
-    std::cerr << "no path length fits" << std::endl;
-  std::exit(1);
+std::string refusalText(int k, const std::string& needs, const std::string& about, int largest) {
+  const std::string start = "path length " + std::to_string(k) + " needs " + needs + "; ";
+  if (largest < 1) return start + "no path length fits";
+  return start + "the largest path length that fits is " + about + std::to_string(largest);
 }
 
 void emptyStore() {
@@ -57,27 +52,31 @@ std::int64_t largestBlock() {
 
 }  // namespace
 
+PathRefusal::PathRefusal(int k, const std::string& needs, const std::string& about,
+                         int largestLength)
+    : Refusal(refusalText(k, needs, about, largestLength)), largest(std::max(largestLength, 0)) {}
+
 void refuseTooManyVariables(const NetTimedModel& model, int k) {
   const std::int64_t perState = model.getSymStateLen();
   const std::int64_t needed = (std::int64_t{k} + 1) * perState;
   if (needed <= mostVariables) return;
   const std::string most = ", and " + std::to_string(mostVariables) + " is the most";
-  refuse(k, std::to_string(needed) + " variables" + most, "",
-         static_cast<int>(mostVariables / perState - 1));
+  throw TooManyVariables(k, std::to_string(needed) + " variables" + most, "",
+                         static_cast<int>(mostVariables / perState - 1));
 }
 
 void refuseTooManyNodes(const NetTimedModel& model, int k) {
   const std::int64_t most = std::int64_t{BoolForm::lastNr} - varNrLimit;
   const int largest = largestLengthWithin(model, most);
-  refuse(k, "more than " + std::to_string(most) + " formula nodes", "", largest);
+  throw TooManyNodes(k, "more than " + std::to_string(most) + " formula nodes", "", largest);
 }
 
 void refuseOutOfMemory(const NetTimedModel& model, int k) {
   emptyStore();
   const std::int64_t bytes = largestBlock();
   const int largest = std::min(k - 1, largestLengthWithin(model, bytes / peakBytesPerNode));
-  refuse(k, "more memory than the " + std::to_string(bytes >> 20) + " MiB there are", "about ",
-         largest);
+  const std::string needs = "more memory than the " + std::to_string(bytes >> 20);
+  throw TooLittleMemory(k, needs + " MiB there are", "about ", largest);
 }
 
 // Every rotation of three steps is the one before on other variables, but for the first, which

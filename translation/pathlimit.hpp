@@ -10,14 +10,31 @@
 #include <cstdint>
 #include <string>
 
+#include "ectl/refusal.hpp"
 #include "model/tpnmodel.hpp"
 
-// The process ends with exit status 1 and one line on standard error, unless the k + 1 states of a
-// path of length k have at most 999999 variables together.
+// The path length does not fit; largest is one that does, 0 where none does.
+struct PathRefusal : Refusal {
+  PathRefusal(int k, const std::string& needs, const std::string& about, int largestLength);
+  int largest;
+};
+
+struct TooManyVariables : PathRefusal {
+  using PathRefusal::PathRefusal;
+};
+struct TooManyNodes : PathRefusal {
+  using PathRefusal::PathRefusal;
+};
+struct TooLittleMemory : PathRefusal {
+  using PathRefusal::PathRefusal;
+};
+
+// Throws TooManyVariables unless the k + 1 states of a path of length k have at most 999999
+// variables together.
 void refuseTooManyVariables(const NetTimedModel& model, int k);
 
-// The same end for a build that ran out of node numbers, or of memory. Both empty the formula store
-// first: no formula built before is valid any more.
+// For a build that ran out of node numbers, or of memory: throws TooManyNodes, TooLittleMemory.
+// Both empty the formula store first: no formula built before is valid any more.
 [[noreturn]] void refuseTooManyNodes(const NetTimedModel& model, int k);
 [[noreturn]] void refuseOutOfMemory(const NetTimedModel& model, int k);
 

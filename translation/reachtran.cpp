@@ -4,6 +4,7 @@
 #include <ctime>
 #include <iostream>
 #include <new>
+#include <unordered_map>
 #include <vector>
 
 #include "boolform/clauseset.hpp"
@@ -18,6 +19,33 @@ BoolForm pop(std::vector<BoolForm>& s) {
   const BoolForm top = s.back();
   s.pop_back();
   return top;
+}
+
+// A line whose beginning is seen before its end is known. It is ended whatever happens, so that a
+// refusal gets a line of its own.
+class ProgressLine {
+ public:
+  ProgressLine(std::ostream& out, const char* beginning) : out_(out) { out_ << beginning; }
+  ~ProgressLine() { out_ << std::endl; }
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+
+ private:
+  std::ostream& out_;
+};
+
+BoolForm conjunction(const BoolForm& property, const BoolForm& path) {
+  const ProgressLine line(std::cout, "Conjunction: ");
+  std::cout << std::flush;
+  const BoolForm whole = con(property, path);
+  std::cout << storeSize();
+  return whole;
+}
+
+void createClauses(const BoolForm& whole, ClauseSet& cnf) {
+  const ProgressLine line(std::cerr, "Creating clauses: ");
+  whole.toCNF(cnf);
+  std::cerr << cnf.size();
 }
 
 constexpr int rotation = 3;  // time, action, adjust
@@ -42,7 +70,7 @@ BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const
 BoolForm EctlTransl::symbPath() {
   BoolForm path = model.fI(0, stateAt(0));
   for (int i = 0; i < k;) {
-    const Milestone begin{storeSize(), model.nrInvTerms, path};
+    const Milestone begin{storeSize(), static_cast<unsigned>(model.nrInvTerms), path};
     for (const int end = std::min(i + rotation, k); i < end; ++i) {
       const BoolForm next = step(i, stateAt(i), stateAt(i + 1));
       path = con(path, next);
@@ -64,7 +92,8 @@ int EctlTransl::repeatRotation(const Milestone& begin, BoolForm& path, int times
   if (!(moved(begin.path, rotated) == path)) return 0;
   BoolForm::repeatLast(rotated, times);
   path = moved(path, times * rotated);
-  model.nrInvTerms += times * (model.nrInvTerms - begin.invTerms);
+  const unsigned terms = static_cast<unsigned>(model.nrInvTerms) - begin.invTerms;
+  model.countInvTerms(static_cast<unsigned>(times) * terms);
   return times * rotation;
 }
 
@@ -85,6 +114,13 @@ BoolForm EctlTransl::transl(const EctlForm& property) {
 
 BoolForm EctlTransl::transl(const EctlForm& property, int i) {
   const SymState state = stateAt(i);
+  // Building a proposition again would give the same formula and no new node.
+  std::unordered_map<int, BoolForm> known;
+  const auto proposition = [&](int nr) {
+    const auto found = known.find(nr);
+    return found != known.end() ? found->second
+                                : known.emplace(nr, model.fP(nr, state)).first->second;
+  };
   std::vector<BoolForm> s;
   for (const OnpNode& item : property.onp) {
     switch (item.op) {
@@ -92,10 +128,10 @@ BoolForm EctlTransl::transl(const EctlForm& property, int i) {
         s.push_back(BoolForm(true));
         break;
       case EctlOper::prop:
-        s.push_back(model.fP(item.arg, state));
+        s.push_back(proposition(item.arg));
         break;
       case EctlOper::negProp:
-        s.push_back(neg(model.fP(item.arg, state)));
+        s.push_back(neg(proposition(item.arg)));
         break;
       case EctlOper::conj:
       case EctlOper::disj: {
@@ -112,10 +148,10 @@ BoolForm EctlTransl::transl(const EctlForm& property, int i) {
   return s.back();
 }
 
-void EctlTransl::checkEctlFormula(const std::string& name) {
+WrittenRun EctlTransl::checkEctlFormula(const std::string& name) {
   refuseTooManyVariables(model, k);
   try {
-    run(name);
+    return run(name);
   } catch (const NodeNumbersExhausted&) {
     refuseTooManyNodes(model, k);
   } catch (const std::bad_alloc&) {
@@ -123,7 +159,7 @@ void EctlTransl::checkEctlFormula(const std::string& name) {
   }
 }
 
-void EctlTransl::run(const std::string& name) {
+WrittenRun EctlTransl::run(const std::string& name) {
   const EctlForm property = *model.formula;
   const std::clock_t start = std::clock();
 
@@ -135,27 +171,24 @@ void EctlTransl::run(const std::string& name) {
   const BoolForm translated = transl(property);
   std::cerr << "End of translation: " << storeSize() << std::endl;
 
-  std::cout << "Conjunction: " << std::flush;
-  const BoolForm whole = con(translated, path);
-  std::cout << storeSize() << std::endl;
-
-  std::cerr << "Creating clauses: ";
+  const BoolForm whole = conjunction(translated, path);
   ClauseSet cnf;
-  try {
-    whole.toCNF(cnf);
-    std::cerr << cnf.size() << std::endl;
-  } catch (const std::bad_alloc&) {
-    std::cerr << std::endl;  // the refusal gets a line of its own
-    throw;
-  }
-
-  std::cerr << "Writing down clauses ";
-  showCNF(cnf, name);
-  model.showLCK(k, maxCNFOrgVarNr(cnf), name);
-  std::cerr << std::endl;
+  createClauses(whole, cnf);
+  WrittenRun written = writeDown(cnf, name);
 
   const std::clock_t end = std::clock();
   std::cerr << "Time consumed : ";
   std::cerr.precision(4);
   std::cerr << static_cast<double>(end - start) / 1000000.0 << std::endl;
+  return written;
+}
+
+WrittenRun EctlTransl::writeDown(const ClauseSet& cnf, const std::string& name) const {
+  const ProgressLine line(std::cerr, "Writing down clauses ");
+  WrittenRun written;
+  written.variables = headerVariables(cnf);
+  written.clauseCount = cnf.size();
+  written.clauses = showCNF(cnf, name);
+  written.map = model.showLCK(k, maxCNFOrgVarNr(cnf), name);
+  return written;
 }

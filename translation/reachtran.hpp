@@ -9,20 +9,33 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "boolform/boolform.hpp"
+#include "boolform/outputfile.hpp"
 #include "model/tpnmodel.hpp"
+
+// What a run leaves.
+struct WrittenRun {
+  Written clauses;              // name.cnf
+  Written map;                  // name.lck
+  int variables = 0;            // as the clause file's header counts them: below 1 where the whole
+                                // formula is a constant or a literal
+  std::size_t clauseCount = 0;  // its lines after the header
+};
 
 class EctlTransl {
  public:
   // The model is borrowed and outlives the translator; k >= 1.
   EctlTransl(const NetTimedModel& net, int length) : k(length), model(net) {}
 
-  // Runs everything: path, property, clauses, name.cnf and name.lck, with progress lines. Where the
-  // path needs more variables or nodes than there are numbers, or more memory than there is, the
-  // process ends with exit status 1 and one line on standard error, before any file is touched.
-  void checkEctlFormula(const std::string& name);
+  // Runs everything: path, property, clauses, name.cnf and name.lck, with progress lines. Both
+  // files are attempted whatever becomes of either. Throws a PathRefusal (pathlimit.hpp) where the
+  // path needs more variables or nodes than there are numbers, or more memory than there is; no
+  // file is touched then. Progress lines that are cut short by that are ended first.
+  // The files are those of a process of its own where the store is empty and model.nrInvTerms 0.
+  WrittenRun checkEctlFormula(const std::string& name);
 
   // The initial state, then k steps: ((initial and step 0) and step 1) and ...
   BoolForm symbPath();
@@ -47,13 +60,14 @@ class EctlTransl {
   // What there was when a rotation began.
   struct Milestone {
     std::size_t nodes;
-    int invTerms;
+    unsigned invTerms;
     BoolForm path;
   };
   // Appends up to `times` rotations to the path where the one built since `begin` repeats the one
   // before it; the number of steps appended.
   int repeatRotation(const Milestone& begin, BoolForm& path, int times);
-  void run(const std::string& name);
+  WrittenRun run(const std::string& name);
+  WrittenRun writeDown(const ClauseSet& cnf, const std::string& name) const;
 
   int k;
   const NetTimedModel& model;

@@ -165,6 +165,24 @@ TEST_F(Dimacs, FileThatCannotBeOpenedIsSkippedSilently) {
   EXPECT_TRUE(std::filesystem::is_empty("."));
 }
 
+TEST_F(Dimacs, WriterTellsWhatBecameOfTheFile) {
+  const ClauseSet cnf = setOf({{1, 0, 0}});
+  EXPECT_TRUE(showCNF(cnf, "written").whole());
+  EXPECT_EQ(showCNF(cnf, "written").file, "written.cnf");
+  EXPECT_FALSE(showCNF(cnf, "missing/written").opened);
+  std::filesystem::create_symlink("/dev/full", "full.cnf");
+  EXPECT_TRUE(showCNF(cnf, "full").cut());
+  EXPECT_TRUE(showCNF(cnf).whole());
+}
+
+TEST_F(Dimacs, HeaderVariablesAreThoseOfTheHeader) {
+  for (const ClauseSet& cnf : {setOf({{5, 0, 0}}), setOf({{10, 0, 0}, {-1000007, 3, 0}}),
+                               setOf({{500001, 0, 0}}), ClauseSet()}) {
+    const std::string header = "p cnf " + std::to_string(headerVariables(cnf)) + " ";
+    EXPECT_EQ(fileOf(cnf).substr(0, header.size()), header);
+  }
+}
+
 // The same rule for the whole set, formatted by a stream.
 std::string plainText(const ClauseSet& cnf, int shift) {
   std::ostringstream out;

@@ -17,6 +17,8 @@
 
 namespace {
 
+using Writer = LineWriter<std::ostream>;
+
 // Keeps every block that is handed over; single characters would arrive as blocks of one.
 class Recorder : public std::streambuf {
  public:
@@ -40,7 +42,7 @@ class Recorder : public std::streambuf {
 };
 
 // Lines of `length` characters and their end; returns the text they make.
-std::string writeLines(LineWriter& lines, int count, std::size_t length) {
+std::string writeLines(Writer& lines, int count, std::size_t length) {
   std::string expected;
   for (int i = 0; i < count; ++i) {
     const std::string line(length, static_cast<char>('a' + i % 26));
@@ -92,7 +94,7 @@ TEST_F(LineWriterTest, EmptyLineIsALineEnd) {
 }
 
 TEST_F(LineWriterTest, UnusedWriterHandsOverNothing) {
-  std::make_unique<LineWriter>(out).reset();
+  std::make_unique<Writer>(out).reset();
   EXPECT_TRUE(recorder.blocks.empty());
 }
 
@@ -107,8 +109,8 @@ TEST_F(LineWriterTest, ShortTextIsKeptUntilTheEnd) {
 
 // Lines of every length, so that blocks end at every distance from the limit.
 TEST_F(LineWriterTest, EveryBlockEndsWithALineEnd) {
-  constexpr int bytes = static_cast<int>(LineWriter::blockSize) * 9 / 4;
-  for (std::size_t length = 0; length <= LineWriter::maxLine; ++length) {
+  constexpr int bytes = static_cast<int>(Writer::blockSize) * 9 / 4;
+  for (std::size_t length = 0; length <= Writer::maxLine; ++length) {
     recorder.blocks.clear();
     std::string expected;
     {
@@ -124,11 +126,11 @@ TEST_F(LineWriterTest, EveryBlockEndsWithALineEnd) {
 TEST_F(LineWriterTest, BlocksAreLarge) {
   {
     LineWriter lines(out);
-    writeLines(lines, static_cast<int>(LineWriter::blockSize) / 10, 30);
+    writeLines(lines, static_cast<int>(Writer::blockSize) / 10, 30);
   }
   ASSERT_GE(recorder.blocks.size(), 2U);
   recorder.blocks.pop_back();
-  for (const std::string& block : recorder.blocks) EXPECT_GE(block.size(), LineWriter::blockSize);
+  for (const std::string& block : recorder.blocks) EXPECT_GE(block.size(), Writer::blockSize);
 }
 
 TEST_F(LineWriterTest, FailedStreamSwallowsEverything) {
@@ -144,14 +146,14 @@ TEST_F(LineWriterTest, LongestTextIsTaken) {
   std::string expected;
   {
     LineWriter lines(out);
-    expected = writeLines(lines, 1, LineWriter::maxLine);
+    expected = writeLines(lines, 1, Writer::maxLine);
   }
   EXPECT_EQ(recorder.all(), expected);
 }
 
 TEST_F(LineWriterDeathTest, LongerTextIsRefused) {
   LineWriter lines(out);
-  const std::string tooLong(LineWriter::maxLine + 1, 'x');
+  const std::string tooLong(Writer::maxLine + 1, 'x');
   EXPECT_DEATH(lines.text(tooLong), failedAssertion("s.size() <= maxLine"));
 }
 

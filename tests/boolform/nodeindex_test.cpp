@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
+#include <set>
 #include <vector>
 
 #include "tests/boolform/store.hpp"
@@ -107,15 +109,15 @@ TEST(NodeIndex, CapacityIsAPowerOfTwo) {
     NodeIndex index;
     index.reserve(count, {});
     EXPECT_EQ(index.capacity() & (index.capacity() - 1), 0U);
-    EXPECT_GE(index.capacity() / 4 * 3, count);
+    EXPECT_GE(index.capacity() / 2, count);
   }
 }
 
-TEST(NodeIndex, AQuarterOfTheSlotsStaysFree) {
+TEST(NodeIndex, HalfOfTheSlotsStayFree) {
   Model model;
   for (int i = 1; i <= 10000; ++i) {
     model.use(equKey(i, i + 1));
-    ASSERT_LE(model.nodes.size(), model.index.capacity() / 4 * 3);
+    ASSERT_LE(model.nodes.size(), model.index.capacity() / 2);
   }
 }
 
@@ -133,6 +135,71 @@ TEST(NodeIndex, EveryFieldTellsKeysApart) {
   const Keys keys{conKey(5, 7), conKey(7, 5), equKey(5, 7), conKey(-5, 7), conKey(5, -7)};
   for (const Triple& key : keys) model.use(key);
   EXPECT_EQ(model.nodes, keys);
+}
+
+// The nodes of a long property asked of many states: in every state the same few leaves, variables
+// of that state, are combined in all ways, and what they give is combined further.
+std::vector<Triple> propertyNodes(int states, int leaves, int perState) {
+  std::mt19937 random(1);
+  std::set<Triple> seen;
+  std::vector<Triple> result;
+  const auto newest = [&] { return NodeIndex::firstNr + static_cast<int>(result.size()) - 1; };
+  for (int state = 0; state < states; ++state) {
+    const int before = newest();
+    const auto operand = [&] {
+      const int inner = newest() - before;
+      const int pick = static_cast<int>(random() % static_cast<unsigned>(2 * leaves));
+      const int nr = pick < leaves || inner == 0
+                         ? 1 + state * 400 + pick % leaves
+                         : before + 1 + static_cast<int>(random() % static_cast<unsigned>(inner));
+      return random() % 2 == 0 ? nr : -nr;
+    };
+    while (newest() - before < perState) {
+      const auto [left, right] = std::minmax({operand(), operand()});
+      if (seen.insert(conKey(left, right)).second) result.push_back(conKey(left, right));
+    }
+  }
+  return result;
+}
+
+struct SearchLengths {
+  std::size_t all = 0;
+  std::size_t longest = 0;
+
+  void add(std::size_t length) {
+    all += length;
+    longest = std::max(longest, length);
+  }
+};
+
+// Of every node: before it is there, and at the end.
+void expectShortSearches(const std::vector<Triple>& keys) {
+  Model model;
+  SearchLengths making;
+  SearchLengths finding;
+  for (const Triple& key : keys) {
+    making.add(model.index.searchLength(key, model.nodes));
+    model.use(key);
+  }
+  for (const Triple& key : keys) finding.add(model.index.searchLength(key, model.nodes));
+  for (const SearchLengths& lengths : {making, finding}) {
+    EXPECT_LT(lengths.all, 5 * keys.size());
+    EXPECT_LT(lengths.longest, 200U);
+  }
+}
+
+TEST(NodeIndex, SearchesStayShortWhereOperandsHaveManyUses) {
+  expectShortSearches(propertyNodes(30, 80, 10000));
+}
+
+TEST(NodeIndex, SearchesStayShortWhereNearPlacesAreTaken) {
+  expectShortSearches(propertyNodes(1, 40, 200000));
+}
+
+TEST(NodeIndex, SearchesStayShortAlongAChain) {
+  std::vector<Triple> chain{conKey(1, 2)};
+  for (int i = 0; i < 200000; ++i) chain.push_back(conKey(1 + i % 80, NodeIndex::firstNr + i));
+  expectShortSearches(chain);
 }
 
 TEST(Triple, IsOrderedByOperatorThenLeftThenRightAsSignedNumbers) {

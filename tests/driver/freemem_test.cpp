@@ -39,6 +39,11 @@ TEST(FreeMemoryColumns, LaterRowsAreNotRead) {
   EXPECT_EQ(freeIn(header + "Mem: 10 20 30\nSwap: 1 2 3\nMore: 100 200 300\n"), 33);
 }
 
+TEST(FreeMemoryColumns, RowsOfTodaysLayoutFurtherDownAreNotRead) {
+  EXPECT_EQ(freeIn(header + "Mem: 1000 400 600 0 0 0\nSwap: 2000 0 2000\nMemFree: 5 kB\n"), 2600);
+  EXPECT_EQ(freeIn(header + "\nMem: 1000 400 600\nSwapFree: 9 kB\nMemFree: 5 kB\n"), 600);
+}
+
 TEST(FreeMemoryColumns, MissingRowsCountAsNothing) {
   EXPECT_EQ(freeIn(header + "Mem: 1000 400 600 0 0 0\n"), 600);
   EXPECT_EQ(freeIn(header), 0);
@@ -69,6 +74,11 @@ TEST(FreeMemoryLines, OrderOfTheLinesDoesNotMatter) {
 
 TEST(FreeMemoryLines, EmptyLinesAreSkipped) {
   EXPECT_EQ(freeIn("\n\nMemTotal: 900 kB\n\nMemFree: 300 kB\n\n\nSwapFree: 20 kB\n"), 320 * 1024);
+}
+
+TEST(FreeMemoryLines, HoldUnlessTheSecondLineIsTheRowOfColumns) {
+  EXPECT_EQ(freeIn("Mem: 1 2 3\nMemFree: 300 kB\nMem: 4 5 6\n"), 300 * 1024);
+  EXPECT_EQ(freeIn("MemTotal: 900 kB\nMemory: 4 5 6\nMemFree: 300 kB\n"), 300 * 1024);
 }
 
 TEST(FreeMemoryLines, MissingRowCountsAsNothing) {

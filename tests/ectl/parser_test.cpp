@@ -185,17 +185,51 @@ TEST(ParserDeathTest, SecondSpellingsAreNeverPassed) {
 
 TEST(ParserDeathTest, CharacterAfterAStrayEIsExaminedOnItsOwn) { expectNeverParsed("EZp1"); }
 
-TEST(ParserDeathTest, MissingOperandEndsTheProcess) {
-  for (const std::string op : {"&", "+", "EU", "EG", "EX", "EF", "EK"}) {
-    const std::string quoted = op == "+" ? "\\+" : op;
-    EXPECT_EXIT(EctlForm{op}, testing::ExitedWithCode(1),
-                "^zervan: property: operator \"" + quoted + "\" lacks an operand\n$");
+// What the parser says of a property that it refuses.
+std::string refusalOf(const std::string& text) {
+  try {
+    const EctlForm formula(text);
+  } catch (const MissingOperand& refusal) {
+    return refusal.what();
+  }
+  return "";
+}
+
+TEST(Parser, MissingOperandIsRefused) {
+  for (const std::string op : {"&", "+", "EU", "EG", "EX", "EF", "EK"})
+    EXPECT_EQ(refusalOf(op), "property: operator \"" + op + "\" lacks an operand");
+}
+
+TEST(Parser, OneOperandIsNotEnoughForABinaryOperator) {
+  for (const std::string text : {"p1&", "p1+", "TEU", "p1p2&+"})
+    EXPECT_THROW(EctlForm{text}, MissingOperand) << text;
+}
+
+// --- Items that were read elsewhere. ---
+
+std::vector<OnpNode> nodesOf(const EctlForm& f) { return {f.onp.begin(), f.onp.end()}; }
+
+TEST(ItemParser, FormulaIsThatOfTheText) {
+  for (const std::string text : {"", "T", "p1", "p-0", "p1p-2&EF", "Tp3EU", "p1p2p3&+EXEG", "p1p2",
+                                 "p1EKp2&", "p4294967295", "TT+T&"}) {
+    const EctlForm read(text);
+    const EctlForm made(nodesOf(read));
+    EXPECT_TRUE(made == read) << text;
+    EXPECT_EQ(made.onp, read.onp) << text;
+    EXPECT_EQ(made.varNr, 0) << text;
   }
 }
 
-TEST(ParserDeathTest, OneOperandIsNotEnoughForABinaryOperator) {
-  for (const std::string text : {"p1&", "p1+", "TEU", "p1p2&+"})
-    EXPECT_EXIT(EctlForm{text}, testing::ExitedWithCode(1), "lacks an operand") << text;
+TEST(ItemParser, PropositionIsWrittenAsItsNumber) {
+  const EctlForm f(std::vector<OnpNode>{{EctlOper::prop, 7}, {EctlOper::existsFinally, 0}});
+  EXPECT_EQ(f.left, "p7");
+  EXPECT_EQ(f.getLeft().getVarNr(), 7);
+}
+
+TEST(ItemParser, MissingOperandIsRefused) {
+  EXPECT_THROW(EctlForm(std::vector<OnpNode>{{EctlOper::conj, 0}}), MissingOperand);
+  EXPECT_THROW(EctlForm(std::vector<OnpNode>{{EctlOper::truth, 0}, {EctlOper::existsUntil, 0}}),
+               MissingOperand);
 }
 
 }  // namespace

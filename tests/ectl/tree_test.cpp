@@ -82,10 +82,10 @@ TEST(TreeDeathTest, EmptyFormulaIsNeverPassed) {
   expectStandstill([] { return EctlForm("").buildTree(); });
 }
 
-TEST(TreeDeathTest, MissingOperandEndsTheProcess) {
+TEST(Tree, MissingOperandIsRefused) {
   EctlForm f("p0EF");
   f.left = "";
-  EXPECT_EXIT(f.buildTree(), testing::ExitedWithCode(1), "operator \"EF\" lacks an operand");
+  EXPECT_THROW(f.buildTree(), MissingOperand);
 }
 
 TEST(Tree, NothingIsReleasedWhereThereIsNoTree) { EctlForm::destroyTree(nullptr); }

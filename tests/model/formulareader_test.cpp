@@ -56,6 +56,19 @@ TEST(FormulaReaderDeathTest, MissingFileEndsTheProcess) {
               "^Nie moge otworzyc pliku no/such/phi.tpn\n$");
 }
 
+// A process's own memory can be opened; reading at address 0 fails.
+TEST(FormulaReader, FileThatCannotBeReadIsTold) {
+  const Folder folder;
+  std::filesystem::create_symlink("/proc/self/mem", folder / "x.tpn");
+  NetTimedModel model;
+  try {
+    model.readFormula(folder / "x");
+    FAIL() << "was read";
+  } catch (const Unreadable& refusal) {
+    EXPECT_EQ(refusal.what(), "cannot read " + (folder / "x.tpn") + ": Input/output error");
+  }
+}
+
 TEST(FormulaReaderDeathTest, FolderCannotBeOpened) {
   const Folder folder;
   std::filesystem::create_directory(folder / "phi.tpn");

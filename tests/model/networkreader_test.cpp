@@ -204,6 +204,19 @@ TEST(NetworkReaderDeathTest, MissingFileEndsTheProcess) {
               "^Nie moge otworzyc pliku no/such/net.tpn\n$");
 }
 
+// A process's own memory can be opened; reading at address 0 fails.
+TEST(NetworkReader, FileThatCannotBeReadIsTold) {
+  const Folder folder;
+  std::filesystem::create_symlink("/proc/self/mem", folder / "x.tpn");
+  NetTimedModel model;
+  try {
+    model.readNetwork(folder / "x");
+    FAIL() << "was read";
+  } catch (const Unreadable& refusal) {
+    EXPECT_EQ(refusal.what(), "cannot read " + (folder / "x.tpn") + ": Input/output error");
+  }
+}
+
 TEST(NetworkReaderDeathTest, FolderCannotBeOpened) {
   const Folder folder;
   std::filesystem::create_directory(folder / "net.tpn");

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -173,6 +174,13 @@ TEST(InvariantTerms, InvariantWithoutATermIsTrue) {
   const Model model = modelOf(network("1 0 -1\n", process("1 0 1\n")));
   EXPECT_EQ(model->invariant(model->genSymState(1)), BoolForm(true));
   EXPECT_EQ(model->nrInvTerms, 0);
+}
+
+TEST(InvariantTerms, CounterWrapsAtThirtyTwoBits) {
+  const Model model = modelOf(twoProcesses());  // three terms
+  model->nrInvTerms = std::numeric_limits<int>::max() - 1;
+  model->invariant(model->genSymState(1));
+  EXPECT_EQ(model->nrInvTerms, std::numeric_limits<int>::min() + 1);
 }
 
 TEST(InvariantTerms, NetworkWithoutTransitionsHasNone) {

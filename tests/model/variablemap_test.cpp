@@ -50,6 +50,22 @@ TEST(VariableMap, ReplacesAnOlderFile) {
   EXPECT_EQ(folder.read("run.lck"), "0\n\n0 2 0\n1\n2\n0 0\n");
 }
 
+TEST(VariableMap, CounterOfInvariantTermsMayBeNegative) {
+  const Model model = modelOf(emptyNetwork());
+  model->nrInvTerms = -17;
+  EXPECT_EQ(mapOf(*model, 1, 1), "0\n\n0 2 0\n1\n1\n0 -17\n");
+}
+
+TEST(VariableMap, WriterTellsWhatBecameOfTheFile) {
+  const Folder folder;
+  const Model model = modelOf(emptyNetwork());
+  EXPECT_TRUE(model->showLCK(1, 2, folder / "run").whole());
+  EXPECT_EQ(model->showLCK(1, 2, folder / "run").file, folder / "run.lck");
+  EXPECT_FALSE(model->showLCK(1, 2, folder / "missing/run").opened);
+  std::filesystem::create_symlink("/dev/full", folder / "full.lck");
+  EXPECT_TRUE(model->showLCK(1, 2, folder / "full").cut());
+}
+
 TEST(VariableMap, ThatCannotBeOpenedIsSkippedSilently) {
   const Folder folder;
   std::filesystem::create_directory(folder / "run.lck");

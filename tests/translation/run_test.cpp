@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <regex>
 #include <sstream>
 #include <string>
@@ -13,6 +14,7 @@
 #include "boolform/dimacs.hpp"
 #include "tests/model/networks.hpp"
 #include "tests/translation/built.hpp"
+#include "translation/pathlimit.hpp"
 #include "translation/reachtran.hpp"
 
 namespace {
@@ -26,7 +28,7 @@ class Run : public testing::Test {
     model->formula = std::make_unique<EctlForm>(property);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    EctlTransl(*model, k).checkEctlFormula(folder / "run");
+    written = EctlTransl(*model, k).checkEctlFormula(folder / "run");
     out = testing::internal::GetCapturedStdout();
     err = testing::internal::GetCapturedStderr();
   }
@@ -51,6 +53,7 @@ class Run : public testing::Test {
 
   Folder folder;
   Model model;
+  WrittenRun written;
   std::string out;
   std::string err;
 };
@@ -67,6 +70,17 @@ TEST_F(Run, ReportsItsProgressOnStandardError) {
 TEST_F(Run, ReportsTheConjunctionOnStandardOutput) {
   check(twoProcesses(), "p3", 3);
   EXPECT_EQ(out, "Conjunction: 397\n");
+}
+
+// What is told next has a line of its own. The last of all nodes is the conjunction.
+TEST_F(Run, RefusalEndsTheProgressLine) {
+  model = modelOf(twoProcesses());
+  model->formula = std::make_unique<EctlForm>("p3");
+  BoolForm::lastNr = varNrLimit + 396;
+  testing::internal::CaptureStdout();
+  EXPECT_THROW(EctlTransl(*model, 3).checkEctlFormula(folder / "run"), TooManyNodes);
+  BoolForm::lastNr = std::numeric_limits<int>::max();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "Conjunction: \n");
 }
 
 TEST_F(Run, StoreSizesAreThoseOfThePathThePropertyAndTheirConjunction) {
@@ -98,6 +112,29 @@ TEST_F(Run, CountsTheClausesItWrites) {
   EXPECT_EQ(numberAfter(err, "Creating clauses: "), std::count(text.begin(), text.end(), '\n') - 1);
 }
 
+TEST_F(Run, TellsWhatItWrote) {
+  for (const std::string property : {"p1p2+", "p9", "T"}) {
+    forgetFormulas();
+    check(threeProcesses(), property, 4);
+    const std::string text = folder.read("run.cnf");
+    EXPECT_TRUE(written.clauses.whole());
+    EXPECT_TRUE(written.map.whole());
+    EXPECT_EQ(written.clauses.file, folder / "run.cnf");
+    EXPECT_EQ(written.map.file, folder / "run.lck");
+    EXPECT_EQ(text.substr(0, text.find('\n')), "p cnf " + std::to_string(written.variables) + " " +
+                                                   std::to_string(written.clauseCount));
+  }
+}
+
+TEST_F(Run, FilesThatCannotBeWrittenAreTold) {
+  std::filesystem::create_symlink("/dev/full", folder / "run.cnf");
+  std::filesystem::create_symlink("/dev/full", folder / "run.lck");
+  check(twoProcesses(), "p3", 3);
+  EXPECT_TRUE(written.clauses.cut());
+  EXPECT_TRUE(written.map.cut());
+  EXPECT_EQ(written.clauseCount, 1243U);
+}
+
 TEST_F(Run, MapHoldsPathLengthAndHighestVariable) {
   check(twoProcesses(), "p3", 3);
   EXPECT_EQ(folder.read("run.lck"), "2\n1 1 \n2 4 2\n3\n88\n3 6\n");
@@ -117,6 +154,16 @@ TEST_F(Run, MapCountsTheInvariantTermsOfThisRun) {
   check(twoProcesses(), "p3", 8);  // three time and three action steps of three terms
   const std::string map = folder.read("run.lck");
   EXPECT_EQ(map.substr(map.size() - 5), "3 18\n");
+}
+
+// Copied rotations are counted in one go: 99 of time and of action in all, three terms each.
+TEST_F(Run, CounterOfInvariantTermsWraps) {
+  model = modelOf(twoProcesses());
+  model->formula = std::make_unique<EctlForm>("p3");
+  model->nrInvTerms = std::numeric_limits<int>::max() - 100;
+  EctlTransl(*model, 297).checkEctlFormula(folder / "run");
+  EXPECT_EQ(model->nrInvTerms, std::numeric_limits<int>::min() + 2 * 99 * 3 - 101);
+  EXPECT_TRUE(folder.read("run.lck").ends_with("\n3 " + std::to_string(model->nrInvTerms) + "\n"));
 }
 
 TEST_F(Run, TemporalPropertyLeavesTheEmptyClause) {
@@ -150,6 +197,8 @@ TEST_F(Run, FilesThatCannotBeOpenedAreSkippedSilently) {
   forgetFormulas();
   check(twoProcesses(), "p3", 3);
   EXPECT_EQ(err.substr(0, err.find("Time")), progress);
+  EXPECT_FALSE(written.clauses.opened);
+  EXPECT_FALSE(written.map.opened);
 }
 
 }  // namespace

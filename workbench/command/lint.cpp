@@ -1,0 +1,51 @@
+// tpn lint: everything that is wrong with a network, and with a property of it.
+
+#include <memory>
+
+#include "workbench/base/files.hpp"
+#include "workbench/command/reading.hpp"
+#include "workbench/command/subcommand.hpp"
+#include "workbench/network/strictread.hpp"
+
+namespace tpn {
+
+namespace {
+
+struct Arguments {
+  Files files;
+  std::optional<int> bound;
+  bool json = false;
+};
+
+int lint(const Arguments& a) {
+  Diagnostics diagnostics;
+  const std::optional<Network> net = networkOf(a.files, diagnostics);
+  if (!a.files.phi.empty()) {
+    const std::optional<Property> phi = propertyOf(a.files, diagnostics);
+    if (net && phi) lintTogether(*net, inputName(a.files.phi), *phi, diagnostics);
+  }
+  if (net && a.bound) lintBound(*net, inputName(a.files.net), *a.bound, diagnostics);
+  std::string out;
+  if (a.json) {
+    out = diagnosticsJson(diagnostics);
+  } else {
+    for (const Diagnostic& d : diagnostics) out += text(d) + "\n";
+  }
+  writeFile("-", out);
+  return hasErrors(diagnostics) ? failed : done;
+}
+
+Action declare(CLI::App& app) {
+  const auto a = std::make_shared<Arguments>();
+  addNet(app, a->files);
+  addPhi(app, a->files, false);
+  app.add_option("--bound", a->bound, "would zervan take a path of K steps?")->type_name("K");
+  app.add_flag("--json", a->json, "print JSON instead of text");
+  return [a] { return lint(*a); };
+}
+
+}  // namespace
+
+const Subcommand lintCommand{"lint", "find everything that is wrong with the files", declare};
+
+}  // namespace tpn

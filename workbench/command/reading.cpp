@@ -1,0 +1,64 @@
+#include "workbench/command/reading.hpp"
+
+#include <iostream>
+
+#include "workbench/base/files.hpp"
+#include "workbench/network/strictread.hpp"
+
+namespace tpn {
+
+namespace {
+
+void complain(const Diagnostics& diagnostics) {
+  for (const Diagnostic& d : diagnostics) std::cerr << text(d) << "\n";
+}
+
+}  // namespace
+
+void addNet(CLI::App& app, Files& files) {
+  app.add_option("NET", files.net, "network file, with or without .tpn")->required();
+}
+
+void addPhi(CLI::App& app, Files& files, bool required) {
+  app.add_option("PHI", files.phi, "property file, with or without .tpn")->required(required);
+}
+
+std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
+  const std::string name = inputName(files.net);
+  return readNetwork(name, readFile(name), diagnostics);
+}
+
+std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics) {
+  const std::string name = inputName(files.phi);
+  return readProperty(name, readFile(name), diagnostics);
+}
+
+std::optional<Network> networkOf(const Files& files) {
+  Diagnostics diagnostics;
+  std::optional<Network> net = networkOf(files, diagnostics);
+  complain(diagnostics);
+  return net;
+}
+
+std::optional<Inputs> inputsOf(const Files& files) {
+  Diagnostics diagnostics;
+  std::optional<Network> net = networkOf(files, diagnostics);
+  std::optional<Property> phi = propertyOf(files, diagnostics);
+  if (net && phi) lintTogether(*net, inputName(files.phi), *phi, diagnostics);
+  complain(diagnostics);
+  if (hasErrors(diagnostics) || !net || !phi) return std::nullopt;
+  return Inputs{std::move(*net), std::move(*phi)};
+}
+
+std::optional<Asked> askedOf(const Files& files) {
+  if (!files.phi.empty()) {
+    std::optional<Inputs> inputs = inputsOf(files);
+    if (!inputs) return std::nullopt;
+    return Asked{std::move(inputs->net), {std::move(inputs->property)}};
+  }
+  std::optional<Network> net = networkOf(files);
+  if (!net) return std::nullopt;
+  return Asked{std::move(*net), {}};
+}
+
+}  // namespace tpn

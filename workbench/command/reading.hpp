@@ -1,0 +1,45 @@
+// What subcommands read: the network and the property that the command line names.
+
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+
+#include "workbench/network/diagnostic.hpp"
+#include "workbench/network/goal.hpp"
+#include "workbench/network/network.hpp"
+#include "workbench/network/property.hpp"
+
+namespace tpn {
+
+// As the command line gives them, with or without .tpn.
+struct Files {
+  std::string net;
+  std::string phi;  // may be empty where a property is not required
+};
+
+struct Inputs {
+  Network net;
+  Property property;
+};
+
+struct Asked {
+  Network net;
+  Goal goal;
+};
+
+void addNet(CLI::App& app, Files& files);
+void addPhi(CLI::App& app, Files& files, bool required);
+
+// A file's value, its mistakes appended; nothing where they leave none. The property may be read
+// only where one is named.
+std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics);
+std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics);
+
+// With the mistakes on standard error; nothing where they are errors.
+std::optional<Network> networkOf(const Files& files);
+std::optional<Inputs> inputsOf(const Files& files);
+std::optional<Asked> askedOf(const Files& files);  // no property named: a deadlock
+
+}  // namespace tpn
