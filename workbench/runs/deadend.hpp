@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "workbench/runs/run.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 
