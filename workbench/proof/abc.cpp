@@ -16,6 +16,8 @@
 #include "workbench/proof/abcanswer.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/runs/deadend.hpp"
+#include "workbench/runs/replay.hpp"
+#include "workbench/runs/schedule.hpp"
 
 namespace tpn {
 

@@ -40,8 +40,8 @@ void StateLiterals::declareClock(std::size_t process, Circuit& circuit) {
     }
     return;
   }
-  const auto width = static_cast<std::size_t>(
-      std::bit_width(static_cast<std::uint64_t>(caps_[process])));
+  const auto width =
+      static_cast<std::size_t>(std::bit_width(static_cast<std::uint64_t>(caps_[process])));
   for (std::size_t bit = 0; bit < width; ++bit) {
     clock.push_back(circuit.latch(std::to_string(number(process)) + ":" + std::to_string(bit)));
     bits_[atoms_.size()] = {process, bit};
