@@ -70,7 +70,7 @@ bool runAbc(const Folder& folder, const std::function<bool()>& stop) {
   const std::string path = pathOfAbc();
   Child child([&]() -> int {
     fs::current_path(folder.name());
-    become({path, "-q", script}, "", "out", "err");
+    become({path, "-q", script}, "out", "err");
   });
   while (child.running()) {
     if (stop && stop()) return false;
