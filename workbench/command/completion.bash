@@ -4,7 +4,7 @@ _tpn() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
   local options='--help --version'
   if [ "$COMP_CWORD" -eq 1 ]; then
-    mapfile -t COMPREPLY < <(compgen -W "lint show check trace run --help --version" -- "$word")
+    mapfile -t COMPREPLY < <(compgen -W "lint show check trace run certify --help --version" -- "$word")
     return
   fi
   case $before in
@@ -28,6 +28,7 @@ _tpn() {
     show) options+=" --json --dot --svg" ;;
     check) options+=" --max-bound --timeout --solver --jobs --keep --json --svg --vcd" ;;
     trace) options+=" --json --svg --vcd" ;;
+    certify) options+=" --deadlock" ;;
     run) options+=" --random --steps --script --json --svg --vcd" ;;
   esac
   if [[ $word == -* ]]; then

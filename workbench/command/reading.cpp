@@ -58,4 +58,15 @@ std::optional<Inputs> inputsOf(const Files& files) {
   return Inputs{std::move(*net), std::move(*phi)};
 }
 
+std::optional<Asked> askedOf(const Files& files) {
+  if (!files.phi.empty()) {
+    std::optional<Inputs> inputs = inputsOf(files);
+    if (!inputs) return std::nullopt;
+    return Asked{std::move(inputs->net), {std::move(inputs->property)}};
+  }
+  std::optional<Network> net = networkOf(files);
+  if (!net) return std::nullopt;
+  return Asked{std::move(*net), {}};
+}
+
 }  // namespace tpn

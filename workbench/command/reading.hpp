@@ -8,6 +8,7 @@
 
 #include "workbench/base/fileplan.hpp"
 #include "workbench/network/diagnostic.hpp"
+#include "workbench/network/goal.hpp"
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 
@@ -24,6 +25,11 @@ struct Inputs {
   Property property;
 };
 
+struct Asked {
+  Network net;
+  Goal goal;
+};
+
 void addNet(CLI::App& app, Files& files);
 void addPhi(CLI::App& app, Files& files, bool required);
 
@@ -38,5 +44,6 @@ FilePlan planFor(const Files& files);
 // With the mistakes on standard error; nothing where they are errors.
 std::optional<Network> networkOf(const Files& files);
 std::optional<Inputs> inputsOf(const Files& files);
+std::optional<Asked> askedOf(const Files& files);  // no property named: a deadlock
 
 }  // namespace tpn

@@ -14,8 +14,12 @@ struct Progress {
   int bound = 0;  // the k being asked
   long variables = 0;
   long clauses = 0;
-  long conflicts = -1;  // -1: unknown
-  double seconds = 0;   // since the check began
+  long conflicts = -1;   // -1: unknown
+  double seconds = 0;    // since the check began
+  int transitions = -1;  // the length being asked by the bounded search; -1: it does not run
+  long frame = -1;       // the prover's; -1: it does not run
+  long learnt = 0;       // clauses of the prover
+  long obligations = 0;
 };
 
 class Watch {

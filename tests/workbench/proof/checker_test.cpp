@@ -1,0 +1,48 @@
+// The check of certificates: it accepts what is right, and nothing that states one by one refute.
+
+#include "workbench/proof/checker.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/workbench/network/smallnets.hpp"
+#include "tests/workbench/proof/fischer.hpp"
+#include "tests/workbench/proof/reachable.hpp"
+
+namespace tpn {
+namespace {
+
+std::string complaint(const Network& net, const Goal& goal, const Certificate& certificate) {
+  const Recheck result = recheck(net, goal, certificate, {});
+  EXPECT_EQ(result.complaint.empty(), result.result == Recheck::proved);
+  return result.complaint;
+}
+
+TEST(Fischer, IsProvedByItsEightClausesAtAnySize) {
+  for (const std::size_t n : {2U, 3U, 8U, 20U})
+    EXPECT_EQ(complaint(fischer::network(n), fischer::violation(n), fischer::proof(n)), "");
+}
+
+TEST(Fischer, IsProvedWithAllClausesWrittenOut) {
+  const Certificate flat = flattened(fischer::proof(4));
+  EXPECT_GT(flat.clauses.size(), 50U);
+  EXPECT_EQ(complaint(fischer::network(4), fischer::violation(4), flat), "");
+}
+
+TEST(Fischer, NeedsEveryClause) {
+  for (std::size_t i = 0; i < 8; ++i) {
+    Certificate less = fischer::proof(3);
+    less.clauses.erase(less.clauses.begin() + static_cast<std::ptrdiff_t>(i));
+    EXPECT_NE(complaint(fischer::network(3), fischer::violation(3), less), "") << i;
+  }
+}
+
+TEST(Fischer, NeedsTheSymmetry) {
+  Certificate less = fischer::proof(3);
+  less.generators.pop_back();
+  EXPECT_NE(complaint(fischer::network(3), fischer::violation(3), less), "");
+}
+
+}  // namespace
+}  // namespace tpn

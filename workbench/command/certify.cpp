@@ -1,0 +1,57 @@
+// tpn certify: does this file prove that the goal is never reached?
+
+#include <iostream>
+#include <memory>
+
+#include "workbench/base/files.hpp"
+#include "workbench/command/reading.hpp"
+#include "workbench/command/subcommand.hpp"
+#include "workbench/proof/checker.hpp"
+
+namespace tpn {
+
+namespace {
+
+struct Arguments {
+  Files files;
+  std::string certificate;
+  bool deadlock = false;
+};
+
+int certify(const Arguments& a) {
+  const std::optional<Asked> asked = askedOf(a.files);
+  if (!asked) return failed;
+  const Recheck result = recheck(asked->net, asked->goal, readCertificateFile(a.certificate), {});
+  if (result.result == Recheck::proved) {
+    writeFile("-", "unreachable: the certificate proves it\n");
+    return done;
+  }
+  std::cerr << a.certificate << ": " << result.complaint << "\n";
+  return failed;
+}
+
+// With --deadlock there is no property: what stands in its place is the certificate.
+int checkedArguments(Arguments& a) {
+  if (a.deadlock && a.certificate.empty()) std::swap(a.certificate, a.files.phi);
+  if (a.deadlock != a.files.phi.empty() || a.certificate.empty()) {
+    std::cerr << "tpn certify takes NET PHI FILE, or --deadlock NET FILE\n";
+    return misused;
+  }
+  return certify(a);
+}
+
+Action declare(CLI::App& app) {
+  const auto a = std::make_shared<Arguments>();
+  addNet(app, a->files);
+  addPhi(app, a->files, false);
+  app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it");
+  app.add_flag("--deadlock", a->deadlock, "it is about a deadlock; there is no PHI");
+  return [a] { return checkedArguments(*a); };
+}
+
+}  // namespace
+
+const Subcommand certifyCommand{"certify", "recheck a certificate that a goal is never reached",
+                                declare};
+
+}  // namespace tpn

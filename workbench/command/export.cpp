@@ -1,0 +1,89 @@
+// tpn export: the network as a circuit, and a certificate as one, for hardware model checkers.
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+
+#include "workbench/base/files.hpp"
+#include "workbench/command/reading.hpp"
+#include "workbench/command/subcommand.hpp"
+#include "workbench/proof/checker.hpp"
+#include "workbench/proof/machinecircuit.hpp"
+
+namespace tpn {
+
+namespace {
+
+struct Arguments {
+  Files files;
+  bool deadlock = false;
+  std::string aiger;
+  std::string certificate;
+  std::string witness;
+};
+
+// By the suffix of the file: text or bytes.
+void writeAiger(const std::string& file, const Circuit& circuit, const std::string& comment) {
+  const bool binary = std::filesystem::path(file).extension() == ".aig";
+  writeFile(file, binary ? binaryAiger(circuit, comment) : asciiAiger(circuit, comment));
+}
+
+std::string title(const Asked& asked) {
+  const std::string goal = asked.goal.deadlock() ? "a deadlock" : asked.goal.property->text;
+  return asked.net.title + "\nis bad where: " + goal + "\n";
+}
+
+void writeWitness(const Arguments& a, const Asked& asked, const MachineCircuit& machine) {
+  const CertificateFile file = readCertificateFile(a.certificate);
+  const Recheck checked = recheck(asked.net, asked.goal, file, {});
+  if (checked.result != Recheck::proved)
+    throw std::runtime_error(a.certificate + ": " + checked.complaint);
+  const Circuit witness = witnessCircuit(asked.net, machine, flattened(file.proof));
+  writeAiger(a.witness, witness, "WITNESS b0 " + a.aiger + "\n");
+}
+
+int exportAiger(const Arguments& a) {
+  const std::optional<Asked> asked = askedOf(a.files);
+  if (!asked) return failed;
+  const MachineCircuit machine = makeMachineCircuit(asked->net, asked->goal);
+  writeAiger(a.aiger, machine.circuit, title(*asked));
+  if (!a.witness.empty()) writeWitness(a, *asked, machine);
+  return done;
+}
+
+int checkedArguments(const Arguments& a) {
+  if (a.deadlock == a.files.phi.empty()) return exportAiger(a);
+  std::cerr << "tpn export takes NET PHI, or --deadlock NET\n";
+  return misused;
+}
+
+Action declare(CLI::App& app) {
+  const auto a = std::make_shared<Arguments>();
+  addNet(app, a->files);
+  addPhi(app, a->files, false);
+  app.add_flag("--deadlock", a->deadlock, "what is bad is a deadlock; there is no PHI");
+  const auto isAiger = CLI::Validator(
+      [](const std::string& file) {
+        const std::string suffix = std::filesystem::path(file).extension();
+        return suffix == ".aag" || suffix == ".aig" ? "" : file + " does not end in .aag or .aig";
+      },
+      "FILE");
+  app.add_option("--aiger", a->aiger, "the circuit: text in .aag, bytes in .aig")
+      ->required()
+      ->check(isAiger);
+  CLI::Option* certificate =
+      app.add_option("--certificate", a->certificate, "a proof, to make a witness of")
+          ->type_name("FILE");
+  CLI::Option* witness =
+      app.add_option("--witness", a->witness, "the proof as a circuit")->check(isAiger);
+  witness->needs(certificate);
+  certificate->needs(witness);
+  return [a] { return checkedArguments(*a); };
+}
+
+}  // namespace
+
+const Subcommand exportCommand{"export", "the network as a circuit in AIGER's form", declare};
+
+}  // namespace tpn

@@ -1,0 +1,187 @@
+// Classes of interchangeable processes, and which exchanges leave a property as it is.
+
+#include <algorithm>
+#include <cassert>
+#include <set>
+
+#include "workbench/machine/exchange.hpp"
+
+namespace tpn {
+
+namespace {
+
+using Labelled = std::vector<std::pair<std::size_t, std::size_t>>;  // (process, rank), sorted
+
+// Properties in a form in which the order of parts and their repetition do not show: formulas are
+// numbered as they come up, equal ones alike.
+class Forms {
+ public:
+  // proposition(n) names a proposition.
+  template <class Naming>
+  int number(const Property& property, const Naming& proposition) {
+    std::vector<Form> stack;
+    for (const PropertyItem& item : property.items) {
+      const bool leaf = item.kind <= PropertyItem::negated;
+      if (leaf) {
+        stack.push_back(
+            {item.kind, {item.kind == PropertyItem::truth ? 0 : proposition(item.number)}});
+        continue;
+      }
+      assert(stack.size() >= 2);
+      const Form right = std::move(stack.back());
+      stack.pop_back();
+      stack.back() = joined(item.kind, std::move(stack.back()), right);
+    }
+    assert(stack.size() == 1);
+    return numberOf(std::move(stack.back()));
+  }
+
+ private:
+  struct Form {
+    PropertyItem::Kind kind = PropertyItem::truth;
+    std::vector<int> parts;  // numbers of formulas; of a leaf, its proposition
+
+    friend auto operator<=>(const Form&, const Form&) = default;
+  };
+
+  Form joined(PropertyItem::Kind kind, Form left, const Form& right) {
+    Form result{kind, {}};
+    if (left.kind == kind)
+      result.parts = std::move(left.parts);
+    else
+      result.parts.push_back(numberOf(std::move(left)));
+    if (right.kind == kind)
+      result.parts.insert(result.parts.end(), right.parts.begin(), right.parts.end());
+    else
+      result.parts.push_back(numberOf(right));
+    return result;
+  }
+  int numberOf(Form form) {
+    std::sort(form.parts.begin(), form.parts.end());
+    form.parts.erase(std::unique(form.parts.begin(), form.parts.end()), form.parts.end());
+    return numbers_.emplace(std::move(form), static_cast<int>(numbers_.size())).first->second;
+  }
+
+  std::map<Form, int> numbers_;
+};
+
+// Where each proposition of the property holds.
+std::map<int, Labelled> labelled(const Network& net, const Machine& machine,
+                                 const Property& property) {
+  std::map<int, Labelled> result;
+  for (const PropertyItem& item : property.items)
+    if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
+      result[item.number];
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    for (const auto& [location, propositions] : net.processes[p].labels)
+      for (const int proposition : propositions)
+        if (const auto found = result.find(proposition); found != result.end())
+          found->second.emplace_back(p, machine.processes[p].rank(location));
+  for (auto& [proposition, spots] : result) std::sort(spots.begin(), spots.end());
+  return result;
+}
+
+// Whether exchanges leave one property as it is.
+class Judge {
+ public:
+  Judge(const Network& net, const Machine& machine, const Property& property)
+      : property_(property), where_(labelled(net, machine, property)) {
+    for (const auto& [proposition, spots] : where_) names_.emplace(spots, proposition);
+    own_ = forms_.number(property, [&](int n) { return names_.at(where_.at(n)); });
+  }
+
+  bool respected(const Exchange& exchange) {
+    std::map<int, int> renamed;
+    for (const auto& [proposition, spots] : where_) {
+      const auto name = names_.find(image(exchange, spots));
+      if (name == names_.end()) return false;
+      renamed[proposition] = name->second;
+    }
+    return forms_.number(property_, [&](int n) { return renamed.at(n); }) == own_;
+  }
+
+ private:
+  static Labelled image(const Exchange& exchange, Labelled spots) {
+    for (auto& [process, rank] : spots) {
+      rank = exchange.rank(process, rank);
+      process = exchange.process(process);
+    }
+    std::sort(spots.begin(), spots.end());
+    return spots;
+  }
+
+  const Property& property_;
+  std::map<int, Labelled> where_;
+  std::map<Labelled, int> names_;  // one proposition for each set of places
+  Forms forms_;
+  int own_ = 0;
+};
+
+// Exchanges of neighbours among processes that look alike, until one fails.
+class Classes {
+ public:
+  Classes(const Network& net, const Machine& machine, const Property* property,
+          const Checkpoint& checkpoint)
+      : machine_(machine), checkpoint_(checkpoint) {
+    if (property != nullptr) judge_.emplace(net, machine, *property);
+  }
+
+  std::vector<std::vector<std::size_t>> all() {
+    for (std::size_t p = 0; p < machine_.processes.size(); ++p)
+      if (!fixed_.contains(p)) grow(p);
+    return std::move(classes_);
+  }
+
+ private:
+  void grow(std::size_t first) {
+    std::vector<std::size_t> members{first};
+    for (std::size_t p = first + 1; p < machine_.processes.size(); ++p)
+      if (!fixed_.contains(p) && patience_ > 0 && exchanges(members, p)) members.push_back(p);
+    if (members.size() < 2) return;
+    fixed_.insert(members.begin(), members.end());
+    classes_.push_back(std::move(members));
+  }
+
+  // The newest member and the next one, no other member, and none of an earlier class.
+  bool exchanges(const std::vector<std::size_t>& members, std::size_t next) {
+    if (!alike(machine_.processes[members.back()], machine_.processes[next])) return false;
+    checkpoint_();
+    const auto found = exchange(machine_, members.back(), next);
+    if (!found || (judge_ && !judge_->respected(*found))) {
+      --patience_;
+      return false;
+    }
+    for (const auto& [p, q] : found->processes) {
+      if (fixed_.contains(p)) return false;
+      if (p != members.back() && std::find(members.begin(), members.end(), p) != members.end())
+        return false;
+    }
+    return true;
+  }
+
+  const Machine& machine_;
+  const Checkpoint& checkpoint_;
+  std::optional<Judge> judge_;
+  int patience_ = 1000;  // with processes that look alike and cannot be exchanged
+  std::set<std::size_t> fixed_;
+  std::vector<std::vector<std::size_t>> classes_;
+};
+
+}  // namespace
+
+bool respects(const Exchange& exchange, const Network& net, const Machine& machine,
+              const Property& property) {
+  return Judge(net, machine, property).respected(exchange);
+}
+
+std::vector<std::vector<std::size_t>> interchangeable(const Network& net, const Machine& machine,
+                                                      const Property* property,
+                                                      const Checkpoint& checkpoint) {
+  // The property is put in form again for each exchange: with hundreds of processes and all pairs
+  // of them in a property that would take longer than the search.
+  constexpr std::size_t most = 20'000'000;
+  if (property != nullptr && property->items.size() * machine.processes.size() > most) return {};
+  return Classes(net, machine, property, checkpoint).all();
+}
+
+}  // namespace tpn

@@ -1,0 +1,86 @@
+#include "workbench/proof/statement.hpp"
+
+#include <openssl/evp.h>
+
+#include <array>
+#include <numeric>
+#include <set>
+#include <stdexcept>
+
+namespace tpn {
+
+namespace {
+
+std::string sha256(const std::string& text) {
+  std::array<unsigned char, 32> digest{};
+  std::size_t length = 0;
+  if (EVP_Q_digest(nullptr, "SHA256", nullptr, text.data(), text.size(), digest.data(), &length) !=
+          1 ||
+      length != digest.size())
+    throw std::runtime_error("SHA-256 is not available");
+  std::string hexadecimal;
+  for (const unsigned char byte : digest) {
+    hexadecimal += "0123456789abcdef"[byte >> 4U];
+    hexadecimal += "0123456789abcdef"[byte & 15U];
+  }
+  return hexadecimal;
+}
+
+std::string meaning(const Transition& t) {
+  std::string text = std::to_string(t.interval.earliest) + " ";
+  text += t.interval.latest ? std::to_string(*t.interval.latest) : "-1";
+  for (const Move& move : t.moves)
+    text += " " + std::to_string(number(move.process)) + ":" + std::to_string(move.source) + ">" +
+            std::to_string(move.target);
+  return text + "\n";
+}
+
+std::string spotsOf(const Network& net, int proposition) {
+  std::string text;
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    for (const auto& [location, labels] : net.processes[p].labels)
+      if (labels.contains(proposition))
+        text += " " + std::to_string(number(p)) + "@" + std::to_string(location);
+  return text;
+}
+
+}  // namespace
+
+std::int64_t unitOfTime(const Network& net) {
+  std::int64_t unit = 0;
+  for (const Transition& t : net.transitions)
+    unit = std::gcd(unit, std::gcd(t.interval.earliest, t.interval.latest.value_or(0)));
+  return unit == 0 ? 1 : unit;
+}
+
+std::string networkMeaning(const Network& net) {
+  std::set<std::string> transitions;
+  for (const Transition& t : net.transitions) transitions.insert(meaning(t));
+  std::string text = "processes\n";
+  for (const Process& process : net.processes) {
+    for (const int location : process.locations) text += " " + std::to_string(location);
+    text += "\n";
+  }
+  text += "transitions\n";
+  for (const std::string& t : transitions) text += t;
+  return text;
+}
+
+std::string goalMeaning(const Network& net, const Goal& goal) {
+  if (goal.deadlock()) return "deadlock\n";
+  std::string text;
+  for (const PropertyItem& item : goal.property->items) {
+    constexpr std::array<const char*, 5> names{"true", "at", "not at", "and", "or"};
+    text += names.at(static_cast<std::size_t>(item.kind));
+    if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
+      text += spotsOf(net, item.number);
+    text += "\n";
+  }
+  return text;
+}
+
+Statement statement(const Network& net, const Goal& goal) {
+  return {sha256(networkMeaning(net)), sha256(goalMeaning(net, goal)), unitOfTime(net)};
+}
+
+}  // namespace tpn
