@@ -33,8 +33,7 @@ void prepare(int notes, pid_t parent) {
   setpgid(0, 0);
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (getppid() != parent) _exit(1);
-  std::signal(SIGINT, SIG_DFL);
-  std::signal(SIGTERM, SIG_DFL);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
   redirect("/dev/null", O_RDONLY, STDIN_FILENO);
   redirect("/dev/null", O_WRONLY, STDOUT_FILENO);
   if (dup2(notes, STDERR_FILENO) < 0) fail("standard error");
@@ -110,14 +109,13 @@ std::string Child::lastNote() const {
   return notes_.substr(first, last - first + 1);
 }
 
-void become(const std::vector<std::string>& command, const std::string& note,
-            const std::string& outFile, const std::string& errFile) {
+void become(const std::vector<std::string>& command, const std::string& outFile,
+            const std::string& errFile) {
   std::vector<std::string> words = command;
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
-  std::cerr << "\n" << note << std::endl;
   redirect(outFile, O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
   redirect(errFile, O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
   execv(arguments[0], arguments.data());

@@ -39,9 +39,9 @@ class Child {
   int signal_ = 0;
 };
 
-// In a child: writes `note` to the notes and becomes the program, its output in the files. Comes
-// back only as an exception.
-[[noreturn]] void become(const std::vector<std::string>& command, const std::string& note,
-                         const std::string& outFile, const std::string& errFile);
+// In a child: becomes the program, its output in the files. Comes back only as an exception; where
+// that is the child's end, there is a note.
+[[noreturn]] void become(const std::vector<std::string>& command, const std::string& outFile,
+                         const std::string& errFile);
 
 }  // namespace tpn

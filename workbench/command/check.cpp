@@ -11,12 +11,12 @@
 #include <csignal>
 #include <cstdio>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "workbench/base/printable.hpp"
 #include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/command/verdictoutput.hpp"
 #include "workbench/command/viewchoice.hpp"
 
 namespace tpn {
@@ -51,45 +51,24 @@ class ProgressLine {
 
 std::atomic<bool> stopped{false};
 
-const char* nameOf(Verdict::Answer answer) {
-  if (answer == Verdict::reachable) return "reachable";
-  return answer == Verdict::unreached ? "unreached" : "unknown";
-}
-
-// With the run in the view that was chosen.
-std::string verdictText(const Inputs& q, const Verdict& v, const RunView& view) {
-  const std::string steps = " (k = " + std::to_string(v.bound) + ")";
-  switch (v.answer) {
-    case Verdict::reachable:
-      return "reachable" + steps + "\n\n" + view.print(q.net, q.property, *v.run);
-    case Verdict::unreached:
-      return "no run of up to " + std::to_string(v.bound) + " steps reaches it" +
-             (v.reason.empty() ? "" : ": " + printable(v.reason)) + "\n";
-    default:
-      return "unknown: " + printable(v.reason) + "; " +
-             (v.bound > 0 ? "no run of up to " + std::to_string(v.bound) + " steps reaches it\n"
-                          : "no bound was completed\n");
-  }
-}
-
-std::string verdictJson(const Inputs& q, const Verdict& v) {
-  Json json{{"answer", nameOf(v.answer)}, {"bound", v.bound}};
-  if (!v.reason.empty()) json["reason"] = v.reason;
-  if (v.run) json["run"] = runJson(q.net, q.property, *v.run);
-  return jsonText(json);
-}
-
 int answer(const Arguments& a, const Inputs& q, const Verdict& v) {
-  print(a.views, q, v.run,
-        a.views.shows("json") ? verdictJson(q, v) : verdictText(q, v, a.views.shown()));
-  if (v.answer == Verdict::reachable) return yes;
-  return v.answer == Verdict::unreached ? no : done;
+  std::string text = a.views.shows("json") ? verdictJson(q, v) : headline(v);
+  if (v.run && !a.views.shows("json"))
+    text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
+  print(a.views, q, v.run, text);
+  return exitOf(v);
+}
+
+// Set by the signals that ask for an end. One that was ignored from the start, as under nohup,
+// stays so.
+void stopOnSignals() {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopped = true; });
 }
 
 // With its progress on the terminal, until a signal stops it.
 Verdict searched(const Inputs& q, const CheckOptions& options) {
-  std::signal(SIGINT, [](int) { stopped = true; });
-  std::signal(SIGTERM, [](int) { stopped = true; });
+  stopOnSignals();
   ProgressLine progress;
   try {
     Verdict verdict = check(q.net, q.property, options, stopped, std::ref(progress));

@@ -1,13 +1,13 @@
 // tpn trace: the run in a solver's answer to the file that zervan wrote.
 
-#include <memory>
-#include <nlohmann/json.hpp>
+#include "workbench/search/trace.hpp"
 
-#include "workbench/base/files.hpp"
+#include <memory>
+
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/command/verdictoutput.hpp"
 #include "workbench/command/viewchoice.hpp"
-#include "workbench/search/check.hpp"
 
 namespace tpn {
 
@@ -27,15 +27,13 @@ int trace(const Arguments& a) {
   a.views.addTo(plan);
   const std::optional<Inputs> q = inputsOf(a.files);
   if (!q) return failed;
-  const std::optional<Run> run =
+  const Verdict v =
       traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput));
-  if (!run) {
-    writeFile("-", a.views.shows("json") ? jsonText({{"answer", "unreached"}})
-                                         : "no run: unsatisfiable\n");
-    return no;
-  }
-  print(a.views, *q, run, a.views.shown().print(q->net, q->property, *run));
-  return yes;
+  std::string text = "no run: unsatisfiable\n";
+  if (v.run) text = a.views.shown().print(q->net, q->property, *v.run);
+  if (a.views.shows("json")) text = verdictJson(*q, v);
+  print(a.views, *q, v.run, text);
+  return exitOf(v);
 }
 
 Action declare(CLI::App& app) {

@@ -17,48 +17,51 @@ struct Decoded {
   std::vector<std::int64_t> clocks;
 };
 
-class Reader {
+// The core's state over variables 1, 2, ...: it knows where the bits of each part lie.
+class StateReader {
  public:
-  explicit Reader(const std::vector<bool>& bits) : bits_(bits) {}
+  explicit StateReader(const NetTimedModel& model)
+      : model_(model), variables_(model.genSymState(1)) {}
 
-  std::int64_t number(int width) {
-    std::int64_t n = 0;
-    for (int b = 0; b < width; ++b) n |= std::int64_t{bits_.at(next_++)} << b;
-    return n;
+  Decoded read(const std::vector<bool>& bits) const {
+    Decoded state;
+    for (std::size_t p = 1; p < model_.nrVertBits.size(); ++p)
+      state.locations.push_back(
+          number(bits, variables_.loc, model_.firstVertBit[p], model_.nrVertBits[p]));
+    const ClockVal& clocks = variables_.clocks;
+    for (int p = 1; p <= clocks.n; ++p)
+      state.clocks.push_back(number(bits, clocks.intPart(p), 0, clocks.intPLen) << clocks.frPLen |
+                             number(bits, clocks.frPart(p), 0, clocks.frPLen));
+    return state;
   }
 
  private:
-  const std::vector<bool>& bits_;
-  std::size_t next_ = 0;
-};
+  static std::int64_t number(const std::vector<bool>& bits, const BoolFormVect& variables, int from,
+                             int width) {
+    std::int64_t n = 0;
+    for (int b = 0; b < width; ++b) {
+      const auto variable = static_cast<std::size_t>(variables[from + b].nr);
+      n |= std::int64_t{bits.at(variable - 1)} << b;
+    }
+    return n;
+  }
 
-// docs/formats.md, The clause file, has the order.
-Decoded read(const NetTimedModel& model, const std::vector<bool>& bits) {
-  Reader reader(bits);
-  Decoded state;
-  for (std::size_t p = 1; p < model.nrVertBits.size(); ++p)
-    state.locations.push_back(reader.number(model.nrVertBits[p]));
-  reader.number(model.intPLen);  // the delay
-  for (int p = 0; p < model.nrOfClocks; ++p)
-    state.clocks.push_back(reader.number(model.intPLen) << model.frPLen);
-  reader.number(model.frPLen);  // the split value
-  reader.number(model.frPLen);  // the delay
-  for (std::int64_t& clock : state.clocks) clock += reader.number(model.frPLen);
-  return state;
-}
+  const NetTimedModel& model_;
+  SymState variables_;
+};
 
 class Decoder {
  public:
   Decoder(const Network& net, Layout layout, const NetTimedModel& model)
-      : net_(net), model_(model), codes_(net, layout), at_(initialLocations(net)) {}
+      : net_(net), model_(model), reader_(model), codes_(net, layout), at_(initialLocations(net)) {}
 
   const Locations& at() const { return at_; }
 
   // What fired between two states; moves on to the second.
   std::size_t fire(const std::vector<bool>& before, const std::vector<bool>& after) {
     ++count_;
-    const Decoded from = read(model_, before);
-    const Decoded to = read(model_, after);
+    const Decoded from = reader_.read(before);
+    const Decoded to = reader_.read(after);
     const std::vector<bool> changed = changes(from, to);
     const auto count = std::count(changed.begin(), changed.end(), true);
     for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
@@ -97,8 +100,8 @@ class Decoder {
     const auto clock = [&](const Move& a, const Move& b) {
       return from.clocks[a.process] < from.clocks[b.process];
     };
-    const Move& youngest = *std::min_element(t.moves.begin(), t.moves.end(), clock);
-    const std::int64_t least = from.clocks[youngest.process];
+    const Move& resetLast = *std::min_element(t.moves.begin(), t.moves.end(), clock);
+    const std::int64_t least = from.clocks[resetLast.process];
     return least >= t.interval.earliest << model_.frPLen &&
            (!t.interval.latest || least <= *t.interval.latest << model_.frPLen);
   }
@@ -111,12 +114,20 @@ class Decoder {
 
   const Network& net_;
   const NetTimedModel& model_;
+  StateReader reader_;
   LocationCodes codes_;
   Locations at_;
   int count_ = 0;
 };
 
 }  // namespace
+
+std::vector<int> firstVariables(const NetTimedModel& model, int k) {
+  std::vector<int> firsts;
+  for (std::int64_t i = 0; i <= k; ++i)
+    firsts.push_back(static_cast<int>(1 + i * model.getSymStateLen()));
+  return firsts;
+}
 
 Run decode(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
            const PathBits& path) {

@@ -26,6 +26,22 @@ struct NoRun : std::runtime_error {
 // [i][j]: variable j of state i, both from 0. Steps rotate as ever: time, action, adjust.
 using PathBits = std::vector<std::vector<bool>>;
 
+// The path whose states have the variables firsts[i] .. firsts[i] + length - 1, in a model that
+// says by value(variable) what is true.
+template <class Value>
+PathBits pathBits(const std::vector<int>& firsts, int length, Value value) {
+  PathBits path;
+  path.reserve(firsts.size());
+  for (const int first : firsts) {
+    std::vector<bool>& state = path.emplace_back();
+    for (int j = 0; j < length; ++j) state.push_back(value(first + j));
+  }
+  return path;
+}
+
+// Where the k + 1 states of a clause file begin.
+std::vector<int> firstVariables(const NetTimedModel& model, int k);
+
 // The run; its goal is the first state with the property. Throws NoRun.
 Run decode(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
            const PathBits& path);

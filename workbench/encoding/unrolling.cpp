@@ -1,6 +1,5 @@
 #include "workbench/encoding/unrolling.hpp"
 
-#include <cadical.hpp>
 #include <cassert>
 #include <cstdlib>
 #include <utility>
@@ -21,13 +20,27 @@ SymState wholeState(const NetTimedModel& model, int i) {
   return s;
 }
 
+// Their places within a state, from 0.
+std::vector<int> fractionVariables(const NetTimedModel& model) {
+  const SymState s = model.genSymState(1);
+  std::vector<int> places;
+  const auto take = [&](const BoolFormVect& fraction) {
+    for (const BoolForm& bit : fraction.bits) places.push_back(bit.nr - 1);
+  };
+  take(s.clocks.frSplit);
+  for (const BoolFormVect& fraction : s.clocks.frParts) take(fraction);
+  return places;
+}
+
 }  // namespace
 
-Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver, Checkpoint checkpoint)
-    : solver_(solver),
+Unrolling::Unrolling(const NetTimedModel& model, LiteralSink sink, Checkpoint checkpoint,
+                     long mostVariables)
+    : sink_(std::move(sink)),
       checkpoint_(std::move(checkpoint)),
+      mostVariables_(mostVariables),
       stateLength_(static_cast<int>(model.getSymStateLen())),
-      firstFraction_(model.totalNrVertBits + (model.nrOfClocks + 1) * model.intPLen) {
+      fractions_(fractionVariables(model)) {
   BoolForm::emptyStore();
   const int variables = statesInPattern * stateLength_;
   assert(variables < varNrLimit);
@@ -50,10 +63,10 @@ Unrolling::Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver, Checkp
 }
 
 void Unrolling::add(int a, int b, int c) {
-  solver_.add(a);
-  if (b != 0) solver_.add(b);
-  if (c != 0) solver_.add(c);
-  solver_.add(0);
+  sink_(a);
+  if (b != 0) sink_(b);
+  if (c != 0) sink_(c);
+  sink_(0);
   ++clauses_;
 }
 
@@ -61,7 +74,7 @@ int Unrolling::newState() {
   states_.push_back(static_cast<int>(variables_) + 1);
   variables_ += stateLength_;
   // The formulas know these as constants.
-  for (int j = firstFraction_; j < stateLength_; ++j) add(-(states_.back() + j));
+  for (const int j : fractions_) add(-(states_.back() + j));
   return states_.back();
 }
 
@@ -79,7 +92,13 @@ void Unrolling::define(const Pattern::Node& node) {
   ::define(node.op, l, r, n, [this](int a, int b, int c) { add(a, b, c); });
 }
 
+long Unrolling::variablesOfRotation() const {
+  const Pattern& pattern = patterns_[states_.empty() ? 0 : 1];
+  return long{statesInPattern - 1} * stateLength_ + static_cast<long>(pattern.nodes.size());
+}
+
 int Unrolling::extend() {
+  if (variables_ + variablesOfRotation() > mostVariables_) throw PathTooLong();
   const bool isFirst = states_.empty();
   const Pattern& pattern = patterns_[isFirst ? 0 : 1];
   instance_.assign(1, 0);

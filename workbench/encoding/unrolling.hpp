@@ -15,25 +15,35 @@
 
 #pragma once
 
+#include <functional>
+#include <stdexcept>
 #include <vector>
 
 #include "model/tpnmodel.hpp"
 #include "workbench/encoding/pattern.hpp"
 
-namespace CaDiCaL {
-class Solver;
-}
-
 namespace tpn {
+
+// Takes clauses literal by literal, as in DIMACS; 0 ends a clause.
+using LiteralSink = std::function<void(int literal)>;
+
+// The path has become too long for the solver's variable numbers.
+struct PathTooLong : std::length_error {
+  PathTooLong() : std::length_error("no solver has more variables") {}
+};
 
 class Unrolling {
  public:
-  // Empties the process-wide formula store, before and after. Model and solver are borrowed. Where
-  // the checkpoint throws, here or in `extend`, the solver is left with clauses that mean nothing.
-  Unrolling(const NetTimedModel& model, CaDiCaL::Solver& solver, Checkpoint checkpoint = {});
+  // Near what the 32-bit numbers of solvers can name.
+  static constexpr long mostSolverVariables = 2000000000;
+
+  // Empties the process-wide formula store, before and after. The model is needed here only. Where
+  // the checkpoint throws, here or in `extend`, the sink is left with clauses that mean nothing.
+  Unrolling(const NetTimedModel& model, LiteralSink sink, Checkpoint checkpoint = {},
+            long mostVariables = mostSolverVariables);
 
   // One action more: adds the clauses of a rotation. Returns the literal that says that the last
-  // state has the property.
+  // state has the property. Throws PathTooLong before it gives any clause.
   int extend();
 
   // The first variable of each path state so far; those of a state follow one another.
@@ -45,14 +55,16 @@ class Unrolling {
  private:
   void add(int a, int b = 0, int c = 0);
   int newState();
+  long variablesOfRotation() const;
   int literal(int operand) const;
   void define(const Pattern::Node& node);
 
-  CaDiCaL::Solver& solver_;
+  LiteralSink sink_;
   Checkpoint checkpoint_;
+  long mostVariables_;
   int stateLength_;
-  int firstFraction_;  // within a state: the split value and fractional parts are its end
-  int yes_ = 0;        // a variable that holds: stands for the constants
+  std::vector<int> fractions_;     // the variables of fractions within a state, from 0
+  int yes_ = 0;                    // a variable that holds: stands for the constants
   std::vector<Pattern> patterns_;  // the first rotation's and all others'; the property comes last
   std::vector<int> states_;
   std::vector<int> instance_;  // [variable or node of the pattern]: its variable, while writing

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/machine/machine.hpp"
 #include "workbench/network/property.hpp"
 
@@ -41,6 +42,7 @@ bool respects(const Exchange& exchange, const Network& net, const Machine& machi
 // respects permute each in every way, and leave those of earlier classes in place. Not all that
 // there are: it looks no longer than it pays.
 std::vector<std::vector<std::size_t>> interchangeable(const Network& net, const Machine& machine,
-                                                      const Property* property);
+                                                      const Property* property,
+                                                      const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

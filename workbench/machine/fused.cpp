@@ -27,7 +27,7 @@ FusedRuns::FusedRuns(const Machine& machine, Solver& solver, std::int64_t unaryL
       sink_(solver),
       clocks_(machine_, layout_, sink_) {}
 
-bool FusedRuns::extend(const std::function<bool()>& over) {
+void FusedRuns::extend(const Checkpoint& checkpoint) {
   const bool first = states_.empty();
   if (!first) selectors_.push_back(sink_.fresh(static_cast<int>(machine_.transitions.size())));
   addState();
@@ -37,18 +37,17 @@ bool FusedRuns::extend(const std::function<bool()>& over) {
   } else {
     for (std::size_t t = 0; t < machine_.transitions.size(); ++t) {
       addEffect(t);
-      if (t % 4096 == 0 && over()) return false;
+      checkpoint.at(t);
     }
     selectOne();
     for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
       addFrame(p);
       if (layout_.width(p) > 0 || !everMoved_.empty()) moved[p] = movedIn(p);
-      if (p % 64 == 0 && over()) return false;
+      checkpoint();
     }
     order(moved);
   }
   clocks_.extend(states_.back(), moved);
-  return true;
 }
 
 void FusedRuns::addState() {

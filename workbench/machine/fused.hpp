@@ -13,9 +13,9 @@
 
 #pragma once
 
-#include <functional>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/machine/clocks.hpp"
 #include "workbench/machine/goal.hpp"
 #include "workbench/machine/sink.hpp"
@@ -33,9 +33,9 @@ class FusedRuns {
 
   const StateLayout& layout() const { return layout_; }
 
-  // One more state, at first the initial one; all runs that there are lead to it. False where
-  // `over`, asked now and then, said so: the solver is of no more use then.
-  bool extend(const std::function<bool()>& over);
+  // One more state, at first the initial one; all runs that there are lead to it. Where the
+  // checkpoint throws, the solver is of no more use.
+  void extend(const Checkpoint& checkpoint);
 
   // The literal of a formula of layout() about the last state.
   int inLast(const StateFormula& formula);

@@ -120,8 +120,9 @@ class Judge {
 // Exchanges of neighbours among processes that look alike, until one fails.
 class Classes {
  public:
-  Classes(const Network& net, const Machine& machine, const Property* property)
-      : machine_(machine) {
+  Classes(const Network& net, const Machine& machine, const Property* property,
+          const Checkpoint& checkpoint)
+      : machine_(machine), checkpoint_(checkpoint) {
     if (property != nullptr) judge_.emplace(net, machine, *property);
   }
 
@@ -144,6 +145,7 @@ class Classes {
   // The newest member and the next one, no other member, and none of an earlier class.
   bool exchanges(const std::vector<std::size_t>& members, std::size_t next) {
     if (!alike(machine_.processes[members.back()], machine_.processes[next])) return false;
+    checkpoint_();
     const auto found = exchange(machine_, members.back(), next);
     if (!found || (judge_ && !judge_->respected(*found))) {
       --patience_;
@@ -158,6 +160,7 @@ class Classes {
   }
 
   const Machine& machine_;
+  const Checkpoint& checkpoint_;
   std::optional<Judge> judge_;
   int patience_ = 1000;  // with processes that look alike and cannot be exchanged
   std::set<std::size_t> fixed_;
@@ -172,12 +175,13 @@ bool respects(const Exchange& exchange, const Network& net, const Machine& machi
 }
 
 std::vector<std::vector<std::size_t>> interchangeable(const Network& net, const Machine& machine,
-                                                      const Property* property) {
+                                                      const Property* property,
+                                                      const Checkpoint& checkpoint) {
   // The property is put in form again for each exchange: with hundreds of processes and all pairs
   // of them in a property that would take longer than the search.
   constexpr std::size_t most = 20'000'000;
   if (property != nullptr && property->items.size() * machine.processes.size() > most) return {};
-  return Classes(net, machine, property).all();
+  return Classes(net, machine, property, checkpoint).all();
 }
 
 }  // namespace tpn

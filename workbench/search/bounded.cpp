@@ -1,11 +1,11 @@
 #include "workbench/search/bounded.hpp"
 
 #include <bit>
-#include <stdexcept>
+#include <memory>
 
 #include "workbench/machine/exchange.hpp"
 #include "workbench/machine/fused.hpp"
-#include "workbench/runs/deadend.hpp"
+#include "workbench/search/foundrun.hpp"
 
 namespace tpn {
 
@@ -16,21 +16,23 @@ constexpr std::int64_t mostVariables = 2'000'000'000;
 
 class BoundedSearch {
  public:
-  BoundedSearch(const Network& net, const Property* property, const BoundedOptions& options,
+  BoundedSearch(const Network& net, const Goal& goal, const BoundedOptions& options,
                 const std::function<bool()>& over,
                 const std::function<void(const BoundedProgress&)>& report)
       : net_(net),
-        property_(property),
+        goal_(goal),
         options_(options),
         over_(over),
         report_(report),
         machine_(makeMachine(net)),
         solver_(makeCadical(Use::longSearches)),
         runs_(machine_, *solver_, options.unaryLimit),
-        goal_(property != nullptr ? propertyFormula(net, machine_, runs_.layout(), *property)
-                                  : deadEndFormula(machine_, runs_.layout())) {
+        formula_(goal.deadlock() ? deadEndFormula(machine_, runs_.layout())
+                                 : propertyFormula(net, machine_, runs_.layout(), *goal.property)) {
     solver_->stop(over_);
-    if (options.symmetry) runs_.keepOrder(interchangeable(net, machine_, property));
+    if (options.symmetry)
+      runs_.keepOrder(interchangeable(net, machine_, goal.property ? &*goal.property : nullptr,
+                                      Checkpoint(over_)));
   }
 
   BoundedVerdict run() {
@@ -38,7 +40,7 @@ class BoundedSearch {
       if (options_.maxTransitions && length > *options_.maxTransitions)
         return {BoundedVerdict::exhausted, {}, length - 1, ""};
       if (tooLarge()) return {BoundedVerdict::undecided, {}, length - 1, full};
-      const Outcome outcome = runs_.extend(over_) ? ask(length) : gaveUp;
+      const Outcome outcome = extended() ? ask(length) : gaveUp;
       if (outcome == found) return {BoundedVerdict::reached, replayed(), length - 1, ""};
       if (outcome == stuck) return {BoundedVerdict::stuck, {}, length, ""};
       if (outcome == gaveUp) return {BoundedVerdict::undecided, {}, length - 1, ""};
@@ -55,9 +57,18 @@ class BoundedSearch {
     return runs_.variables() / steps > mostVariables - runs_.variables();
   }
 
+  bool extended() {
+    try {
+      runs_.extend(Checkpoint(over_));
+      return true;
+    } catch (const Interrupted&) {
+      return false;
+    }
+  }
+
   Outcome ask(int length) {
-    const int goal = runs_.inLast(goal_);
-    report_({length, runs_.variables(), runs_.clauses()});
+    const int goal = runs_.inLast(formula_);
+    if (report_) report_({length, runs_.variables(), runs_.clauses()});
     if (over_()) return gaveUp;
     solver_->assume(goal);
     const Solver::Result result = solver_->solve();
@@ -81,33 +92,22 @@ class BoundedSearch {
   }
 
   Run replayed() const {
-    const std::vector<std::size_t> transitions = runs_.transitions();
-    auto run = schedule(net_, transitions, transitions.size());
-    if (!run) throw std::runtime_error("the run that was found has no schedule");
     // Where time decides on dead ends, firing as early as can be need not lead to one.
-    if (property_ == nullptr && hasHopeless(machine_)) delayAsFound(*run);
-    const std::string complaint = property_ != nullptr ? replay(net_, *property_, *run).complaint
-                                                       : replayToDeadEnd(net_, *run).complaint;
-    if (!complaint.empty())
-      throw std::runtime_error("the run that was found does not replay: " + complaint);
-    return *run;
-  }
-
-  void delayAsFound(Run& run) const {
-    const std::vector<std::int64_t> delays = runs_.delays();
-    for (std::size_t i = 0; i < run.steps.size(); ++i)
-      run.steps[i].delay = Rational(delays[i] * machine_.unit);
+    std::vector<std::int64_t> delays;
+    if (goal_.deadlock() && hasHopeless(machine_)) delays = runs_.delays();
+    for (std::int64_t& delay : delays) delay *= machine_.unit;
+    return foundRun(net_, goal_, runs_.transitions(), delays);
   }
 
   const Network& net_;
-  const Property* property_;
+  const Goal& goal_;
   BoundedOptions options_;
   std::function<bool()> over_;
   std::function<void(const BoundedProgress&)> report_;
   Machine machine_;
   std::unique_ptr<Solver> solver_;
   FusedRuns runs_;
-  StateFormula goal_;
+  StateFormula formula_;
 };
 
 }  // namespace
@@ -115,7 +115,11 @@ class BoundedSearch {
 BoundedVerdict searchBounded(const Network& net, const Property* property,
                              const BoundedOptions& options, const std::function<bool()>& over,
                              const std::function<void(const BoundedProgress&)>& report) {
-  return BoundedSearch(net, property, options, over, report).run();
+  try {
+    return BoundedSearch(net, goal, options, over, report).run();
+  } catch (const Interrupted&) {
+    return {};
+  }
 }
 
 }  // namespace tpn

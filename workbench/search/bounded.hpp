@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "workbench/machine/machine.hpp"
-#include "workbench/network/property.hpp"
+#include "workbench/network/goal.hpp"
+#include "workbench/network/network.hpp"
 #include "workbench/runs/run.hpp"
 
 namespace tpn {
@@ -38,11 +38,10 @@ struct BoundedVerdict {
   std::string reason;      // undecided: one line; empty where `over` ended it
 };
 
-// Looks for a state with the property, or for a dead end where there is none. `over` is asked
-// often, also while clauses are made. Throws std::runtime_error with one line where a run that the
-// solver found does not replay.
-BoundedVerdict searchBounded(const Network& net, const Property* property,
-                             const BoundedOptions& options, const std::function<bool()>& over,
+// `over` is asked often, also while clauses are made. Throws std::runtime_error with one line where
+// a run that the solver found does not replay.
+BoundedVerdict searchBounded(const Network& net, const Goal& goal, const BoundedOptions& options,
+                             const std::function<bool()>& over,
                              const std::function<void(const BoundedProgress&)>& report);
 
 }  // namespace tpn

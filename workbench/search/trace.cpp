@@ -1,30 +1,33 @@
-// From a solver's answer to a clause file of the core to a run.
+#include "workbench/search/trace.hpp"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "translation/reachtran.hpp"
 #include "workbench/encoding/decode.hpp"
 #include "workbench/encoding/encode.hpp"
 #include "workbench/encoding/pattern.hpp"
-#include "workbench/search/check.hpp"
 #include "workbench/solvers/answer.hpp"
 
 namespace tpn {
 
 namespace {
 
-// What a variable map says that a network does not.
+// What a variable map says.
 struct Map {
   std::vector<int> locationBits;
+  int clocks = 0;
   int integerBits = 0;
   int fractionBits = 0;
   int length = 0;
   int highestVariable = 0;  // 0: the property is false everywhere
   int transitions = 0;
+  int invariantTerms = 0;  // a signed 32-bit number that has wrapped where there are too many
 };
 
 [[noreturn]] void badMap(int line) {
@@ -35,7 +38,7 @@ int mapNumber(const std::string& word, int line) {
   int n = 0;
   const char* const end = word.data() + word.size();
   const auto [next, failure] = std::from_chars(word.data(), end, n);
-  if (failure != std::errc() || next != end || n < 0) badMap(line);
+  if (failure != std::errc() || next != end) badMap(line);
   return n;
 }
 
@@ -57,27 +60,33 @@ MapLines mapLines(const std::string& text) {
 }
 
 Map readMap(const std::string& text) {
+  constexpr std::array<std::size_t, 6> counts{1, 0, 3, 1, 1, 2};
   const MapLines lines = mapLines(text);
-  for (const std::size_t i : {0U, 3U, 4U})
-    if (lines[i].size() != 1) badMap(static_cast<int>(i) + 1);
-  if (lines[1].size() != static_cast<std::size_t>(lines[0][0])) badMap(2);
-  if (lines[2].size() != 3) badMap(3);
-  if (lines[5].size() != 2) badMap(6);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::size_t count = i == 1 ? static_cast<std::size_t>(lines[0][0]) : counts[i];
+    const auto negative =
+        std::count_if(lines[i].begin(), lines[i].end(), [](int n) { return n < 0; });
+    const bool mayWrap = i == 5 && negative == 1 && lines[i].back() < 0;
+    if (lines[i].size() != count || (negative > 0 && !mayWrap)) badMap(static_cast<int>(i) + 1);
+  }
   if (lines[3][0] < 1) badMap(4);
-  return {lines[1], lines[2][1], lines[2][2], lines[3][0], lines[4][0], lines[5][0]};
+  return {lines[1],    lines[2][0], lines[2][1], lines[2][2],
+          lines[3][0], lines[4][0], lines[5][0], lines[5][1]};
 }
 
 bool fits(const Map& map, const NetTimedModel& model) {
   return std::equal(map.locationBits.begin(), map.locationBits.end(), model.nrVertBits.begin() + 1,
                     model.nrVertBits.end()) &&
-         map.integerBits == model.intPLen && map.fractionBits == model.frPLen &&
-         map.transitions == model.nrOfTrans;
+         map.clocks == model.nrOfClocks && map.integerBits == model.intPLen &&
+         map.fractionBits == model.frPLen && map.transitions == model.nrOfTrans;
 }
 
 // The formulas of a path over two states: what step i mod 3 asks, the initial state, the property.
 class PathCheck {
  public:
-  explicit PathCheck(const NetTimedModel& model) : pattern_(build(model)) {}
+  // Of paths of that length. One step is no action: such a path can be of a network whose actions
+  // cannot be written down, their earliest times beyond the clocks' range.
+  PathCheck(const NetTimedModel& model, int length) : pattern_(build(model, length)) {}
 
   // What is wrong with the path, or empty.
   std::string violation(const PathBits& path) const {
@@ -98,15 +107,17 @@ class PathCheck {
   static constexpr std::array<const char*, 3> kinds{"time passes", "a transition fires",
                                                     "clocks are adjusted"};
 
-  static Pattern build(const NetTimedModel& model) {
+  static Pattern build(const NetTimedModel& model, int k) {
     BoolForm::emptyStore();
     const auto length = static_cast<int>(model.getSymStateLen());
     const SymState from = model.genSymState(1);
     const SymState to = model.genSymState(1 + length);
-    const std::vector<BoolForm> roots{model.timeSucc(from, to), model.actionSucc(from, to),
-                                      model.adjustSucc(from, to), model.fI(0, from),
-                                      EctlTransl(model, 1).transl(*model.formula, 0)};
-    Pattern result(2 * length, roots);
+    const BoolForm timePasses = model.timeSucc(from, to);
+    const BoolForm fires = k > 1 ? model.actionSucc(from, to) : BoolForm(false);
+    const BoolForm adjusts = model.adjustSucc(from, to);
+    const BoolForm begins = model.fI(0, from);
+    const BoolForm holds = EctlTransl(model, 1).transl(*model.formula, 0);
+    Pattern result(2 * length, {timePasses, fires, adjusts, begins, holds});
     BoolForm::emptyStore();
     return result;
   }
@@ -121,66 +132,113 @@ class PathCheck {
   Pattern pattern_;
 };
 
-struct Values {
-  PathBits path;
-  std::size_t missing = 0;  // the first variable that is left out, 0 where none is
+// The invariant terms of all steps of a path: those of the target state, of time and action steps.
+int invariantTerms(const NetTimedModel& model, int k) {
+  BoolForm::emptyStore();
+  model.nrInvTerms = 0;
+  model.invariant(model.genSymState(1));
+  BoolForm::emptyStore();
+  const std::int64_t steps = (std::int64_t{k} + 2) / 3 + (std::int64_t{k} + 1) / 3;
+  return static_cast<int>(static_cast<unsigned>(steps) * static_cast<unsigned>(model.nrInvTerms));
+}
+
+// The network, laid out in one of the two ways, as the map describes it.
+class TracedPath {
+ public:
+  TracedPath(const Network& net, const Property& property, Layout layout, const Map& map)
+      : net_(net), property_(property), layout_(layout), map_(map) {
+    encode(net, property, layout, model_);
+  }
+
+  // Can the map be this network's?
+  bool fits() const {
+    return tpn::fits(map_, model_) && writable() && variables() >= map_.highestVariable &&
+           variables() < varNrLimit && map_.invariantTerms == invariantTerms(model_, map_.length);
+  }
+
+  // The run in the answer. Throws NoRun.
+  Run run(const SolverAnswer& answer) const {
+    int missing = 0;  // the first variable that is left out, 0 where none is
+    const auto value = [&](int variable) {
+      const int said = answer.value(static_cast<std::size_t>(variable));
+      const bool occurs = variable <= map_.highestVariable;
+      if (said == 0 && occurs && missing == 0) missing = variable;
+      return said > 0 && occurs;
+    };
+    const PathBits path = pathBits(firstVariables(model_, map_.length),
+                                   static_cast<int>(model_.getSymStateLen()), value);
+    std::string wrong = PathCheck(model_, map_.length).violation(path);
+    try {
+      if (wrong.empty()) return decode(net_, property_, layout_, model_, path);
+    } catch (const NoRun& e) {
+      wrong = e.what();
+    }
+    if (missing != 0) wrong += "; variable " + std::to_string(missing) + " is left out";
+    throw NoRun("the answer is no run of this network to this property: " + wrong);
+  }
+
+ private:
+  // The core writes no file where an action's earliest time is beyond the range of the clocks; a
+  // path of one step has no action.
+  bool writable() const {
+    return map_.length == 1 ||
+           std::all_of(net_.transitions.begin(), net_.transitions.end(), [&](const Transition& t) {
+             return t.interval.earliest < std::int64_t{1} << model_.intPLen;
+           });
+  }
+  std::int64_t variables() const {
+    return (std::int64_t{map_.length} + 1) * model_.getSymStateLen();
+  }
+
+  const Network& net_;
+  const Property& property_;
+  Layout layout_;
+  const Map& map_;
+  NetTimedModel model_;
 };
 
-Values valuesOf(const Map& map, const NetTimedModel& model, const SolverAnswer& answer) {
-  const auto length = static_cast<std::size_t>(model.getSymStateLen());
-  Values values{PathBits(static_cast<std::size_t>(map.length) + 1), 0};
-  std::size_t variable = 0;
-  for (std::vector<bool>& state : values.path)
-    for (std::size_t j = 0; j < length; ++j) {
-      const int value = answer.value(++variable);
-      const bool occurs = variable <= static_cast<std::size_t>(map.highestVariable);
-      if (value == 0 && occurs && values.missing == 0) values.missing = variable;
-      state.push_back(value > 0 && occurs);
-    }
-  return values;
+Verdict foundIn(Run run, int length) {
+  Verdict v;
+  v.answer = Verdict::reachable;
+  v.bound = length;
+  v.run = std::move(run);
+  return v;
 }
 
-Run runIn(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
-          const Map& map, const SolverAnswer& answer) {
-  const Values values = valuesOf(map, model, answer);
-  std::string wrong = PathCheck(model).violation(values.path);
-  try {
-    if (wrong.empty()) return decode(net, property, layout, model, values.path);
-  } catch (const NoRun& e) {
-    wrong = e.what();
-  }
-  if (values.missing != 0) wrong += "; variable " + std::to_string(values.missing) + " is left out";
-  throw std::runtime_error("the answer is no run of this network to this property: " + wrong);
-}
-
-// The core's sums would not hold the earliest times of this network: it writes no file then.
-bool writable(const Network& net, const NetTimedModel& model) {
-  return std::all_of(net.transitions.begin(), net.transitions.end(), [&](const Transition& t) {
-    return t.interval.earliest < std::int64_t{1} << model.intPLen;
-  });
+Verdict noneIn(int length) {
+  Verdict v;
+  v.answer = Verdict::unreached;
+  v.reason =
+      "the answer is about runs of " + std::to_string(length) + " steps, not about shorter ones";
+  return v;
 }
 
 }  // namespace
 
-std::optional<Run> traced(const Network& net, const Property& property, const std::string& map,
-                          const std::string& answer) {
-  const Map layout = readMap(map);
+// Both layouts may fit the map, as it has no location numbers. What the bits mean as a run tells
+// them apart, and where they are a run in both, each is one of the network.
+Verdict traced(const Network& net, const Property& property, const std::string& map,
+               const std::string& answer) {
+  const Map of = readMap(map);
   const SolverAnswer said = readAnswer(answer);
-  for (const Layout kind : {Layout::core, Layout::workbench}) {
-    NetTimedModel model;
-    encode(net, property, kind, model);
-    if (!fits(layout, model) || !writable(net, model)) continue;
-    const std::int64_t variables = (std::int64_t{layout.length} + 1) * model.getSymStateLen();
-    if (variables < layout.highestVariable || variables >= varNrLimit) break;
-    if (said.status == SolverAnswer::unsatisfiable) return std::nullopt;
+  std::optional<NoRun> complaint;
+  for (const Layout layout : {Layout::core, Layout::workbench}) {
+    const TracedPath path(net, property, layout, of);
+    if (!path.fits()) continue;
+    if (said.status == SolverAnswer::unsatisfiable) return noneIn(of.length);
     if (said.status == SolverAnswer::unknown)
       throw std::runtime_error("the solver gave up: this is no answer");
-    if (layout.highestVariable == 0)
+    if (of.highestVariable == 0)
       throw std::runtime_error(
           "the answer is to another question: the clauses of this map are "
           "plainly unsatisfiable");
-    return runIn(net, property, kind, model, layout, said);
+    try {
+      return foundIn(path.run(said), of.length);
+    } catch (const NoRun& e) {
+      if (!complaint) complaint = e;
+    }
   }
+  if (complaint) throw NoRun(*complaint);
   throw std::runtime_error("the variable map is of another network");
 }
 

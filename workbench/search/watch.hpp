@@ -1,23 +1,36 @@
-// What ends a check before its answer, and what it says on the way.
+// What ends a search before its answer, and what it says on the way.
 
 #pragma once
 
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
-#include "workbench/search/check.hpp"
-
 namespace tpn {
+
+struct Progress {
+  int bound = 0;  // the k being asked
+  long variables = 0;
+  long clauses = 0;
+  long conflicts = -1;   // -1: unknown
+  double seconds = 0;    // since the check began
+  int transitions = -1;  // the length being asked by the bounded search; -1: it does not run
+  long frame = -1;       // the prover's; -1: it does not run
+  long learnt = 0;       // clauses of the prover
+  long obligations = 0;
+};
 
 class Watch {
  public:
   using Clock = std::chrono::steady_clock;
+  using Report = std::function<void(const Progress&)>;
 
-  Watch(const CheckOptions& options, const std::atomic<bool>& stop,
-        const std::function<void(const Progress&)>& report)
-      : timeout_(options.timeout), stop_(stop), report_(report) {}
+  // `stop` and `report` are borrowed; no timeout, or an empty report, is none.
+  Watch(std::optional<std::chrono::milliseconds> timeout, const std::atomic<bool>& stop,
+        const Report& report)
+      : timeout_(timeout), stop_(stop), report_(report) {}
 
   bool over() const { return stop_ || (timeout_ && Clock::now() - start_ >= *timeout_); }
 
@@ -39,16 +52,7 @@ class Watch {
   Clock::time_point last_ = start_;
   std::optional<std::chrono::milliseconds> timeout_;
   const std::atomic<bool>& stop_;
-  const std::function<void(const Progress&)>& report_;
+  const Report& report_;
 };
-
-// The bounds that are asked: 1, 2, 5, 8, ... The first is about the initial state, each other one
-// ends an action.
-constexpr int boundAfter(int k) { return k < 2 ? k + 1 : k + 3; }
-
-// For the end of a message: what was completed before something failed.
-inline std::string knownUpTo(int k) {
-  return k == 0 ? "" : "; no run of up to " + std::to_string(k) + " steps reaches it";
-}
 
 }  // namespace tpn

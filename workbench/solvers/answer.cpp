@@ -110,4 +110,18 @@ class AnswerReader {
 
 SolverAnswer readAnswer(const std::string& text) { return AnswerReader().read(text); }
 
+std::string answerText(const std::vector<std::vector<bool>>& values) {
+  std::string text = "s SATISFIABLE\n";
+  int variable = 0;
+  for (const std::vector<bool>& line : values) {
+    text += "v";
+    for (const bool value : line) {
+      text += value ? " " : " -";
+      text += std::to_string(++variable);
+    }
+    text += "\n";
+  }
+  return text + "v 0\n";
+}
+
 }  // namespace tpn

@@ -18,4 +18,7 @@ struct SolverAnswer {
 // Throws std::runtime_error, one line, where the text is no complete answer.
 SolverAnswer readAnswer(const std::string& text);
 
+// The answer in which variables 1, 2, ... have these values; readAnswer's inverse.
+std::string answerText(const std::vector<std::vector<bool>>& values);
+
 }  // namespace tpn

@@ -1,6 +1,12 @@
 // CaDiCaL behind the interface. Its names are used here and nowhere else.
+//
+// Where its memory runs out, it is in the middle of something, and nothing but a call to it tells
+// that it can no longer be used: it aborts the process then, from its destructor, too. So it is
+// left alone from the first exception on, its memory included.
 
 #include <cadical.hpp>
+#include <cstdlib>
+#include <new>
 #include <utility>
 
 #include "workbench/solvers/solver.hpp"
@@ -9,40 +15,89 @@ namespace tpn {
 
 namespace {
 
-class Cadical final : public Solver, private CaDiCaL::Terminator {
+class Cadical final : public Solver, private CaDiCaL::Terminator, private CaDiCaL::Learner {
  public:
-  explicit Cadical(Use use) {
-    solver_.set("quiet", 1);  // it would print a comment on standard output now and then
+  Cadical(Use use, std::function<void()> learnt)
+      : solver_(std::make_unique<CaDiCaL::Solver>()), learnt_(std::move(learnt)) {
+    solver_->set("quiet", 1);  // it would print a comment on standard output now and then
     if (use == Use::manyShortSearches) {
-      for (const char* const option : {"inprocessing", "lucky", "walk"}) solver_.set(option, 0);
+      for (const char* const option : {"inprocessing", "lucky", "walk"}) solver_->set(option, 0);
     }
+    if (learnt_) solver_->connect_learner(this);
   }
 
-  void add(int literal) override { solver_.add(literal); }
-  void assume(int literal) override { solver_.assume(literal); }
+  ~Cadical() override {
+    if (solver_ == nullptr) return;
+    if (learnt_) solver_->disconnect_learner();
+    if (stop_) solver_->disconnect_terminator();
+  }
+  Cadical(const Cadical&) = delete;
+  Cadical& operator=(const Cadical&) = delete;
+
+  void add(int literal) override {
+    call([&] { solver_->add(literal); });
+  }
+  void assume(int literal) override {
+    call([&] { solver_->assume(literal); });
+  }
   Result solve() override {
-    const int result = solver_.solve();
+    int result = 0;
+    call([&] { result = solver_->solve(); });
     if (result == 10) return Result::satisfiable;
     return result == 20 ? Result::unsatisfiable : Result::undecided;
   }
-  bool value(int literal) override { return (solver_.val(literal) > 0) == (literal > 0); }
-  bool failed(int literal) override { return solver_.failed(literal); }
-  void limit(int conflicts) override { solver_.limit("conflicts", conflicts); }
+  bool value(int literal) override {
+    // Of the variable: what the sign of a negative literal's value means differs between releases.
+    int value = 0;
+    call([&] { value = solver_->val(std::abs(literal)); });
+    return (value > 0) == (literal > 0);
+  }
+  bool failed(int literal) override {
+    bool failed = false;
+    call([&] { failed = solver_->failed(literal); });
+    return failed;
+  }
+  void limit(int conflicts) override {
+    call([&] { solver_->limit("conflicts", conflicts); });
+  }
   void stop(const std::function<bool()>& whether) override {
     stop_ = whether;
-    if (stop_) solver_.connect_terminator(this);
-    if (!stop_) solver_.disconnect_terminator();
+    call([&] {
+      if (stop_)
+        solver_->connect_terminator(this);
+      else
+        solver_->disconnect_terminator();
+    });
   }
 
  private:
-  bool terminate() override { return stop_(); }
+  template <class Call>
+  void call(Call made) {
+    if (solver_ == nullptr) throw std::bad_alloc();
+    try {
+      made();
+    } catch (...) {
+      solver_.release();  // on purpose never freed
+      throw;
+    }
+  }
 
-  CaDiCaL::Solver solver_;
+  bool terminate() override { return stop_(); }
+  bool learning(int /*size*/) override {
+    learnt_();
+    return false;
+  }
+  void learn(int /*literal*/) override {}
+
+  std::unique_ptr<CaDiCaL::Solver> solver_;  // none once it has thrown
   std::function<bool()> stop_;
+  std::function<void()> learnt_;
 };
 
 }  // namespace
 
-std::unique_ptr<Solver> makeCadical(Use use) { return std::make_unique<Cadical>(use); }
+std::unique_ptr<Solver> makeCadical(Use use, std::function<void()> learnt) {
+  return std::make_unique<Cadical>(use, std::move(learnt));
+}
 
 }  // namespace tpn

@@ -3,29 +3,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
-#include <filesystem>
-#include <stdexcept>
-
-#include "workbench/base/files.hpp"
 
 namespace tpn {
 
 namespace {
-
-[[noreturn]] void incomplete(const std::string& file) {
-  throw std::runtime_error(file + " could not be written completely (is the disk full?)");
-}
-
-// Only of an ordinary file: a device may have no end.
-std::string written(const std::string& file) {
-  std::error_code none;
-  if (!std::filesystem::exists(file, none))
-    throw std::runtime_error(file + " could not be written");
-  if (!std::filesystem::is_regular_file(file, none)) incomplete(file);
-  return readFile(file);
-}
-
-std::ptrdiff_t lines(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
 
 // The next number of text, past blanks; false where there is none.
 bool next(const char*& at, const char* end, long& number) {
@@ -35,28 +16,7 @@ bool next(const char*& at, const char* end, long& number) {
   return failure == std::errc();
 }
 
-ClauseHeader header(const std::string& file, const std::string& text) {
-  const std::string start = "p cnf ";
-  ClauseHeader h;
-  const char* at = text.data() + start.size();
-  const char* const end = text.data() + text.size();
-  if (!text.starts_with(start) || !next(at, end, h.variables) || !next(at, end, h.clauses))
-    incomplete(file);
-  return h;
-}
-
 }  // namespace
-
-ClauseHeader verifyWritten(const std::string& name) {
-  constexpr std::ptrdiff_t linesOfMap = 6;
-  const std::string clauses = name + ".cnf";
-  const std::string map = name + ".lck";
-  const std::string text = written(clauses);
-  const ClauseHeader h = header(clauses, text);
-  if (lines(text) != h.clauses + 1 || text.back() != '\n') incomplete(clauses);
-  if (lines(written(map)) != linesOfMap) incomplete(map);
-  return h;
-}
 
 Clauses readClauses(const std::string& text) {
   Clauses clauses;

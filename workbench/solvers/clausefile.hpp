@@ -1,4 +1,4 @@
-// Clause files as the core writes them: whether one is complete, and whether values satisfy it.
+// Clause files as the core writes them, and whether values satisfy one.
 
 #pragma once
 
@@ -8,15 +8,6 @@
 #include "workbench/solvers/answer.hpp"
 
 namespace tpn {
-
-struct ClauseHeader {
-  long variables = 0;  // 0 or less where no formula node occurs: solvers refuse such a file
-  long clauses = 0;
-};
-
-// The core says nothing where it cannot write. Throws std::runtime_error unless both NAME.cnf and
-// NAME.lck are there, whole.
-ClauseHeader verifyWritten(const std::string& name);
 
 // The clauses of `text`, a whole file, one after the other; [] is the empty clause.
 using Clauses = std::vector<std::vector<int>>;

@@ -1,8 +1,8 @@
 // An incremental SAT solver, as the searches see it: seven functions. Clauses and assumptions are
 // given literal by literal, as in DIMACS: v or -v, v >= 1.
 //
-// A solver whose memory ran out has thrown std::bad_alloc; nothing but its destructor may be called
-// then.
+// A solver whose memory ran out has thrown std::bad_alloc, and does so in every later call; its
+// memory is not given back.
 
 #pragma once
 
@@ -35,6 +35,7 @@ class Solver {
 // preprocessing, or thousands of short ones that do not.
 enum class Use { longSearches, manyShortSearches };
 
-std::unique_ptr<Solver> makeCadical(Use use);
+// `learnt` is called for each clause it learns, about one a conflict.
+std::unique_ptr<Solver> makeCadical(Use use, std::function<void()> learnt = {});
 
 }  // namespace tpn

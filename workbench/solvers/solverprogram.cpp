@@ -2,17 +2,30 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
 #include <stdexcept>
 
 #include "workbench/base/files.hpp"
+#include "workbench/solvers/boundfiles.hpp"
 #include "workbench/solvers/clausefile.hpp"
 
 namespace tpn {
 
 namespace {
+
+// The programs that want to be called in a way of their own; the last row fits every other one.
+const std::vector<SolverProgram::Row>& programs() {
+  static const std::vector<SolverProgram::Row> rows{
+      {"cadical", {"-q", "CNF"}, outSuffix},
+      {"minisat", {"-verb=0", "CNF", "RESULT"}, resultSuffix},
+      {"cryptominisat", {"--verb", "0", "CNF"}, outSuffix},
+      {"", {"CNF"}, outSuffix},
+  };
+  return rows;
+}
 
 constexpr int exitSatisfiable = 10;
 constexpr int exitUnsatisfiable = 20;
@@ -52,27 +65,23 @@ std::string statusText(int exitStatus) { return "exit status " + std::to_string(
 SolverProgram::SolverProgram(const std::string& nameOrPath) : path_(find(nameOrPath)) {
   if (path_.empty()) throw std::runtime_error("there is no solver program " + nameOrPath);
   name_ = std::filesystem::path(path_).filename();
-  if (name_.starts_with("cadical")) kind_ = cadical;
-  if (name_.starts_with("minisat")) kind_ = minisat;
-  if (name_.starts_with("cryptominisat")) kind_ = cryptominisat;
+  row_ = &*std::find_if(programs().begin(), programs().end(),
+                        [&](const Row& row) { return name_.starts_with(row.prefix); });
 }
 
 std::string SolverProgram::answerFile(const std::string& name) const {
-  return kind_ == minisat ? name + ".result" : outFile(name);
+  return name + row_->answersIn;
 }
 
 std::vector<std::string> SolverProgram::command(const std::string& name) const {
-  const std::string file = name + ".cnf";
-  switch (kind_) {
-    case cadical:
-      return {path_, "-q", file};
-    case minisat:
-      return {path_, "-verb=0", file, answerFile(name)};
-    case cryptominisat:
-      return {path_, "--verb", "0", file};
-    default:
-      return {path_, file};
+  std::vector<std::string> words{path_};
+  for (const std::string& argument : row_->arguments) {
+    if (argument == "CNF")
+      words.push_back(clauseFile(name));
+    else
+      words.push_back(argument == "RESULT" ? resultFile(name) : argument);
   }
+  return words;
 }
 
 SolverAnswer SolverProgram::answer(const std::string& name, int exitStatus) const {
@@ -81,7 +90,7 @@ SolverAnswer SolverProgram::answer(const std::string& name, int exitStatus) cons
   try {
     const std::string file = answerFile(name);
     const bool there = std::filesystem::is_regular_file(file, none);
-    found = readAnswer(there ? readFile(file) : "");
+    found = readAnswer(there ? readFile(file, largestInput) : "");
   } catch (const std::runtime_error& e) {
     throw std::runtime_error(name_ + ", " + statusText(exitStatus) + ": " + e.what() +
                              lastWords(errFile(name)));
@@ -94,7 +103,7 @@ SolverAnswer SolverProgram::answer(const std::string& name, int exitStatus) cons
   if (!agree)
     throw std::runtime_error(name_ + ": " + statusText(exitStatus) + " contradicts its answer");
   if (found.status != SolverAnswer::satisfiable) return found;
-  const std::string wrong = violation(readClauses(readFile(name + ".cnf")), found);
+  const std::string wrong = violation(readClauses(readFile(clauseFile(name))), found);
   if (!wrong.empty()) throw std::runtime_error(name_ + " gave no model: " + wrong);
   return found;
 }

@@ -10,6 +10,7 @@
 
 #include "tests/driver/runprogram.hpp"
 #include "tests/workbench/search/explored.hpp"
+#include "workbench/search/trace.hpp"
 
 namespace {
 
@@ -139,7 +140,7 @@ TEST(EmbeddedCheck, KeepsAnswersThatTheCoresFormulasAccept) {
     ++reached;
     const std::string name = "k" + std::to_string(v.bound);
     const auto run =
-        tpn::traced(e.net, e.property, place.read(name + ".lck"), place.read(name + ".out"));
+        tpn::traced(e.net, e.property, place.read(name + ".lck"), place.read(name + ".out")).run;
     ASSERT_TRUE(run);
     EXPECT_EQ(run->goal, v.run->goal);
     EXPECT_EQ(tpn::replay(e.net, e.property, *run).complaint, "");

@@ -1,5 +1,7 @@
 // Answers to the core's own files, by hand: good ones give runs, broken ones an error that says so.
 
+#include "workbench/search/trace.hpp"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -35,7 +37,7 @@ class Trace : public testing::Test {
 
   std::optional<tpn::Run> traced() const { return traced(map_, answer_); }
   std::optional<tpn::Run> traced(const std::string& map, const std::string& answer) const {
-    return tpn::traced(net_, property_, map, answer);
+    return tpn::traced(net_, property_, map, answer).run;
   }
 
   void refuses(const std::string& map, const std::string& answer,
@@ -191,6 +193,82 @@ TEST_F(Trace, HugeMapsAreRefusedAndNotBelieved) {
   std::string huge = map_;
   huge.replace(huge.find("\n5\n"), 3, "\n2000000000\n");
   refuses(huge, answer_, HasSubstr("of another network"));
+}
+
+TEST_F(Trace, ComparesTheNumberOfClocks) {
+  std::string other = map_;
+  other.replace(other.find("\n2 4 2\n"), 7, "\n3 4 2\n");
+  refuses(other, answer_, HasSubstr("of another network"));
+}
+
+TEST_F(Trace, ComparesTheNumberOfInvariantTerms) {
+  for (const int k : {1, 2, 3, 4, 5, 8}) {
+    ask("p-1", k);
+    EXPECT_FALSE(traced(map_, "UNSAT\n")) << k;  // it fits
+    std::string other = map_;
+    other.insert(other.size() - 1, "0");
+    refuses(other, "UNSAT\n", HasSubstr("of another network"));
+  }
+}
+
+// The core counts in 32 bits, signed: 200000 terms in each of 11334 steps are 2266800000.
+TEST_F(Trace, TakesANumberOfInvariantTermsThatHasWrapped) {
+  tpn::Network net;
+  net.processes = {{{0, 1}, {{1, {1}}}}};
+  net.transitions.assign(200000, {{0, 1}, {{0, 0, 1}}});
+  const auto answerTo = [&](const std::string& terms) {
+    const std::string map = "1\n1 \n1 3 1\n17000\n0\n200000 " + terms + "\n";
+    return tpn::traced(net, propertyOf("p9"), map, "UNSAT\n").answer;
+  };
+  EXPECT_EQ(answerTo("-2028167296"), tpn::Verdict::unreached);
+  EXPECT_THROW(answerTo("-2028167295"), std::runtime_error);
+  EXPECT_THROW(answerTo("2266800000"), std::runtime_error);
+}
+
+TEST_F(Trace, SaysOfANoWhichLengthItIsAbout) {
+  const tpn::Verdict v = tpn::traced(net_, property_, map_, "UNSAT\n");
+  EXPECT_EQ(v.answer, tpn::Verdict::unreached);
+  EXPECT_EQ(v.bound, 0);
+  EXPECT_EQ(v.reason, "the answer is about runs of 5 steps, not about shorter ones");
+}
+
+TEST_F(Trace, GivesTheBoundOfTheMap) {
+  const tpn::Verdict v = tpn::traced(net_, property_, map_, answer_);
+  EXPECT_EQ(v.answer, tpn::Verdict::reachable);
+  EXPECT_EQ(v.bound, 5);
+  EXPECT_FALSE(v.shortest);
+}
+
+// The core counts the locations and takes their numbers modulo that, the workbench ranks them: the
+// widths are the same, the bits are not.
+TEST_F(Trace, TakesWhatACheckKeptOfANetworkWithGapsInItsNumbers) {
+  tpn::Network net;
+  net.processes = {{{0, 5, 7, 90}, {{90, {1}}}}};
+  net.transitions = {{{0, 1}, {{0, 0, 5}}}, {{0, 1}, {{0, 5, 7}}}, {{0, 1}, {{0, 7, 90}}}};
+  const Explored question{net, propertyOf("p1")};
+  for (const std::string solver : {"", "cadical"}) {
+    ASSERT_EQ(checked(question, {20, {}, solver, 1, place_.folder() / "kept"}).bound, 8);
+    const tpn::Verdict v =
+        tpn::traced(net, question.property, place_.read("kept/k8.lck"), place_.read("kept/k8.out"));
+    ASSERT_EQ(v.answer, tpn::Verdict::reachable);
+    EXPECT_EQ(v.run->steps.size(), 3U);
+  }
+}
+
+// One step is no action, so nothing asks for an earliest time that the clocks cannot hold.
+TEST_F(Trace, TakesAMapOfOneStepWhateverTheEarliestTimes) {
+  const std::string late =
+      "late\ntransitions\n1 100 -1\nendtran\n"
+      "process\n1 0 1\nvaluation\n0 1\nendval\nend\nend\n";
+  place_.write("net.tpn", late);
+  place_.write("phi.tpn", "p1\n");
+  ASSERT_EQ(place_.zervan({"net", "phi", "1"}).status, 0);
+  place_.write("answer", place_.run("cadical", {"-q", "netk1.cnf"}).out);
+  const tpn::Network net = tpn::readNetwork("net", late, diagnostics_).value();
+  const tpn::Verdict v =
+      tpn::traced(net, propertyOf("p1"), place_.read("netk1.lck"), place_.read("answer"));
+  ASSERT_EQ(v.answer, tpn::Verdict::reachable);
+  EXPECT_EQ(v.run->steps.size(), 0U);
 }
 
 }  // namespace

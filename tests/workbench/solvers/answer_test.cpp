@@ -67,4 +67,16 @@ TEST(Answer, OfOtherWordsIsRefused) {
   refuses("SATISFIABLE\n", "result file");
 }
 
+// It would be believed to have so many values.
+TEST(Answer, WithAVariableBeyondAllClauseFilesIsRefused) {
+  refuses("s SATISFIABLE\nv 268435457 0\n", "no literal");
+  refuses("s SATISFIABLE\nv -2000000000 0\n", "no literal");
+}
+
+TEST(Answer, IsReadAsItIsWritten) {
+  const SolverAnswer a = readAnswer(tpn::answerText({{true, false}, {false}, {true}}));
+  EXPECT_EQ(a.status, SolverAnswer::satisfiable);
+  EXPECT_THAT(a.values, ElementsAre(0, 1, -1, -1, 1));
+}
+
 }  // namespace

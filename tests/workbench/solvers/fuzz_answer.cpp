@@ -11,7 +11,7 @@
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/runs/replay.hpp"
-#include "workbench/search/check.hpp"
+#include "workbench/search/trace.hpp"
 #include "workbench/solvers/answer.hpp"
 
 namespace {
@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (parted == std::string::npos) return 0;
   complaining([&] {
     const Question& q = question();
-    const auto run = tpn::traced(q.net, q.property, text.substr(0, parted), answer);
+    const auto run = tpn::traced(q.net, q.property, text.substr(0, parted), answer).run;
     if (run) assert(tpn::replay(q.net, q.property, *run).complaint.empty());
   });
   return 0;

@@ -5,9 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/driver/runprogram.hpp"
-#include "tests/workbench/encoding/checknets.hpp"
-#include "tests/workbench/search/explored.hpp"
+#include "tests/workbench/search/fakesolver.hpp"
 
 namespace {
 
@@ -15,16 +13,10 @@ using testing::AllOf;
 using testing::HasSubstr;
 using tpn::Verdict;
 
-// A program that answers k = 1 and 2 like CaDiCaL and then does what `script` says; $1 is the file,
-// $k the bound.
 class FakeSolver : public testing::Test {
  protected:
   std::string solver(const std::string& script, const std::string& name = "fake") const {
-    const std::string real = "case $k in 1 | 2) exec cadical -q \"$1\";; esac\n";
-    place_.write(name, "#!/bin/sh\nk=${1##*/k}; k=${k%.cnf}\n" + real + script + "\n");
-    std::string path = place_.folder() / name;
-    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    return path;
+    return fakeSolver(place_, script, name);
   }
 
   Verdict check(const std::string& path, int jobs = 1) const {
@@ -92,7 +84,10 @@ TEST_F(FakeSolver, ThatFailsDoesNotHideARunOfALargerBound) {
   const Verdict v = check(path, 3);
   EXPECT_EQ(v.answer, Verdict::reachable);
   EXPECT_EQ(v.bound, 8);
-  EXPECT_THAT(v.reason, HasSubstr("at k = 5"));
+  ASSERT_EQ(v.unanswered.size(), 1U);
+  EXPECT_EQ(v.unanswered[0].bound, 5);
+  EXPECT_EQ(v.unanswered[0].reason, "fake was ended by a signal: Killed");
+  EXPECT_FALSE(v.shortest);
 }
 
 TEST_F(FakeSolver, ThatAnswersASmallerBoundLaterStillGivesTheSmallest) {
@@ -109,14 +104,8 @@ TEST_F(FakeSolver, ThatHangsIsEndedWithAllItStarted) {
   EXPECT_EQ(v.bound, 2);
   std::istringstream pids(place_.read("fake.pid"));
   int seen = 0;
-  for (pid_t pid = 0; pids >> pid; ++seen) {
-    for (int wait = 0; wait < 100 && kill(pid, 0) == 0; ++wait) {
-      const std::string state = contents("/proc/" + std::to_string(pid) + "/stat");
-      if (state.find(") Z ") != std::string::npos) break;  // dead, not yet collected
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-      EXPECT_LT(wait, 99) << "process " << pid << " still runs";
-    }
-  }
+  for (pid_t pid = 0; pids >> pid; ++seen)
+    EXPECT_TRUE(ends(pid)) << "process " << pid << " still runs";
   EXPECT_EQ(seen, 2);
 }
 
@@ -156,6 +145,33 @@ TEST_F(FakeSolver, ThatIsNoProgramIsAnError) {
   std::filesystem::permissions(place_.folder() / "fake", std::filesystem::perms::owner_all);
   EXPECT_THAT([&] { check(place_.folder() / "fake"); },
               testing::ThrowsMessage<std::runtime_error>(HasSubstr("cannot run")));
+}
+
+// What it leaves running in the background when it has answered.
+TEST_F(FakeSolver, ThatHasAnsweredLeavesNothingBehind) {
+  const std::string path = solver("sleep 1000 & echo $! > \"$0.pid\"; cadical -q \"$1\"; exit $?");
+  EXPECT_EQ(check(path).bound, 8);
+  pid_t left = 0;
+  std::istringstream(place_.read("fake.pid")) >> left;
+  ASSERT_GT(left, 0);
+  EXPECT_TRUE(ends(left));
+}
+
+// Each program is called in its own way, and answers where it does.
+TEST(SolverPrograms, AreCalledAsTheirNamesSay) {
+  const Workplace place;
+  const auto called = [&](const std::string& name) {
+    const tpn::SolverProgram program(fakeSolver(place, "", name));
+    std::string line = name;
+    const std::vector<std::string> words = program.command("q");
+    for (std::size_t i = 1; i < words.size(); ++i) line += " " + words[i];
+    return line + " > " + program.answerFile("q");
+  };
+  EXPECT_EQ(called("cadical-2"), "cadical-2 -q q.cnf > q.out");
+  EXPECT_EQ(called("minisat"), "minisat -verb=0 q.cnf q.result > q.result");
+  EXPECT_EQ(called("cryptominisat5"), "cryptominisat5 --verb 0 q.cnf > q.out");
+  EXPECT_EQ(called("picosat"), "picosat q.cnf > q.out");
+  EXPECT_EQ(called("mine"), "mine q.cnf > q.out");
 }
 
 }  // namespace

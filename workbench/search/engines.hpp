@@ -1,0 +1,41 @@
+// The engines of `tpn check`, each by itself or two in a race: bounded search for a shortest run,
+// IC3, and ABC as a program.
+//
+// Each engine has a thread and solvers of its own, and shares nothing with the other but what is
+// told here. The first sure answer ends the other. Nothing is told unseen: a run has been replayed,
+// a "never" has a certificate that has been rechecked.
+
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "workbench/network/goal.hpp"
+#include "workbench/network/network.hpp"
+#include "workbench/proof/certificate.hpp"
+#include "workbench/runs/run.hpp"
+#include "workbench/search/watch.hpp"
+
+namespace tpn {
+
+enum class Engine { both, bounded, prover, abc };
+
+struct EngineOptions {
+  Engine engine = Engine::both;
+  std::optional<int> maxTransitions;  // of the bounded search; a longer run of a prover's counts
+  bool shortest = false;              // go on after a run until the shortest is sure
+};
+
+struct Answer {
+  enum Kind { reachable, unreachable, undecided } kind = undecided;
+  std::optional<Run> run;                  // reachable
+  bool shortest = false;                   // reachable: no shorter run does it
+  int noRunUpTo = -1;                      // no run of up to so many transitions does it
+  std::optional<Certificate> certificate;  // unreachable
+  std::string reason;                      // undecided: one line
+};
+
+// Throws std::runtime_error with one line where something failed and nothing else answered.
+Answer answered(const Network& net, const Goal& goal, const EngineOptions& options, Watch& watch);
+
+}  // namespace tpn

@@ -1,0 +1,89 @@
+#include "workbench/search/proving.hpp"
+
+#include <stdexcept>
+
+#include "workbench/machine/symmetry.hpp"
+#include "workbench/proof/checker.hpp"
+#include "workbench/prover/certify.hpp"
+#include "workbench/search/bounded.hpp"
+#include "workbench/search/foundrun.hpp"
+
+namespace tpn {
+
+namespace {
+
+// Frames are about as many as units, so that wider clocks are hopeless.
+constexpr std::int64_t widest = 100'000;
+
+// 1, 2, 4, ... up to an eighth of the widest clock: each unit on its own makes a frame of its own.
+std::vector<std::int64_t> delaysFor(const Machine& machine) {
+  std::vector<std::int64_t> delays{1};
+  while (delays.back() * 16 <= widestClock(machine)) delays.push_back(2 * delays.back());
+  return delays;
+}
+
+class Proving {
+ public:
+  Proving(const Network& net, const Goal& goal, const std::function<bool()>& over)
+      : net_(net),
+        goal_(goal),
+        over_(over),
+        machine_(makeMachine(net)),
+        layout_(StateLayout::capped(machine_)),
+        symmetries_(symmetries(machine_)) {}
+
+  Proved run(const std::function<void(const ProverProgress&)>& report) {
+    std::vector<Orbits::Permutation> generators;
+    for (const Symmetry& s : symmetries_) generators.push_back(permutationOf(machine_, layout_, s));
+    ProverOptions options;
+    options.delays = delaysFor(machine_);
+    const StateFormula formula = goal_.deadlock()
+                                     ? deadEndFormula(machine_, layout_)
+                                     : propertyFormula(net_, machine_, layout_, *goal_.property);
+    const ProverResult result =
+        prove(machine_, layout_, formula, Orbits(generators), options, over_, report);
+    if (result.answer == ProverResult::reachable) return {runOf(result), {}, false};
+    if (result.answer == ProverResult::unreachable) return {{}, checked(result), false};
+    return {};
+  }
+
+ private:
+  // Where time decides on dead ends, the earliest times need not lead to one: then the bounded
+  // search says what does, in as many transitions or fewer.
+  std::optional<Run> runOf(const ProverResult& result) const {
+    if (!goal_.deadlock() || !hasHopeless(machine_))
+      return foundRun(net_, goal_, result.transitions);
+    BoundedOptions options;
+    options.maxTransitions = static_cast<int>(result.transitions.size());
+    const BoundedVerdict verdict = searchBounded(net_, goal_, options, over_, {});
+    if (verdict.answer == BoundedVerdict::exhausted || verdict.answer == BoundedVerdict::stuck)
+      throw std::runtime_error("the prover found a dead end that is not there");
+    return verdict.run;
+  }
+
+  std::optional<Certificate> checked(const ProverResult& result) const {
+    Certificate certificate = certificateOf(machine_, layout_, result, {}, symmetries_);
+    const Recheck recheck = tpn::recheck(net_, goal_, certificate, over_);
+    if (recheck.result == Recheck::stopped) return std::nullopt;
+    if (recheck.result == Recheck::refuted)
+      throw std::runtime_error("the proof that was found does not check: " + recheck.complaint);
+    return certificate;
+  }
+
+  const Network& net_;
+  const Goal& goal_;
+  const std::function<bool()>& over_;
+  Machine machine_;
+  StateLayout layout_;
+  std::vector<Symmetry> symmetries_;
+};
+
+}  // namespace
+
+Proved proved(const Network& net, const Goal& goal, const std::function<bool()>& over,
+              const std::function<void(const ProverProgress&)>& report) {
+  if (widestClock(makeMachine(net)) > widest) return {{}, {}, true};
+  return Proving(net, goal, over).run(report);
+}
+
+}  // namespace tpn
