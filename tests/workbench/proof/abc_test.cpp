@@ -91,8 +91,22 @@ TEST(AbcRuns, AreChoicesLowestBitFirst) {
 
 // Too early, not enabled, no such transition: nothing happens.
 TEST(AbcRuns, LoseWhatChangesNothing) {
-  EXPECT_EQ(transitionsOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3}),
-            (std::vector<std::size_t>{0, 1, 2}));
+  const Run run = runOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3, 0});
+  ASSERT_EQ(run.steps.size(), 3U);
+  EXPECT_EQ(run.steps[0].transition, 0U);
+  EXPECT_EQ(run.steps[0].delay, Rational(1));
+  EXPECT_EQ(run.steps[1].transition, 1U);
+  EXPECT_EQ(run.steps[1].delay, Rational(0));
+  EXPECT_EQ(run.steps[2].transition, 2U);
+  EXPECT_EQ(run.steps[2].delay, Rational(2));
+  EXPECT_EQ(run.goal, 3U);
+}
+
+// Time may not pass beyond what the first transition, which has to happen until 2, allows.
+TEST(AbcRuns, WaitOnlyAsLongAsTheyMay) {
+  const Run run = runOf(twoProcesses(), {0, 0, 0, 0, 1});
+  ASSERT_EQ(run.steps.size(), 1U);
+  EXPECT_EQ(run.steps[0].delay, Rational(2));
 }
 
 }  // namespace
