@@ -91,7 +91,7 @@ TEST(AbcRuns, AreChoicesLowestBitFirst) {
 
 // Too early, not enabled, no such transition: nothing happens.
 TEST(AbcRuns, LoseWhatChangesNothing) {
-  const Run run = runOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3, 0});
+  const tpn::Run run = runOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3, 0});
   ASSERT_EQ(run.steps.size(), 3U);
   EXPECT_EQ(run.steps[0].transition, 0U);
   EXPECT_EQ(run.steps[0].delay, Rational(1));
@@ -104,7 +104,7 @@ TEST(AbcRuns, LoseWhatChangesNothing) {
 
 // Time may not pass beyond what the first transition, which has to happen until 2, allows.
 TEST(AbcRuns, WaitOnlyAsLongAsTheyMay) {
-  const Run run = runOf(twoProcesses(), {0, 0, 0, 0, 1});
+  const tpn::Run run = runOf(twoProcesses(), {0, 0, 0, 0, 1});
   ASSERT_EQ(run.steps.size(), 1U);
   EXPECT_EQ(run.steps[0].delay, Rational(2));
 }
