@@ -112,7 +112,7 @@ class BoundedSearch {
 
 }  // namespace
 
-BoundedVerdict searchBounded(const Network& net, const Property* property,
+BoundedVerdict searchBounded(const Network& net, const Goal& goal,
                              const BoundedOptions& options, const std::function<bool()>& over,
                              const std::function<void(const BoundedProgress&)>& report) {
   try {

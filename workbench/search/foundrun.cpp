@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "workbench/runs/deadend.hpp"
+#include "workbench/runs/schedule.hpp"
 
 namespace tpn {
 
