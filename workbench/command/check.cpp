@@ -10,14 +10,19 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
+#include <map>
 #include <memory>
+#include <optional>
 
+#include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
 #include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/command/verdictoutput.hpp"
 #include "workbench/command/viewchoice.hpp"
+#include "workbench/proof/certificatetext.hpp"
+#include "workbench/search/engines.hpp"
 
 namespace tpn {
 
@@ -25,9 +30,17 @@ namespace {
 
 struct Arguments {
   Files files;
-  CheckOptions options;
+  bool deadlock = false;
+  Engine engine = Engine::both;
+  std::optional<int> maxTransitions;
+  bool shortest = false;
+  std::string certificate;
+  bool flat = false;
+  CheckOptions byBounds;  // with a solver program or with files that are kept
   double timeout = 0;
   RunViews views{runViews()};
+
+  bool asksByBounds() const { return !byBounds.solver.empty() || !byBounds.keep.empty(); }
 };
 
 // Lines on a terminal that overwrite each other; nothing elsewhere.
@@ -35,9 +48,16 @@ class ProgressLine {
  public:
   void operator()(const Progress& p) {
     if (!terminal_) return;
-    std::fprintf(stderr, "\rk = %d: %ld variables, %ld clauses", p.bound, p.variables, p.clauses);
-    if (p.conflicts >= 0) std::fprintf(stderr, ", %ld conflicts", p.conflicts);
-    std::fprintf(stderr, ", %.1f s\033[K", p.seconds);
+    std::fputs("\r", stderr);
+    if (p.bound > 0) std::fprintf(stderr, "k = %d: ", p.bound);
+    if (p.transitions >= 0) std::fprintf(stderr, "%d transitions: ", p.transitions);
+    if (p.bound > 0 || p.transitions >= 0)
+      std::fprintf(stderr, "%ld variables, %ld clauses, ", p.variables, p.clauses);
+    if (p.bound > 0 && p.conflicts >= 0) std::fprintf(stderr, "%ld conflicts, ", p.conflicts);
+    if (p.frame >= 0)
+      std::fprintf(stderr, "frame %ld: %ld clauses, %ld obligations, ", p.frame, p.learnt,
+                   p.obligations);
+    std::fprintf(stderr, "%.1f s\033[K", p.seconds);
     shown_ = true;
   }
   void clear() const {
@@ -51,10 +71,17 @@ class ProgressLine {
 
 std::atomic<bool> stopped{false};
 
-int answer(const Arguments& a, const Inputs& q, const Verdict& v) {
-  std::string text = a.views.shows("json") ? verdictJson(q, v) : headline(v);
+int answer(const Arguments& a, const Asked& asked, const Answer& v) {
+  // Views are about a property: in a deadlock anything holds.
+  const Property anything{"T", {{PropertyItem::truth, 0}}, 1};
+  const Inputs q{asked.net, asked.goal.property.value_or(anything)};
+  std::string text = a.views.shows("json") ? answerJson(q, v) : headline(v);
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
+  if (v.certificate && !a.certificate.empty())
+    writeFile(a.certificate,
+              certificateText({statement(asked.net, asked.goal),
+                               a.flat ? flattened(*v.certificate) : *v.certificate}));
   print(a.views, q, v.run, text);
   return exitOf(v);
 }
@@ -66,14 +93,38 @@ void stopOnSignals() {
     if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopped = true; });
 }
 
+std::optional<std::chrono::milliseconds> timeoutOf(const Arguments& a) {
+  // Nobody waits longer, and a clock counts nanoseconds up to ten times that.
+  constexpr double longest = 1e9;
+  if (a.timeout <= 0) return std::nullopt;
+  return std::chrono::milliseconds(std::llround(std::min(a.timeout, longest) * 1000));
+}
+
+constexpr int usualLength = 17;  // of searches that do not end by themselves
+
+Answer byBounds(const Arguments& a, const Asked& asked, const Watch::Report& report) {
+  CheckOptions options = a.byBounds;
+  options.timeout = timeoutOf(a);
+  options.maxBound = boundOf(static_cast<std::size_t>(a.maxTransitions.value_or(usualLength)));
+  return answerOf(check(asked.net, *asked.goal.property, options, stopped, report));
+}
+
+Answer byEngines(const Arguments& a, const Asked& asked, const Watch::Report& report) {
+  EngineOptions options{a.engine, a.maxTransitions, a.shortest};
+  if (a.engine == Engine::bounded && !a.maxTransitions) options.maxTransitions = usualLength;
+  Watch watch(timeoutOf(a), stopped, report);
+  return answered(asked.net, asked.goal, options, watch);
+}
+
 // With its progress on the terminal, until a signal stops it.
-Verdict searched(const Inputs& q, const CheckOptions& options) {
+Answer searched(const Arguments& a, const Asked& asked) {
   stopOnSignals();
   ProgressLine progress;
+  const Watch::Report report = std::ref(progress);
   try {
-    Verdict verdict = check(q.net, q.property, options, stopped, std::ref(progress));
+    Answer found = a.asksByBounds() ? byBounds(a, asked, report) : byEngines(a, asked, report);
     progress.clear();
-    return verdict;
+    return found;
   } catch (...) {
     progress.clear();
     throw;
@@ -90,44 +141,74 @@ bool isKept(std::string_view name) {
 
 FilePlan planOf(const Arguments& a) {
   FilePlan plan = planFor(a.files);
-  if (a.options.solver.find('/') != std::string::npos) plan.reads(a.options.solver);
-  if (!a.options.keep.empty()) plan.writesLike(a.options.keep, isKept);
+  if (a.byBounds.solver.find('/') != std::string::npos) plan.reads(a.byBounds.solver);
+  if (!a.byBounds.keep.empty()) plan.writesLike(a.byBounds.keep, isKept);
+  if (!a.certificate.empty()) plan.writes(a.certificate);
   a.views.addTo(plan);
   return plan;
 }
 
 int checked(const Arguments& a) {
+  if (a.deadlock != a.files.phi.empty()) {
+    std::fputs("tpn check takes NET PHI, or --deadlock NET\n", stderr);
+    return misused;
+  }
+  if (a.deadlock && a.asksByBounds()) {
+    std::fputs("--deadlock is answered by the engines, without --solver and --keep\n", stderr);
+    return misused;
+  }
   planOf(a);
-  const std::optional<Inputs> q = inputsOf(a.files);
-  if (!q) return failed;
-  CheckOptions options = a.options;
-  // Nobody waits longer, and a clock counts nanoseconds up to ten times that.
-  constexpr double longest = 1e9;
-  if (a.timeout > 0)
-    options.timeout = std::chrono::milliseconds(std::llround(std::min(a.timeout, longest) * 1000));
-  return answer(a, *q, searched(*q, options));
+  const std::optional<Asked> asked = askedOf(a.files);
+  return asked ? answer(a, *asked, searched(a, *asked)) : failed;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
-  CheckOptions& options = a->options;
-  addNet(app, a->files);
-  addPhi(app, a->files, true);
-  options.maxBound = 50;
-  app.add_option("--max-bound", options.maxBound, "the longest runs to ask for, in steps")
-      ->type_name("K")
-      ->capture_default_str()
-      ->check(CLI::PositiveNumber);
-  app.add_option("--timeout", a->timeout, "stop after S seconds")->type_name("S")->check(seconds());
-  app.add_option("--solver", options.solver,
-                 "cadical, minisat, picosat, cryptominisat5 or a path, instead of the embedded one")
-      ->type_name("NAME");
+void refuseBounds(const std::string& /*bound*/) {
+  throw CLI::ValidationError("--max-bound",
+                             "it is --max-transitions now: k = 3 N - 1 is N of them");
+}
+
+void declareEngines(CLI::App& app, Arguments& a) {
+  const std::map<std::string, Engine> engines{{"both", Engine::both},
+                                              {"bmc", Engine::bounded},
+                                              {"ic3", Engine::prover},
+                                              {"abc", Engine::abc}};
+  app.add_option("--engine", a.engine, "both, bmc, ic3 or abc; both where nothing is said")
+      ->type_name("NAME")
+      ->transform(CLI::CheckedTransformer(engines));
+  app.add_flag("--shortest", a.shortest, "go on until the shortest run is sure");
+  app.add_option("--certificate", a.certificate, "write why it is never reached into this file")
+      ->type_name("FILE");
+  app.add_flag("--flat", a.flat, "the certificate with all clauses, and no symmetry");
+}
+
+void declareBounds(CLI::App& app, CheckOptions& options) {
+  CLI::Option* const solver =
+      app.add_option("--solver", options.solver,
+                     "cadical, minisat, picosat, cryptominisat5 or a path, bound by bound")
+          ->type_name("NAME");
   app.add_option("--jobs", options.jobs, "bounds side by side, with --solver")
       ->type_name("N")
       ->capture_default_str()
       ->check(CLI::PositiveNumber);
-  app.add_option("--keep", options.keep, "keep clause files, maps and answers here")
-      ->type_name("DIR");
+  CLI::Option* const keep =
+      app.add_option("--keep", options.keep, "keep clause files, maps and answers here")
+          ->type_name("DIR");
+  for (const char* const option : {"--engine", "--shortest", "--certificate"})
+    app.get_option(option)->excludes(solver)->excludes(keep);
+}
+
+Action declare(CLI::App& app) {
+  const auto a = std::make_shared<Arguments>();
+  addNet(app, a->files);
+  addPhi(app, a->files, false);
+  app.add_flag("--deadlock", a->deadlock, "can it be that no transition fires any more?");
+  app.add_option("--max-transitions", a->maxTransitions, "the longest runs to search for")
+      ->type_name("N")
+      ->check(CLI::Range(0, 500'000'000));
+  app.add_option("--timeout", a->timeout, "stop after S seconds")->type_name("S")->check(seconds());
+  declareEngines(app, *a);
+  declareBounds(app, a->byBounds);
+  app.add_option_function<std::string>("--max-bound", refuseBounds)->group("");
   a->views.declare(app);
   return [a] { return checked(*a); };
 }

@@ -27,11 +27,11 @@ int trace(const Arguments& a) {
   a.views.addTo(plan);
   const std::optional<Inputs> q = inputsOf(a.files);
   if (!q) return failed;
-  const Verdict v =
-      traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput));
+  const Answer v = answerOf(
+      traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput)));
   std::string text = "no run: unsatisfiable\n";
   if (v.run) text = a.views.shown().print(q->net, q->property, *v.run);
-  if (a.views.shows("json")) text = verdictJson(*q, v);
+  if (a.views.shows("json")) text = answerJson(*q, v);
   print(a.views, *q, v.run, text);
   return exitOf(v);
 }

@@ -11,35 +11,30 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const char* nameOf(Verdict::Answer answer) {
-  switch (answer) {
-    case Verdict::reachable:
-      return "reachable";
-    case Verdict::unreached:
-      return "unreached";
-    case Verdict::unreachable:
-      return "unreachable";
-    case Verdict::unknown:
-      break;
-  }
-  return "unknown";
+const char* nameOf(Answer::Kind kind) {
+  if (kind == Answer::reachable) return "reachable";
+  return kind == Answer::unreachable ? "unreachable" : "undecided";
 }
 
 }  // namespace
 
-std::string verdictJson(const Inputs& q, const Verdict& v) {
-  Json json{{"answer", nameOf(v.answer)}, {"bound", v.bound}};
-  if (v.answer == Verdict::reachable) json["shortest"] = v.shortest;
-  for (const auto& [bound, reason] : v.unanswered)
+std::string answerJson(const Inputs& q, const Answer& a) {
+  Json json{{"answer", nameOf(a.kind)}};
+  if (a.run) {
+    json["transitions"] = a.run->steps.size();
+    json["shortest"] = a.shortest;
+  }
+  if (a.kind != Answer::unreachable && a.noRunUpTo >= 0) json["noRunUpTo"] = a.noRunUpTo;
+  for (const auto& [bound, reason] : a.unanswered)
     json["unanswered"].push_back({{"bound", bound}, {"reason", reason}});
-  if (!v.reason.empty()) json["reason"] = v.reason;
-  if (v.run) json["run"] = runJson(q.net, q.property, *v.run);
+  if (!a.reason.empty()) json["reason"] = a.reason;
+  if (a.run) json["run"] = runJson(q.net, q.property, *a.run);
   return jsonText(json);
 }
 
-Exit exitOf(const Verdict& v) {
-  if (v.answer == Verdict::reachable) return yes;
-  return v.answer == Verdict::unknown ? done : no;
+Exit exitOf(const Answer& a) {
+  if (a.kind == Answer::reachable) return yes;
+  return a.kind == Answer::unreachable ? no : undecided;
 }
 
 }  // namespace tpn

@@ -1,4 +1,4 @@
-// A verdict as JSON, docs/check.schema.json, and as an exit status: the same for check and trace.
+// An answer as JSON, docs/check.schema.json, and as an exit status: the same for check and trace.
 
 #pragma once
 
@@ -6,11 +6,11 @@
 
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
-#include "workbench/search/verdict.hpp"
+#include "workbench/search/answer.hpp"
 
 namespace tpn {
 
-std::string verdictJson(const Inputs& q, const Verdict& verdict);
-Exit exitOf(const Verdict& verdict);
+std::string answerJson(const Inputs& q, const Answer& answer);
+Exit exitOf(const Answer& answer);
 
 }  // namespace tpn

@@ -112,8 +112,8 @@ class BoundedSearch {
 
 }  // namespace
 
-BoundedVerdict searchBounded(const Network& net, const Goal& goal,
-                             const BoundedOptions& options, const std::function<bool()>& over,
+BoundedVerdict searchBounded(const Network& net, const Goal& goal, const BoundedOptions& options,
+                             const std::function<bool()>& over,
                              const std::function<void(const BoundedProgress&)>& report) {
   try {
     return BoundedSearch(net, goal, options, over, report).run();

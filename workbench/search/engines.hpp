@@ -8,12 +8,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "workbench/network/goal.hpp"
 #include "workbench/network/network.hpp"
-#include "workbench/proof/certificate.hpp"
-#include "workbench/runs/run.hpp"
+#include "workbench/search/answer.hpp"
 #include "workbench/search/watch.hpp"
 
 namespace tpn {
@@ -24,15 +22,6 @@ struct EngineOptions {
   Engine engine = Engine::both;
   std::optional<int> maxTransitions;  // of the bounded search; a longer run of a prover's counts
   bool shortest = false;              // go on after a run until the shortest is sure
-};
-
-struct Answer {
-  enum Kind { reachable, unreachable, undecided } kind = undecided;
-  std::optional<Run> run;                  // reachable
-  bool shortest = false;                   // reachable: no shorter run does it
-  int noRunUpTo = -1;                      // no run of up to so many transitions does it
-  std::optional<Certificate> certificate;  // unreachable
-  std::string reason;                      // undecided: one line
 };
 
 // Throws std::runtime_error with one line where something failed and nothing else answered.

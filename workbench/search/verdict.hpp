@@ -24,6 +24,9 @@ constexpr int boundOf(std::size_t actions) {
   return actions == 0 ? 1 : 3 * static_cast<int>(actions) - 1;
 }
 
+// The largest number of actions of runs of that bound; -1 for bound 0, which has none.
+constexpr int transitionsWithin(int bound) { return bound == 0 ? -1 : (bound + 1) / 3; }
+
 // A bound that was asked and has no answer.
 struct Unanswered {
   int bound = 0;
@@ -53,9 +56,6 @@ Verdict reachableBy(Run run, bool shortest);
 
 // The run ends at its goal.
 Run cutAtGoal(Run run);
-
-// What the verdict says before the run is shown: lines that end with a newline.
-std::string headline(const Verdict& verdict);
 
 // For the end of a message: what was completed before something failed.
 std::string knownUpTo(int k);

@@ -16,10 +16,10 @@ namespace {
 using tpn::BoundedOptions;
 using tpn::BoundedVerdict;
 
-BoundedVerdict searched(const tpn::Network& net, const tpn::Property* property,
+BoundedVerdict searched(const tpn::Network& net, const tpn::Goal& goal,
                         const BoundedOptions& options) {
   return tpn::searchBounded(
-      net, property, options, [] { return false; }, [](const tpn::BoundedProgress&) {});
+      net, goal, options, [] { return false; }, [](const tpn::BoundedProgress&) {});
 }
 
 // Random, and for some seeds with what the generator leaves out: earliest times beyond all latest
@@ -40,20 +40,20 @@ Network varied(unsigned seed) {
 // Beyond this nothing shorter was overlooked; no random network here needs more.
 constexpr int enough = 40;
 
-std::string complaint(const Explored& e, const tpn::Property* property, const tpn::Run& run) {
-  return property != nullptr ? tpn::replay(e.net, *property, run).complaint
-                             : tpn::replayToDeadEnd(e.net, run).complaint;
+std::string complaint(const Explored& e, const tpn::Goal& goal, const tpn::Run& run) {
+  return goal.deadlock() ? tpn::replayToDeadEnd(e.net, run).complaint
+                         : tpn::replay(e.net, *goal.property, run).complaint;
 }
 
 // What is wrong with the search's answer, or empty.
-std::string failure(const Explored& e, const tpn::Property* property, std::optional<int> expected,
+std::string failure(const Explored& e, const tpn::Goal& goal, std::optional<int> expected,
                     const FixedPoint& all, std::int64_t unaryLimit) {
-  const BoundedVerdict v = searched(e.net, property, {enough, unaryLimit, true});
+  const BoundedVerdict v = searched(e.net, goal, {enough, unaryLimit, true});
   if (expected) {
     if (v.answer != BoundedVerdict::reached) return "not reached";
     if (v.run->steps.size() != static_cast<std::size_t>(*expected)) return "not shortest";
     if (v.run->goal != v.run->steps.size()) return "another goal";
-    return complaint(e, property, *v.run);
+    return complaint(e, goal, *v.run);
   }
   if (v.answer == BoundedVerdict::stuck)
     return all.longest && v.noRunUpTo >= *all.longest ? "" : "not stuck";
@@ -70,7 +70,7 @@ TEST_P(Bounded, FindsShortestRunsOfRandomNetworks) {
     const FixedPoint all = fixedPoint(net);
     const Explored e = converted(net, seed % 2 == 0 ? 1 : 5);
     reached += all.property ? 1 : 0;
-    EXPECT_EQ(failure(e, &e.property, all.property, all, GetParam()), "") << networkFile(net);
+    EXPECT_EQ(failure(e, {e.property}, all.property, all, GetParam()), "") << networkFile(net);
   }
   EXPECT_GT(reached, 100);
   EXPECT_LT(reached, 380);
@@ -82,8 +82,7 @@ TEST_P(Bounded, FindsDeadEndsOfRandomNetworks) {
     const Network net = varied(seed);
     const FixedPoint all = fixedPoint(net);
     deadEnds += all.deadEnd ? 1 : 0;
-    EXPECT_EQ(failure(converted(net), nullptr, all.deadEnd, all, GetParam()), "")
-        << networkFile(net);
+    EXPECT_EQ(failure(converted(net), {}, all.deadEnd, all, GetParam()), "") << networkFile(net);
   }
   EXPECT_GT(deadEnds, 100);
   EXPECT_LT(deadEnds, 380);
@@ -133,7 +132,7 @@ TEST(BoundedSearch, FindsShortestRunsWhereProcessesCanBeExchanged) {
     ++exchangeable;
     const FixedPoint all = fixedPoint(net);
     reached += all.property.value_or(0) > 1 ? 1 : 0;
-    EXPECT_EQ(failure(e, &e.property, all.property, all, 100), "") << networkFile(net);
+    EXPECT_EQ(failure(e, {e.property}, all.property, all, 100), "") << networkFile(net);
   }
   EXPECT_GT(exchangeable, 100);
   EXPECT_GT(reached, 20);
@@ -151,7 +150,7 @@ TEST(BoundedSearch, CountsInUnitsOfTheNetworksConstants) {
       if (t.latest != noLatest) t.latest *= 1000000;
     }
     const Explored e = converted(net);
-    EXPECT_EQ(failure(e, &e.property, all.property, all, 16), "") << networkFile(net);
+    EXPECT_EQ(failure(e, {e.property}, all.property, all, 16), "") << networkFile(net);
   }
 }
 
@@ -164,23 +163,23 @@ TEST(BoundedSearch, AnswersConstantsOfABillion) {
                      {{1000000000, 1000000000}, {{0, 1, 2}}},
                      {{1999999999, 1999999999}, {{1, 0, 1}}}};
   const tpn::Property inTime = propertyOf("p1p-2&");
-  const BoundedVerdict v = searched(net, &inTime, {});
+  const BoundedVerdict v = searched(net, {inTime}, {});
   ASSERT_EQ(v.answer, BoundedVerdict::reached);
   EXPECT_EQ(v.run->steps.size(), 2U);
   net.transitions[0].interval.earliest = 1000000000;
-  EXPECT_EQ(searched(net, &inTime, {}).answer, BoundedVerdict::stuck);
+  EXPECT_EQ(searched(net, {inTime}, {}).answer, BoundedVerdict::stuck);
 }
 
 TEST(BoundedSearch, StopsAtTheLastLengthThatIsAsked) {
   const tpn::Property never = propertyOf("p9");
-  const BoundedVerdict v = searched(circle(3), &never, {7, 24, true});
+  const BoundedVerdict v = searched(circle(3), {never}, {7, 24, true});
   EXPECT_EQ(v.answer, BoundedVerdict::exhausted);
   EXPECT_EQ(v.noRunUpTo, 7);
 }
 
 TEST(BoundedSearch, FindsAPropertyOfTheInitialState) {
   const tpn::Property truth = propertyOf("T");
-  const BoundedVerdict v = searched(circle(3), &truth, {});
+  const BoundedVerdict v = searched(circle(3), {truth}, {});
   EXPECT_EQ(v.answer, BoundedVerdict::reached);
   EXPECT_TRUE(v.run->steps.empty());
 }
@@ -189,8 +188,8 @@ TEST(BoundedSearch, AnswersNetworksWithoutTransitions) {
   tpn::Network net;
   net.processes = {{{0}, {}}};
   const tpn::Property never = propertyOf("p1");
-  EXPECT_EQ(searched(net, &never, {}).answer, BoundedVerdict::stuck);
-  EXPECT_EQ(searched(net, nullptr, {}).answer, BoundedVerdict::reached);
+  EXPECT_EQ(searched(net, {never}, {}).answer, BoundedVerdict::stuck);
+  EXPECT_EQ(searched(net, {}, {}).answer, BoundedVerdict::reached);
 }
 
 // Time cannot pass from the start, as the first transition should have fired before it may: what
@@ -201,9 +200,9 @@ TEST(BoundedSearch, AnswersNetworksThatAreStuckInTime) {
   net.transitions = {{{1, 0}, {{0, 0, 1}}}, {{0, {}}, {{1, 0, 1}}}, {{1, {}}, {{1, 1, 2}}}};
   const tpn::Property atOnce = propertyOf("p1");
   const tpn::Property later = propertyOf("p2");
-  EXPECT_EQ(searched(net, &atOnce, {}).answer, BoundedVerdict::reached);
-  EXPECT_EQ(searched(net, &later, {}).answer, BoundedVerdict::stuck);
-  const BoundedVerdict end = searched(net, nullptr, {});
+  EXPECT_EQ(searched(net, {atOnce}, {}).answer, BoundedVerdict::reached);
+  EXPECT_EQ(searched(net, {later}, {}).answer, BoundedVerdict::stuck);
+  const BoundedVerdict end = searched(net, {}, {});
   ASSERT_EQ(end.answer, BoundedVerdict::reached);
   EXPECT_EQ(end.run->steps.size(), 1U);
 }
@@ -212,7 +211,7 @@ TEST(BoundedSearch, StopsWhenItIsTold) {
   int asked = 0;
   const tpn::Property never = propertyOf("p9");
   const BoundedVerdict v = tpn::searchBounded(
-      circle(3), &never, {}, [&] { return ++asked > 100; }, [](const tpn::BoundedProgress&) {});
+      circle(3), {never}, {}, [&] { return ++asked > 100; }, [](const tpn::BoundedProgress&) {});
   EXPECT_EQ(v.answer, BoundedVerdict::undecided);
   EXPECT_GT(v.noRunUpTo, 1);
 }

@@ -25,7 +25,7 @@ class Unanswered : public testing::Test {
     ASSERT_EQ(v.unanswered.size(), 1U);
     EXPECT_EQ(v.unanswered[0].bound, 5);
     EXPECT_EQ(v.unanswered[0].reason, why);
-    EXPECT_EQ(tpn::headline(v),
+    EXPECT_EQ(tpn::headline(tpn::answerOf(v)),
               "reachable (k = 11)\nk = 5 was not answered: " + why + "\na shorter run may exist\n");
   }
 
@@ -72,7 +72,7 @@ TEST_F(Unanswered, NoneWhereAllSmallerOnesAreRefuted) {
   EXPECT_EQ(v.bound, 11);
   EXPECT_TRUE(v.shortest);
   EXPECT_TRUE(v.unanswered.empty());
-  EXPECT_EQ(tpn::headline(v), "reachable (k = 11)\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "reachable (k = 11)\n");
 }
 
 TEST_F(Unanswered, WithoutARunIsUnknownOrAnError) {
@@ -89,14 +89,15 @@ TEST_F(Unanswered, WithoutARunIsUnknownOrAnError) {
 TEST(Headline, OfEveryAnswer) {
   Verdict v;
   v.reason = "interrupted";
-  EXPECT_EQ(tpn::headline(v), "unknown: interrupted; no bound was completed\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "unknown: interrupted; no bound was completed\n");
   v.bound = 5;
-  EXPECT_EQ(tpn::headline(v), "unknown: interrupted; no run of up to 5 steps reaches it\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)),
+            "unknown: interrupted; no run of up to 5 steps reaches it\n");
   v.answer = Verdict::unreached;
   v.reason = "why";
-  EXPECT_EQ(tpn::headline(v), "no run of up to 5 steps reaches it: why\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "no run of up to 5 steps reaches it: why\n");
   v.answer = Verdict::unreachable;
-  EXPECT_EQ(tpn::headline(v), "unreachable: why\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "unreachable: why\n");
 }
 
 TEST(Bounds, AreThoseThatEndAnAction) {

@@ -1,0 +1,66 @@
+#include "workbench/search/answer.hpp"
+
+namespace tpn {
+
+namespace {
+
+std::string transitions(int count) {
+  return std::to_string(count) + (count == 1 ? " transition" : " transitions");
+}
+
+// The k that zervan needs for runs of so many.
+std::string pathLength(int count) {
+  return " (k = " + std::to_string(boundOf(static_cast<std::size_t>(count))) + ")";
+}
+
+std::string reachableText(const Answer& a) {
+  const int length = static_cast<int>(a.run->steps.size());
+  std::string text = "reachable in " + transitions(length) + pathLength(length) + "\n";
+  for (const auto& [bound, reason] : a.unanswered)
+    text += "k = " + std::to_string(bound) + " was not answered: " + reason + "\n";
+  if (a.shortest) return text;
+  return text + (a.noRunUpTo < 0 ? "a shorter run may exist\n"
+                                 : "none of up to " + std::to_string(a.noRunUpTo) + " does it\n");
+}
+
+std::string undecidedText(const Answer& a) {
+  std::string text = "undecided: " + a.reason;
+  if (a.noRunUpTo >= 0)
+    text += (a.reason.empty() ? "" : "; ") + ("no run of up to " + transitions(a.noRunUpTo)) +
+            pathLength(a.noRunUpTo) + " does it";
+  else if (a.reason.empty())
+    text += "nothing was asked";
+  return text + "\n";
+}
+
+// All lengths below the first bound without an answer have one.
+int answeredBelow(const Verdict& v) {
+  if (v.shortest) return static_cast<int>(v.run->steps.size()) - 1;
+  return v.unanswered.empty() ? -1 : transitionsWithin(v.unanswered.front().bound) - 1;
+}
+
+}  // namespace
+
+Answer answerOf(const Verdict& v) {
+  Answer answer;
+  answer.reason = v.reason;
+  answer.unanswered = v.unanswered;
+  if (v.answer == Verdict::reachable) {
+    answer.kind = Answer::reachable;
+    answer.run = v.run;
+    answer.shortest = v.shortest;
+    answer.noRunUpTo = answeredBelow(v);
+  } else {
+    if (v.answer == Verdict::unreachable) answer.kind = Answer::unreachable;
+    answer.noRunUpTo = transitionsWithin(v.bound);
+  }
+  return answer;
+}
+
+std::string headline(const Answer& a) {
+  if (a.kind == Answer::reachable) return reachableText(a);
+  if (a.kind == Answer::undecided) return undecidedText(a);
+  return "unreachable" + (a.reason.empty() ? "" : ": " + a.reason) + "\n";
+}
+
+}  // namespace tpn
