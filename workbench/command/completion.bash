@@ -4,7 +4,7 @@ _tpn() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
   local options='--help --version'
   if [ "$COMP_CWORD" -eq 1 ]; then
-    mapfile -t COMPREPLY < <(compgen -W "lint show check trace run certify --help --version" -- "$word")
+    mapfile -t COMPREPLY < <(compgen -W "lint show check trace run certify export --help --version" -- "$word")
     return
   fi
   case $before in
@@ -13,7 +13,7 @@ _tpn() {
         compgen -f -- "$word")
       return
       ;;
-    --svg | --vcd | --script)
+    --svg | --vcd | --script | --aiger | --certificate | --witness)
       mapfile -t COMPREPLY < <(compgen -f -- "$word")
       return
       ;;
@@ -29,6 +29,7 @@ _tpn() {
     check) options+=" --max-bound --timeout --solver --jobs --keep --json --svg --vcd" ;;
     trace) options+=" --json --svg --vcd" ;;
     certify) options+=" --deadlock" ;;
+    export) options+=" --deadlock --aiger --certificate --witness" ;;
     run) options+=" --random --steps --script --json --svg --vcd" ;;
   esac
   if [[ $word == -* ]]; then

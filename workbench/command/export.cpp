@@ -10,6 +10,7 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/proof/machinecircuit.hpp"
+#include "workbench/search/proving.hpp"
 
 namespace tpn {
 
@@ -34,12 +35,23 @@ std::string title(const Asked& asked) {
   return asked.net.title + "\nis bad where: " + goal + "\n";
 }
 
-void writeWitness(const Arguments& a, const Asked& asked, const MachineCircuit& machine) {
+// The one that is named, rechecked; or a new one.
+Certificate proofFor(const Arguments& a, const Asked& asked) {
+  if (a.certificate.empty()) {
+    const Proved found = proved(
+        asked.net, asked.goal, [] { return false; }, [](const auto&) {});
+    if (!found.certificate) throw std::runtime_error("there is no proof, hence no witness of it");
+    return *found.certificate;
+  }
   const CertificateFile file = readCertificateFile(a.certificate);
   const Recheck checked = recheck(asked.net, asked.goal, file, {});
   if (checked.result != Recheck::proved)
     throw std::runtime_error(a.certificate + ": " + checked.complaint);
-  const Circuit witness = witnessCircuit(asked.net, machine, flattened(file.proof));
+  return file.proof;
+}
+
+void writeWitness(const Arguments& a, const Asked& asked, const MachineCircuit& machine) {
+  const Circuit witness = witnessCircuit(asked.net, machine, flattened(proofFor(a, asked)));
   writeAiger(a.witness, witness, "WITNESS b0 " + a.aiger + "\n");
 }
 
@@ -72,12 +84,11 @@ Action declare(CLI::App& app) {
   app.add_option("--aiger", a->aiger, "the circuit: text in .aag, bytes in .aig")
       ->required()
       ->check(isAiger);
-  CLI::Option* certificate =
-      app.add_option("--certificate", a->certificate, "a proof, to make a witness of")
-          ->type_name("FILE");
+  CLI::Option* certificate = app.add_option("--certificate", a->certificate,
+                                            "a proof to make the witness of, instead of a new one")
+                                 ->type_name("FILE");
   CLI::Option* witness =
       app.add_option("--witness", a->witness, "the proof as a circuit")->check(isAiger);
-  witness->needs(certificate);
   certificate->needs(witness);
   return [a] { return checkedArguments(*a); };
 }

@@ -17,7 +17,6 @@
 #include "workbench/proof/checker.hpp"
 #include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
-#include "workbench/runs/schedule.hpp"
 
 namespace tpn {
 
@@ -81,13 +80,12 @@ bool runAbc(const Folder& folder, const std::function<bool()>& stop) {
 }
 
 AbcAnswer reached(const Network& net, const Goal& goal, const Folder& folder, std::size_t inputs) {
-  const auto transitions = transitionsOf(net, readChoices(folder.read("run"), inputs));
-  AbcAnswer answer{AbcAnswer::reachable, schedule(net, transitions, transitions.size()), {}, ""};
-  if (!answer.run) throw std::runtime_error("berkeley-abc found transitions that no run has");
-  const std::string complaint = goal.deadlock()
-                                    ? replayToDeadEnd(net, *answer.run).complaint
-                                    : replay(net, *goal.property, *answer.run).complaint;
-  if (!complaint.empty()) throw std::runtime_error("berkeley-abc found no run: " + complaint);
+  AbcAnswer answer{AbcAnswer::reachable, {}, {}, ""};
+  answer.run = runOf(net, readChoices(folder.read("run"), inputs));
+  const Replay checked = goal.deadlock() ? replayToDeadEnd(net, *answer.run)
+                                         : replay(net, *goal.property, *answer.run);
+  if (!checked.complaint.empty())
+    throw std::runtime_error("berkeley-abc found no run: " + checked.complaint);
   return answer;
 }
 

@@ -175,22 +175,25 @@ std::vector<std::size_t> readChoices(const std::string& text, std::size_t inputs
   return choices;
 }
 
-std::vector<std::size_t> transitionsOf(const Network& net,
-                                       const std::vector<std::size_t>& choices) {
+// Each delay is tried before it is believed: the state is kept as it was after the last transition,
+// and how long it has lasted.
+Run runOf(const Network& net, const std::vector<std::size_t>& choices) {
   const Rational unit = unitOfTime(net);
   TimedState state = initialState(net);
-  std::vector<std::size_t> fired;
+  Rational waited = 0;
+  Run run;
   for (const std::size_t choice : choices) {
     if (choice == 0) {
       const std::optional<Rational> longest = longestDelay(net, state);
-      if (longest && *longest < unit) continue;
-      for (Rational& clock : state.clocks) clock = clock + unit;
+      if (!longest || waited + unit <= *longest) waited = waited + unit;
     } else if (choice <= net.transitions.size() &&
-               advance(net, {Rational(0), choice - 1}, state).empty()) {
-      fired.push_back(choice - 1);
+               advance(net, {waited, choice - 1}, state).empty()) {
+      run.steps.push_back({waited, choice - 1});
+      waited = 0;
     }
   }
-  return fired;
+  run.goal = run.steps.size();
+  return run;
 }
 
 }  // namespace tpn

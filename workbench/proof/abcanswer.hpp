@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/proof/machinecircuit.hpp"
+#include "workbench/runs/run.hpp"
 
 namespace tpn {
 
@@ -19,7 +20,8 @@ std::optional<Certificate> readInvariant(const std::string& text, const MachineC
 // which leads on from the bad state. Throws std::runtime_error where it is none.
 std::vector<std::size_t> readChoices(const std::string& text, std::size_t inputs);
 
-// The transitions among them, without the choices that change nothing.
-std::vector<std::size_t> transitionsOf(const Network& net, const std::vector<std::size_t>& choices);
+// The run that they are, without the choices that change nothing and without a delay at the end.
+// Its goal is its last state.
+Run runOf(const Network& net, const std::vector<std::size_t>& choices);
 
 }  // namespace tpn

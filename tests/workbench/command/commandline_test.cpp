@@ -21,7 +21,7 @@ using Json = nlohmann::json;
 TEST_F(Tpn, VersionAndHelpExitWith0) {
   EXPECT_THAT(tpn({"--version"}).out, StartsWith("tpn "));
   EXPECT_EQ(tpn({"--version"}).status, 0);
-  for (const std::string command : {"lint", "show", "check", "trace", "run", "certify"}) {
+  for (const std::string command : {"lint", "show", "check", "trace", "run", "certify", "export"}) {
     const Outcome help = tpn({command, "--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.out, HasSubstr("NET"));

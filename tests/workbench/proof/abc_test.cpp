@@ -58,13 +58,13 @@ void expectSame(const std::string& row, const std::function<bool(int, int)>& out
   ASSERT_TRUE(read);
   for (int a = 0; a <= 100; ++a)
     for (int b = 0; b <= 71; ++b)
-      EXPECT_EQ(states::inside(*read, {{0, 0}, {a, b}}), !outside(a, b)) << a << " " << b;
+      ASSERT_EQ(states::inside(*read, {{0, 0}, {a, b}}), !outside(a, b)) << a << " " << b;
 }
 
 TEST(AbcInvariants, OfBitsAreOfRangesOfClocks) {
   expectSame("-------1------", [](int, int b) { return b % 2 == 1; });
   expectSame("------1-------", [](int a, int) { return a >= 64; });
-  expectSame("---10-0-----1-", [](int a, int b) { return a >= 8 && a < 16 && (b & 32) != 0; });
+  expectSame("---1000-----1-", [](int a, int b) { return a >= 8 && a < 16 && (b & 32) != 0; });
   expectSame("0000000-------", [](int a, int) { return a == 0; });
   expectSame("--------------", [](int, int) { return true; });
 }
@@ -91,8 +91,22 @@ TEST(AbcRuns, AreChoicesLowestBitFirst) {
 
 // Too early, not enabled, no such transition: nothing happens.
 TEST(AbcRuns, LoseWhatChangesNothing) {
-  EXPECT_EQ(transitionsOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3}),
-            (std::vector<std::size_t>{0, 1, 2}));
+  const tpn::Run run = runOf(twoProcesses(), {1, 3, 0, 1, 1, 2, 7, 3, 0, 0, 3, 0});
+  ASSERT_EQ(run.steps.size(), 3U);
+  EXPECT_EQ(run.steps[0].transition, 0U);
+  EXPECT_EQ(run.steps[0].delay, Rational(1));
+  EXPECT_EQ(run.steps[1].transition, 1U);
+  EXPECT_EQ(run.steps[1].delay, Rational(0));
+  EXPECT_EQ(run.steps[2].transition, 2U);
+  EXPECT_EQ(run.steps[2].delay, Rational(2));
+  EXPECT_EQ(run.goal, 3U);
+}
+
+// Time may not pass beyond what the first transition, which has to happen until 2, allows.
+TEST(AbcRuns, WaitOnlyAsLongAsTheyMay) {
+  const tpn::Run run = runOf(twoProcesses(), {0, 0, 0, 0, 1});
+  ASSERT_EQ(run.steps.size(), 1U);
+  EXPECT_EQ(run.steps[0].delay, Rational(2));
 }
 
 }  // namespace
