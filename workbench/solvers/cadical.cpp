@@ -25,7 +25,7 @@ class Cadical final : public Solver, private CaDiCaL::Terminator {
     if (result == 10) return Result::satisfiable;
     return result == 20 ? Result::unsatisfiable : Result::undecided;
   }
-  bool value(int literal) override { return (solver_.val(literal) > 0) == (literal > 0); }
+  bool value(int literal) override { return solver_.val(literal) > 0; }
   bool failed(int literal) override { return solver_.failed(literal); }
   void limit(int conflicts) override { solver_.limit("conflicts", conflicts); }
   void stop(const std::function<bool()>& whether) override {

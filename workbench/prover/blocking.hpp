@@ -1,0 +1,62 @@
+// Relative induction: can a step from a state of a frame outside a cube lead into it? If not, no
+// state of the next frame is in the cube, and as much more as can be had is excluded with it.
+
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "workbench/prover/frames.hpp"
+#include "workbench/prover/steps.hpp"
+
+namespace tpn {
+
+struct ProverStopped {};
+
+class Blocking {
+ public:
+  // Borrows all.
+  Blocking(const Machine& machine, const StateLayout& layout, const Vocabulary& words, Steps& steps,
+           Frames& frames, Solver& solver)
+      : machine_(machine),
+        layout_(layout),
+        words_(words),
+        steps_(steps),
+        frames_(frames),
+        solver_(solver) {}
+
+  struct Predecessor {
+    Cube cube;  // every state of it steps into the cube asked about
+    Way way;
+  };
+
+  // Is there a step from frame level - 1 into the cube, from outside of it? If there is none, the
+  // cube has been reduced to the literals that this takes; it does not contain the initial state,
+  // before or after. Throws ProverStopped.
+  std::optional<Predecessor> intoFrom(Cube& cube, std::size_t level);
+
+  // A larger cube around it for which there is none either.
+  void generalise(Cube& cube, std::size_t level);
+
+  // Has the frame a state in the cube?
+  bool reaches(std::size_t level, const Cube& cube);
+
+  long queries() const { return queries_; }
+
+ private:
+  bool solve();
+  bool excluded(const Cube& cube, std::size_t level, Cube& result);
+  bool tryDropping(Cube& cube, std::size_t i, std::size_t level);
+  bool tryWeaker(Cube& cube, std::size_t i, std::size_t level);
+  void reduce(Cube& cube, const std::vector<int>& kept) const;
+
+  const Machine& machine_;
+  const StateLayout& layout_;
+  const Vocabulary& words_;
+  Steps& steps_;
+  Frames& frames_;
+  Solver& solver_;
+  long queries_ = 0;
+};
+
+}  // namespace tpn

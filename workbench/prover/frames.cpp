@@ -1,0 +1,55 @@
+#include "workbench/prover/frames.hpp"
+
+#include <utility>
+
+namespace tpn {
+
+Frames::Frames(const Vocabulary& words, Orbits orbits, Solver& solver, int firstFree)
+    : words_(words), orbits_(std::move(orbits)), solver_(solver), last_(firstFree - 1) {
+  openTo(0);
+  for (int v = 1; v <= words_.variables(); ++v) {
+    solver_.add(-frame(0));
+    solver_.add(words_.initially(v) ? v : -v);
+    solver_.add(0);
+  }
+}
+
+void Frames::openTo(std::size_t level) {
+  while (levels_.size() <= level) {
+    levels_.push_back(++last_);
+    counts_.push_back(0);
+    // The initial state is not made to obey: it is in every frame, and no clause excludes it.
+    if (levels_.size() > 2) activate(levels_.size() - 2, levels_.back());
+  }
+}
+
+void Frames::activate(std::size_t level, int activator) {
+  solver_.add(-levels_[level]);
+  solver_.add(activator);
+  solver_.add(0);
+}
+
+void Frames::learn(const Cube& cube, std::size_t level) {
+  const auto images = orbits_.of(cube, mostImages);
+  if (!images) throw OrbitTooLarge();
+  const int activator = ++last_;
+  for (const Cube& image : *images) {
+    solver_.add(-activator);
+    for (const int literal : image) solver_.add(-literal);
+    solver_.add(0);
+  }
+  clauses_ += static_cast<long>(images->size());
+  learnt_.push_back({cube, level, activator});
+  ++counts_[level];
+  activate(level, activator);
+}
+
+void Frames::raise(std::size_t learnt, std::size_t level) {
+  Learnt& clause = learnt_[learnt];
+  --counts_[clause.level];
+  clause.level = level;
+  ++counts_[level];
+  activate(level, clause.activator);
+}
+
+}  // namespace tpn

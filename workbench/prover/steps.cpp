@@ -1,0 +1,259 @@
+#include "workbench/prover/steps.hpp"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace tpn {
+
+namespace {
+
+bool contains(const std::vector<int>& literals, int literal) {
+  return std::find(literals.begin(), literals.end(), literal) != literals.end();
+}
+
+const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
+  const auto found = std::find_if(t.moves.begin(), t.moves.end(),
+                                  [&](const Machine::Move& m) { return m.process == process; });
+  return found == t.moves.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
+             std::vector<std::int64_t> delays, Solver& solver, int firstFree)
+    : machine_(machine),
+      layout_(layout),
+      words_(words),
+      solver_(solver),
+      last_(firstFree - 1),
+      firingsOf_(machine.processes.size()) {
+  for (std::size_t t = 0; t < machine.transitions.size(); ++t)
+    if (!machine.transitions[t].hopeless()) addFiring(t);
+  for (const std::int64_t delay : delays) addWaiting(delay);
+  seen_.assign(firings_.size(), 0);
+}
+
+void Steps::addClause(const Clause& clause) {
+  for (const int literal : clause) solver_.add(literal);
+  solver_.add(0);
+}
+
+void Steps::addFiring(std::size_t transition) {
+  const Machine::Transition& t = machine_.transitions[transition];
+  Firing firing{transition, {}, 0};
+  Clause inTime;
+  bool always = !t.latest;
+  for (const auto& [process, source, target] : t.moves) {
+    const std::int64_t cap = machine_.processes[process].locations[source].cap;
+    firing.guard.push_back(layout_.location(process, source));
+    if (t.earliest > 0) firing.guard.push_back(layout_.clock(process, t.earliest));
+    if (t.latest && cap > *t.latest) inTime.push_back(-layout_.clock(process, *t.latest + 1));
+    always = always || (t.latest && cap <= *t.latest);
+    firingsOf_[process].push_back(firings_.size());
+  }
+  if (!always) {
+    firing.inTime = ++last_;
+    inTime.push_back(-firing.inTime);
+    addClause(inTime);
+    firing.guard.push_back(firing.inTime);
+  }
+  firings_.push_back(std::move(firing));
+}
+
+// Not enabled, or one of its clocks so far from the deadline that the delay does not pass it.
+Clause Steps::deadline(const Machine::Transition& t, std::int64_t delay) const {
+  Clause clause;
+  const std::int64_t late = *t.latest - delay + 1;
+  for (const auto& [process, source, target] : t.moves) {
+    clause.push_back(-layout_.location(process, source));
+    if (late >= 1) clause.push_back(-layout_.clock(process, late));
+  }
+  return clause;
+}
+
+void Steps::addWaiting(std::int64_t delay) {
+  Waiting waiting;
+  waiting.delay = delay;
+  waiting.calm = ++last_;
+  for (const Machine::Transition& t : machine_.transitions) {
+    if (!t.latest) continue;
+    Clause clause = deadline(t, delay);
+    clause.push_back(-waiting.calm);
+    addClause(clause);
+  }
+  const auto size = static_cast<std::size_t>(layout_.size()) + 1;
+  waiting.up.assign(size, 0);
+  waiting.down.assign(size, 0);
+  for (std::size_t p = 0; p < machine_.processes.size(); ++p)
+    for (int i = 0; i < layout_.width(p); ++i) {
+      const std::int64_t v = i + 1;
+      const int up = waiting.up[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
+      const int down = waiting.down[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
+      Clause stays{-down};
+      if (v > delay) {
+        addClause({-up, layout_.clock(p, v - delay)});
+        stays.push_back(-layout_.clock(p, v - delay));
+      }
+      for (std::size_t l = 0; l < machine_.processes[p].locations.size(); ++l) {
+        if (machine_.processes[p].locations[l].cap >= v) continue;
+        addClause({-up, -layout_.location(p, l)});
+        stays.push_back(layout_.location(p, l));
+      }
+      addClause(stays);
+    }
+  waitings_.push_back(std::move(waiting));
+}
+
+void Steps::forEach(const Cube& cube, std::vector<int>& kept,
+                    const std::function<bool(const Query&)>& ask) {
+  ++round_;
+  std::size_t last = machine_.processes.size();
+  for (const int literal : cube) {
+    const std::size_t process = words_.meaning(literal).process;
+    if (std::exchange(last, process) == process) continue;
+    for (const std::size_t f : firingsOf_[process])
+      if (std::exchange(seen_[f], round_) != round_ && !askTransition(firings_[f], cube, kept, ask))
+        return;
+  }
+  for (const Waiting& waiting : waitings_)
+    if (!askDelay(waiting, cube, ask)) return;
+}
+
+bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
+                          const std::function<bool(const Query&)>& ask) const {
+  const Machine::Transition& t = machine_.transitions[firing.transition];
+  int violated = 0;
+  bool outside = false;
+  std::vector<int> residual;
+  Query query{{firing.transition, 0}, firing.guard, {}, 0};
+  for (const int literal : cube) {
+    const Meaning& m = words_.meaning(literal);
+    const Machine::Move* const move = moveOf(t, m.process);
+    if (move == nullptr) {
+      query.literals.emplace_back(literal, literal);
+    } else if (!words_.holdsOnArrival(literal, move->target)) {
+      if (contains(kept, literal)) return true;
+      violated = literal;
+    } else if (!m.isClock) {
+      outside = outside || (static_cast<std::size_t>(m.value) == move->source) != (literal > 0);
+    } else if (t.earliest >= m.value) {
+      outside = true;
+    } else if (machine_.processes[m.process].locations[move->source].cap >= m.value) {
+      residual.push_back(-literal);
+    }
+  }
+  if (violated != 0) {
+    kept.push_back(violated);
+    return true;
+  }
+  if (outside) return ask(query);
+  for (const int literal : residual) {
+    query.outside = literal;
+    if (!ask(query)) return false;
+  }
+  return true;
+}
+
+bool Steps::askDelay(const Waiting& waiting, const Cube& cube,
+                     const std::function<bool(const Query&)>& ask) const {
+  Query query{{0, waiting.delay}, {waiting.calm}, {}, 0};
+  for (const int literal : cube) {
+    const auto variable = static_cast<std::size_t>(std::abs(literal));
+    const bool isClock = words_.meaning(literal).isClock;
+    query.literals.emplace_back(!isClock      ? literal
+                                : literal > 0 ? waiting.up[variable]
+                                              : waiting.down[variable],
+                                literal);
+  }
+  for (const int literal : cube) {
+    if (literal < 0 || !words_.meaning(literal).isClock) continue;
+    query.outside = -literal;
+    if (!ask(query)) return false;
+  }
+  return true;
+}
+
+Cube Steps::before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const {
+  return words_.normal(way.isDelay() ? beforeDelay(cube, way.delay, state)
+                                     : beforeTransition(cube, way.transition, state));
+}
+
+Cube Steps::beforeTransition(const Cube& cube, std::size_t transition,
+                             const std::function<bool(int)>& state) const {
+  const Machine::Transition& t = machine_.transitions[transition];
+  Cube result;
+  for (const int literal : cube)
+    if (moveOf(t, words_.meaning(literal).process) == nullptr) result.push_back(literal);
+  int inTime = 0;
+  bool always = !t.latest;
+  for (const auto& [process, source, target] : t.moves) {
+    result.push_back(layout_.location(process, source));
+    if (t.earliest > 0) result.push_back(layout_.clock(process, t.earliest));
+    if (!t.latest) continue;
+    if (machine_.processes[process].locations[source].cap <= *t.latest) {
+      always = true;
+    } else if (state(-layout_.clock(process, *t.latest + 1))) {
+      inTime = -layout_.clock(process, *t.latest + 1);
+    }
+  }
+  assert(always || inTime != 0);
+  if (!always) result.push_back(inTime);
+  return result;
+}
+
+int Steps::currentLocation(std::size_t process, const std::function<bool(int)>& state) const {
+  for (std::size_t l = 0; l < machine_.processes[process].locations.size(); ++l)
+    if (state(layout_.location(process, l))) return layout_.location(process, l);
+  assert(false && "a process is somewhere");
+  return 0;
+}
+
+Cube Steps::beforeDelay(const Cube& cube, std::int64_t delay,
+                        const std::function<bool(int)>& state) const {
+  Cube result;
+  for (const int literal : cube) {
+    const Meaning& m = words_.meaning(literal);
+    const bool shifts = m.value > delay;
+    if (!m.isClock) {
+      result.push_back(literal);
+    } else if (literal > 0) {
+      if (shifts) result.push_back(layout_.clock(m.process, m.value - delay));
+      const auto& locations = machine_.processes[m.process].locations;
+      for (std::size_t l = 0; l < locations.size(); ++l)
+        if (locations[l].cap < m.value && locations[l].cap >= m.value - delay)
+          result.push_back(-layout_.location(m.process, l));
+    } else if (shifts && state(-layout_.clock(m.process, m.value - delay))) {
+      result.push_back(-layout_.clock(m.process, m.value - delay));
+    } else {
+      result.push_back(currentLocation(m.process, state));
+    }
+  }
+  for (const Machine::Transition& t : machine_.transitions)
+    if (t.latest) addReason(t, delay, state, result);
+  return result;
+}
+
+// Why this deadline does not stop the delay: a literal that is there already, or one more. A
+// transition of which a process is elsewhere, rather than a clock.
+void Steps::addReason(const Machine::Transition& t, std::int64_t delay,
+                      const std::function<bool(int)>& state, Cube& cube) const {
+  int reason = 0;
+  for (const int literal : deadline(t, delay)) {
+    if (!state(literal)) continue;
+    const Meaning& m = words_.meaning(literal);
+    for (const int there : cube) {
+      const Meaning& n = words_.meaning(there);
+      if (n.process != m.process || n.isClock != m.isClock) continue;
+      // There: the same, another location, or a lower bound from above.
+      if (there == literal || (!m.isClock && there > 0 && n.value != m.value) ||
+          (m.isClock && there < 0 && n.value <= m.value))
+        return;
+    }
+    if (reason == 0 || words_.meaning(reason).isClock) reason = literal;
+  }
+  assert(reason != 0);
+  cube.push_back(reason);
+}
+
+}  // namespace tpn

@@ -1,0 +1,101 @@
+// The steps of the machine backwards, exactly: which states lead into a cube in one step, as
+// literals that are assumed. No copy of the state for "after the step" is needed.
+//
+// - A transition leads into a cube if the cube's literals about the processes that it moves hold in
+//   their targets with clocks at 0. Then the states from which it does are those where it may fire
+//   and where the cube's other literals hold.
+// - A delay leaves locations alone and moves clocks up to their caps. What is at least v after it
+// is
+//   at least v less the delay before it, in a location whose cap is v or more: a few auxiliary
+//   variables say so, and one that no deadline is in the way.
+//
+// That the state before is outside the cube, as relative induction asks, is one literal as well:
+// a literal of the cube that the step makes true. Where several may be, they are asked in turn. So
+// a query is assumptions alone, and leaves nothing behind.
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "workbench/prover/cube.hpp"
+#include "workbench/solvers/solver.hpp"
+
+namespace tpn {
+
+// One way into a cube: a transition, or a delay of so many units.
+struct Way {
+  std::size_t transition = 0;
+  std::int64_t delay = 0;  // 0: the transition
+
+  bool isDelay() const { return delay > 0; }
+};
+
+// What is assumed of the state before.
+struct Query {
+  Way way;
+  std::vector<int> fixed;                     // the step's own conditions
+  std::vector<std::pair<int, int>> literals;  // what is assumed, and the cube's literal it is for
+  int outside = 0;  // holds before and says that the cube does not; 0: the step's conditions say so
+};
+
+class Steps {
+ public:
+  // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
+  Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
+        std::vector<std::int64_t> delays, Solver& solver, int firstFree);
+
+  int variables() const { return last_; }
+
+  // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
+  // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
+  // of its literals, such a literal.
+  void forEach(const Cube& cube, std::vector<int>& kept,
+               const std::function<bool(const Query&)>& ask);
+
+  // All states that step into the cube as this one does: `state` tells each variable's value.
+  Cube before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const;
+
+ private:
+  struct Firing {  // of a transition that can fire at all
+    std::size_t transition = 0;
+    std::vector<int> guard;  // literals
+    int inTime = 0;          // auxiliary: one clock is not past the latest; 0: always so
+  };
+  struct Waiting {  // of one delay
+    std::int64_t delay = 0;
+    int calm = 0;
+    std::vector<int> up;    // [clock variable - first]: at least v after the delay
+    std::vector<int> down;  // less than v
+  };
+
+  void addFiring(std::size_t transition);
+  void addWaiting(std::int64_t delay);
+  void addClause(const Clause& clause);
+  Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
+  bool askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
+                     const std::function<bool(const Query&)>& ask) const;
+  bool askDelay(const Waiting& waiting, const Cube& cube,
+                const std::function<bool(const Query&)>& ask) const;
+  Cube beforeTransition(const Cube& cube, std::size_t transition,
+                        const std::function<bool(int)>& state) const;
+  Cube beforeDelay(const Cube& cube, std::int64_t delay,
+                   const std::function<bool(int)>& state) const;
+  int currentLocation(std::size_t process, const std::function<bool(int)>& state) const;
+  void addReason(const Machine::Transition& t, std::int64_t delay,
+                 const std::function<bool(int)>& state, Cube& cube) const;
+
+  const Machine& machine_;
+  const StateLayout& layout_;
+  const Vocabulary& words_;
+  Solver& solver_;
+  int last_;
+  std::vector<Firing> firings_;
+  std::vector<std::vector<std::size_t>> firingsOf_;  // [process]: indices into firings_
+  std::vector<Waiting> waitings_;
+  std::vector<std::size_t> seen_;  // [firing]: the round in which it was looked at
+  std::size_t round_ = 0;
+};
+
+}  // namespace tpn
