@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "workbench/prover/cube.hpp"
-#include "workbench/prover/symmetry.hpp"
+#include "workbench/prover/orbits.hpp"
 #include "workbench/solvers/solver.hpp"
 
 namespace tpn {

@@ -11,7 +11,7 @@
 #include "workbench/machine/goal.hpp"
 #include "workbench/machine/machine.hpp"
 #include "workbench/prover/cube.hpp"
-#include "workbench/prover/symmetry.hpp"
+#include "workbench/prover/orbits.hpp"
 
 namespace tpn {
 

@@ -1,4 +1,4 @@
-// Symmetries of the machine as permutations of a state's variables, and the orbits of cubes.
+// The orbits of cubes under permutations of a state's variables.
 
 #pragma once
 
@@ -15,7 +15,7 @@ class Orbits {
   using Permutation = std::vector<int>;  // [variable]: its image
 
   Orbits() = default;
-  explicit Orbits(std::vector<Permutation> generators) : generators_(std::move(generators)) {}
+  explicit Orbits(std::vector<Permutation> generators);
 
   bool trivial() const { return generators_.empty(); }
 
@@ -24,6 +24,7 @@ class Orbits {
 
  private:
   std::vector<Permutation> generators_;
+  std::vector<std::vector<std::size_t>> movers_;  // [variable]: the generators that move it
 };
 
 }  // namespace tpn

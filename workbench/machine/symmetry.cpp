@@ -1,0 +1,180 @@
+#include "workbench/machine/symmetry.hpp"
+
+#include <algorithm>
+#include <bliss/graph.hh>
+#include <map>
+#include <tuple>
+#include <utility>
+
+namespace tpn {
+
+namespace {
+
+using Interval = std::pair<std::int64_t, std::optional<std::int64_t>>;
+using Moves = std::vector<std::tuple<std::size_t, std::size_t, std::size_t>>;
+using Shape = std::pair<Interval, Moves>;  // of a transition; moves by process
+
+Shape shapeOf(const Machine::Transition& t) {
+  Shape shape{{t.earliest, t.latest}, {}};
+  for (const auto& [process, source, target] : t.moves)
+    shape.second.emplace_back(process, source, target);
+  return shape;
+}
+
+Shape imageOf(const Machine::Transition& t, const Symmetry& s) {
+  Shape shape{{t.earliest, t.latest}, {}};
+  for (const auto& [process, source, target] : t.moves)
+    shape.second.emplace_back(s.process[process], s.ranks[process][source],
+                              s.ranks[process][target]);
+  std::sort(shape.second.begin(), shape.second.end());
+  return shape;
+}
+
+// The graph: a vertex a process, a location, a transition, and two a move, its source side and its
+// target side. process - location, transition - source side, source side - source, source side -
+// target side, target side - target.
+class SymmetryGraph {
+ public:
+  explicit SymmetryGraph(const Machine& machine) : machine_(machine) {
+    for (const Machine::Process& process : machine.processes) addProcess(process);
+    for (const Machine::Transition& t : machine.transitions) addTransition(t);
+  }
+
+  std::vector<Symmetry> generators() {
+    bliss::Stats stats;
+    graph_.find_automorphisms(stats, take, this);
+    return std::move(found_);
+  }
+
+ private:
+  enum Colour : unsigned { ofProcess, ofLocation, ofInitial, sourceSide, targetSide, transitions };
+
+  void addProcess(const Machine::Process& p) {
+    const unsigned vertex = graph_.add_vertex(ofProcess);
+    processes_.push_back(vertex);
+    locations_.push_back(vertex + 1);
+    for (std::size_t l = 0; l < p.locations.size(); ++l)
+      graph_.add_edge(vertex, graph_.add_vertex(l == p.initial ? ofInitial : ofLocation));
+  }
+
+  void addTransition(const Machine::Transition& t) {
+    const auto colour = colours_.emplace(Interval{t.earliest, t.latest},
+                                         transitions + static_cast<unsigned>(colours_.size()));
+    const unsigned vertex = graph_.add_vertex(colour.first->second);
+    for (const auto& [p, source, target] : t.moves) {
+      const unsigned from = graph_.add_vertex(sourceSide);
+      const unsigned to = graph_.add_vertex(targetSide);
+      graph_.add_edge(vertex, from);
+      graph_.add_edge(from, to);
+      graph_.add_edge(from, locations_[p] + static_cast<unsigned>(source));
+      graph_.add_edge(to, locations_[p] + static_cast<unsigned>(target));
+    }
+  }
+
+  static void take(void* self, unsigned /*count*/, const unsigned* image) {
+    static_cast<SymmetryGraph*>(self)->add(image);
+  }
+
+  void add(const unsigned* image) {
+    Symmetry s;
+    for (std::size_t p = 0; p < processes_.size(); ++p) {
+      const auto q = std::lower_bound(processes_.begin(), processes_.end(), image[processes_[p]]);
+      s.process.push_back(static_cast<std::size_t>(q - processes_.begin()));
+      s.ranks.emplace_back();
+      const unsigned first = locations_[s.process.back()];
+      for (std::size_t l = 0; l < machine_.processes[p].locations.size(); ++l)
+        s.ranks.back().push_back(image[locations_[p] + static_cast<unsigned>(l)] - first);
+    }
+    found_.push_back(std::move(s));
+  }
+
+  const Machine& machine_;
+  bliss::Graph graph_;
+  std::vector<unsigned> processes_;
+  std::vector<unsigned> locations_;  // [process]: the first one's vertex
+  std::map<Interval, unsigned> colours_;
+  std::vector<Symmetry> found_;
+};
+
+std::size_t vertices(const Machine& machine) {
+  std::size_t count = machine.transitions.size();
+  for (const Machine::Process& process : machine.processes) count += 1 + process.locations.size();
+  for (const Machine::Transition& t : machine.transitions) count += 2 * t.moves.size();
+  return count;
+}
+
+// Is it a permutation of the numbers below `size`?
+bool permutes(std::vector<std::size_t> images, std::size_t size) {
+  std::sort(images.begin(), images.end());
+  for (std::size_t i = 0; i < images.size(); ++i)
+    if (images[i] != i) return false;
+  return images.size() == size;
+}
+
+bool mapsProcesses(const Machine& machine, const Symmetry& s) {
+  if (!permutes(s.process, machine.processes.size())) return false;
+  for (std::size_t p = 0; p < machine.processes.size(); ++p) {
+    const Machine::Process& from = machine.processes[p];
+    const Machine::Process& to = machine.processes[s.process[p]];
+    if (from.locations.size() != to.locations.size() ||
+        !permutes(s.ranks[p], from.locations.size()) || s.ranks[p][from.initial] != to.initial)
+      return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool isSymmetry(const Machine& machine, const Symmetry& symmetry) {
+  if (symmetry.process.size() != machine.processes.size() ||
+      symmetry.ranks.size() != machine.processes.size() || !mapsProcesses(machine, symmetry))
+    return false;
+  // Only transitions that it changes at all: the others are their own images.
+  std::vector<Shape> from;
+  std::vector<Shape> to;
+  for (const Machine::Transition& t : machine.transitions) {
+    const bool changes = std::any_of(t.moves.begin(), t.moves.end(), [&](const Machine::Move& m) {
+      return symmetry.process[m.process] != m.process ||
+             symmetry.ranks[m.process][m.source] != m.source ||
+             symmetry.ranks[m.process][m.target] != m.target;
+    });
+    if (!changes) continue;
+    from.push_back(shapeOf(t));
+    to.push_back(imageOf(t, symmetry));
+  }
+  std::sort(from.begin(), from.end());
+  std::sort(to.begin(), to.end());
+  return from == to;
+}
+
+std::vector<Symmetry> symmetries(const Machine& machine, std::size_t mostVertices) {
+  if (vertices(machine) > mostVertices) return {};
+  std::vector<Symmetry> found = SymmetryGraph(machine).generators();
+  std::erase_if(found, [&](const Symmetry& s) { return !isSymmetry(machine, s); });
+  // Transitions that are alike may be swapped, and nothing else: that is none of the states'.
+  Symmetry same;
+  for (std::size_t p = 0; p < machine.processes.size(); ++p) {
+    same.process.push_back(p);
+    same.ranks.emplace_back();
+    for (std::size_t l = 0; l < machine.processes[p].locations.size(); ++l)
+      same.ranks.back().push_back(l);
+  }
+  std::erase(found, same);
+  return found;
+}
+
+std::vector<int> permutationOf(const Machine& machine, const StateLayout& layout,
+                               const Symmetry& symmetry) {
+  std::vector<int> images(static_cast<std::size_t>(layout.size()) + 1, 0);
+  for (std::size_t p = 0; p < machine.processes.size(); ++p) {
+    const std::size_t q = symmetry.process[p];
+    for (std::size_t l = 0; l < machine.processes[p].locations.size(); ++l)
+      images[static_cast<std::size_t>(layout.location(p, l))] =
+          layout.location(q, symmetry.ranks[p][l]);
+    for (int c = 0; c < layout.width(p); ++c)
+      images[static_cast<std::size_t>(layout.clockAt(p, c))] = layout.clockAt(q, c);
+  }
+  return images;
+}
+
+}  // namespace tpn
