@@ -27,25 +27,98 @@ bool Blocking::reaches(std::size_t level, const Cube& cube) {
 }
 
 std::optional<Blocking::Predecessor> Blocking::intoFrom(Cube& cube, std::size_t level) {
-  assert(level > 0 && !words_.holdsInitially(cube));
-  std::vector<int> kept;
   std::optional<Predecessor> found;
-  steps_.forEach(cube, kept, [&](const Query& query) {
-    solver_.assume(frames_.frame(level - 1));
-    for (const int literal : query.fixed) solver_.assume(literal);
-    for (const auto& [assumed, literal] : query.literals) solver_.assume(assumed);
-    if (query.outside != 0) solver_.assume(query.outside);
-    if (solve()) {
-      const auto state = [this](int literal) { return solver_.value(literal); };
-      found = Predecessor{steps_.before(cube, query.way, state), query.way};
-      return false;
-    }
-    for (const auto& [assumed, literal] : query.literals)
-      if (solver_.failed(assumed) && !contains(kept, literal)) kept.push_back(literal);
-    return true;
-  });
-  if (!found) reduce(cube, kept);
+  keepOut(cube, level, cube.size(), found);
   return found;
+}
+
+bool Blocking::keepOut(Cube& cube, std::size_t level, std::size_t most,
+                       std::optional<Predecessor>& found) {
+  assert(level > 0 && !words_.holdsInitially(cube));
+  Cube part{seed(cube)};
+  while (part.size() <= most) {
+    Pass pass{cube, part, level, {}, {}, {}};
+    steps_.forEach(part, pass.kept, [&](const Query& query) { return ask(query, pass); });
+    found = pass.found;
+    if (found) return false;
+    if (pass.added.empty()) {
+      cube = part;
+      reduce(cube, pass.kept);
+      return true;
+    }
+    Cube more;
+    for (const int literal : cube)
+      if (contains(part, literal) || contains(pass.added, literal)) more.push_back(literal);
+    part = std::move(more);
+  }
+  return false;
+}
+
+// Where the part does not keep a step out, the whole cube may: with what of it that takes.
+bool Blocking::ask(const Query& query, Pass& pass) {
+  assume(query, pass);
+  if (!solve()) {
+    for (const auto& [assumed, literal] : query.literals)
+      if (solver_.failed(assumed) && !contains(pass.kept, literal)) pass.kept.push_back(literal);
+    return true;
+  }
+  std::vector<std::pair<int, int>> rest;
+  for (const int literal : pass.cube) {
+    if (contains(pass.part, literal)) continue;
+    const Steps::Carried carried = steps_.carried(literal, query.way);
+    if (!carried.decided) {
+      rest.emplace_back(carried.assumed, literal);
+    } else if (!carried.value) {
+      pass.added.push_back(literal);
+      return true;
+    }
+  }
+  if (!rest.empty()) {
+    assume(query, pass);
+    for (const auto& [assumed, literal] : rest)
+      if (contains(pass.added, literal)) solver_.assume(assumed);
+    for (const auto& [assumed, literal] : rest)
+      if (!contains(pass.added, literal)) solver_.assume(assumed);
+    if (!solve()) {
+      for (const auto& [assumed, literal] : rest)
+        if (solver_.failed(assumed)) pass.added.push_back(literal);
+      return true;
+    }
+  }
+  const auto state = [this](int literal) { return solver_.value(literal); };
+  pass.found = Predecessor{steps_.before(pass.cube, query.way, state), query.way};
+  return false;
+}
+
+void Blocking::assume(const Query& query, const Pass& pass) {
+  solver_.assume(frames_.frame(pass.level - 1));
+  for (const int literal : query.fixed) solver_.assume(literal);
+  if (query.outside != 0) solver_.assume(query.outside);
+  // Those that are needed already come first, so that others are not blamed in their place.
+  for (const auto& [assumed, literal] : query.literals)
+    if (contains(pass.kept, literal)) solver_.assume(assumed);
+  for (const auto& [assumed, literal] : query.literals)
+    if (!contains(pass.kept, literal)) solver_.assume(assumed);
+}
+
+// A literal that keeps the initial state out, and that few transitions make true.
+int Blocking::seed(const Cube& cube) const {
+  int best = 0;
+  std::size_t fewest = 0;
+  for (const int literal : cube) {
+    if (words_.initially(literal)) continue;
+    const Meaning& m = words_.meaning(literal);
+    const Machine::Process& process = machine_.processes[m.process];
+    const bool at = !m.isClock && literal > 0;
+    const std::size_t ways =
+        at ? process.locations[static_cast<std::size_t>(m.value)].entering.size()
+           : process.movers.size();
+    if (best == 0 || ways < fewest) {
+      best = literal;
+      fewest = ways;
+    }
+  }
+  return best;
 }
 
 void Blocking::reduce(Cube& cube, const std::vector<int>& kept) const {
@@ -60,18 +133,17 @@ void Blocking::reduce(Cube& cube, const std::vector<int>& kept) const {
   cube = words_.normal(rest);
 }
 
-bool Blocking::excluded(const Cube& cube, std::size_t level, Cube& result) {
-  if (words_.holdsInitially(cube)) return false;
-  Cube smaller = cube;
-  if (intoFrom(smaller, level)) return false;
-  result = smaller;
+bool Blocking::excluded(Cube cube, std::size_t level, std::size_t most, Cube& result) {
+  std::optional<Predecessor> found;
+  if (words_.holdsInitially(cube) || !keepOut(cube, level, most, found)) return false;
+  result = std::move(cube);
   return true;
 }
 
 bool Blocking::tryDropping(Cube& cube, std::size_t i, std::size_t level) {
   Cube rest = cube;
   rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(i));
-  return excluded(rest, level, cube);
+  return excluded(rest, level, rest.size(), cube);
 }
 
 // A location as the negation of all others, of which not all may be needed; a bound on a clock one
@@ -86,7 +158,7 @@ bool Blocking::tryWeaker(Cube& cube, std::size_t i, std::size_t level) {
     if (further < 1 || further > layout_.width(m.process)) return false;
     const int weaker = layout_.clock(m.process, further);
     rest.push_back(literal > 0 ? weaker : -weaker);
-    return excluded(words_.normal(rest), level, cube);
+    return excluded(words_.normal(rest), level, cube.size(), cube);
   }
   const std::size_t locations = machine_.processes[m.process].locations.size();
   if (literal < 0 || locations < 3) return false;
@@ -94,7 +166,8 @@ bool Blocking::tryWeaker(Cube& cube, std::size_t i, std::size_t level) {
     if (static_cast<std::int64_t>(l) != m.value) rest.push_back(-layout_.location(m.process, l));
   const Cube before = words_.normal(rest);
   Cube after;
-  return excluded(before, level, after) && after.size() < before.size() && (cube = after, true);
+  const std::size_t most = cube.size() + (locations <= 8 ? locations - 3 : 2);
+  return excluded(before, level, most, after) && (cube = after, true);
 }
 
 void Blocking::generalise(Cube& cube, std::size_t level) {

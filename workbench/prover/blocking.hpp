@@ -44,8 +44,23 @@ class Blocking {
   long queries() const { return queries_; }
 
  private:
+  // One round of questions about a part of a cube.
+  struct Pass {
+    const Cube& cube;
+    const Cube& part;
+    std::size_t level;
+    std::vector<int> kept;   // of the part: what keeps steps out
+    std::vector<int> added;  // of the rest: what would
+    std::optional<Predecessor> found;
+  };
+
+  bool ask(const Query& query, Pass& pass);
+  void assume(const Query& query, const Pass& pass);
+  int seed(const Cube& cube) const;
   bool solve();
-  bool excluded(const Cube& cube, std::size_t level, Cube& result);
+  // Looks for a part of the cube, of at most so many literals, that no step leads into.
+  bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
+  bool excluded(Cube cube, std::size_t level, std::size_t most, Cube& result);
   bool tryDropping(Cube& cube, std::size_t i, std::size_t level);
   bool tryWeaker(Cube& cube, std::size_t i, std::size_t level);
   void reduce(Cube& cube, const std::vector<int>& kept) const;

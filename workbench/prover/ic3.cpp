@@ -34,7 +34,7 @@ class Prover {
         solver_(makeCadical(Use::manyShortSearches)),
         stateSize_(layout.size()),
         goal_(addFacts(machine, layout, options, goal)),
-        steps_(machine, layout, words_, options.delays, *solver_,
+        steps_(machine, layout, words_, options.delays, orbits, *solver_,
                stateSize_ + options.helpers + goal.helpers + 1),
         frames_(words_, orbits, *solver_, steps_.variables() + 1),
         blocking_(machine, layout, words_, steps_, frames_, *solver_),

@@ -17,6 +17,7 @@ class Orbits {
   Orbits() = default;
   explicit Orbits(std::vector<Permutation> generators);
 
+  const std::vector<Permutation>& generators() const { return generators_; }
   bool trivial() const { return generators_.empty(); }
 
   // All images of a cube, itself first; nothing where they are more than `most`.

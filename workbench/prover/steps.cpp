@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cassert>
+#include <map>
+#include <optional>
 #include <utility>
 
 namespace tpn {
@@ -21,7 +23,7 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }  // namespace
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, Solver& solver, int firstFree)
+             std::vector<std::int64_t> delays, const Orbits& orbits, Solver& solver, int firstFree)
     : machine_(machine),
       layout_(layout),
       words_(words),
@@ -32,6 +34,23 @@ Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary
     if (!machine.transitions[t].hopeless()) addFiring(t);
   for (const std::int64_t delay : delays) addWaiting(delay);
   seen_.assign(firings_.size(), 0);
+  likeness_ = Likeness(orbits.generators(), shapes());
+}
+
+std::vector<Likeness::Shape> Steps::shapes() const {
+  std::map<std::pair<std::int64_t, std::optional<std::int64_t>>, int> intervals;
+  std::vector<Likeness::Shape> result;
+  for (const Firing& firing : firings_) {
+    const Machine::Transition& t = machine_.transitions[firing.transition];
+    const int count = static_cast<int>(intervals.size());
+    Likeness::Shape shape{intervals.try_emplace({t.earliest, t.latest}, count).first->second};
+    for (const auto& [process, source, target] : t.moves) {
+      shape.push_back(layout_.location(process, source));
+      shape.push_back(layout_.location(process, target));
+    }
+    result.push_back(std::move(shape));
+  }
+  return result;
 }
 
 void Steps::addClause(const Clause& clause) {
@@ -108,12 +127,14 @@ void Steps::addWaiting(std::int64_t delay) {
 void Steps::forEach(const Cube& cube, std::vector<int>& kept,
                     const std::function<bool(const Query&)>& ask) {
   ++round_;
+  likeness_.attend(cube);
   std::size_t last = machine_.processes.size();
   for (const int literal : cube) {
     const std::size_t process = words_.meaning(literal).process;
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
-      if (std::exchange(seen_[f], round_) != round_ && !askTransition(firings_[f], cube, kept, ask))
+      if (std::exchange(seen_[f], round_) != round_ && likeness_.representative(f) == f &&
+          !askTransition(firings_[f], cube, kept, ask))
         return;
   }
   for (const Waiting& waiting : waitings_)
@@ -155,17 +176,28 @@ bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<in
   return true;
 }
 
+int Steps::carried(int literal, const Waiting& waiting) const {
+  if (!words_.meaning(literal).isClock) return literal;
+  return literal > 0 ? waiting.up[static_cast<std::size_t>(literal)]
+                     : waiting.down[static_cast<std::size_t>(-literal)];
+}
+
+Steps::Carried Steps::carried(int literal, const Way& way) const {
+  if (way.isDelay()) {
+    const auto waiting = std::find_if(waitings_.begin(), waitings_.end(),
+                                      [&](const Waiting& w) { return w.delay == way.delay; });
+    return {carried(literal, *waiting)};
+  }
+  const Machine::Move* const move =
+      moveOf(machine_.transitions[way.transition], words_.meaning(literal).process);
+  if (move == nullptr) return {literal};
+  return {0, true, words_.holdsOnArrival(literal, move->target)};
+}
+
 bool Steps::askDelay(const Waiting& waiting, const Cube& cube,
                      const std::function<bool(const Query&)>& ask) const {
   Query query{{0, waiting.delay}, {waiting.calm}, {}, 0};
-  for (const int literal : cube) {
-    const auto variable = static_cast<std::size_t>(std::abs(literal));
-    const bool isClock = words_.meaning(literal).isClock;
-    query.literals.emplace_back(!isClock      ? literal
-                                : literal > 0 ? waiting.up[variable]
-                                              : waiting.down[variable],
-                                literal);
-  }
+  for (const int literal : cube) query.literals.emplace_back(carried(literal, waiting), literal);
   for (const int literal : cube) {
     if (literal < 0 || !words_.meaning(literal).isClock) continue;
     query.outside = -literal;

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "workbench/prover/cube.hpp"
+#include "workbench/prover/likeness.hpp"
 #include "workbench/solvers/solver.hpp"
 
 namespace tpn {
@@ -44,7 +45,7 @@ class Steps {
  public:
   // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, Solver& solver, int firstFree);
+        std::vector<std::int64_t> delays, const Orbits& orbits, Solver& solver, int firstFree);
 
   int variables() const { return last_; }
 
@@ -53,6 +54,15 @@ class Steps {
   // of its literals, such a literal.
   void forEach(const Cube& cube, std::vector<int>& kept,
                const std::function<bool(const Query&)>& ask);
+
+  // What a literal after the step says of the state before: the literal to assume; none where the
+  // step decides it.
+  struct Carried {
+    int assumed = 0;
+    bool decided = false;
+    bool value = true;  // where it is decided
+  };
+  Carried carried(int literal, const Way& way) const;
 
   // All states that step into the cube as this one does: `state` tells each variable's value.
   Cube before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const;
@@ -71,7 +81,9 @@ class Steps {
   };
 
   void addFiring(std::size_t transition);
+  std::vector<Likeness::Shape> shapes() const;
   void addWaiting(std::int64_t delay);
+  int carried(int literal, const Waiting& waiting) const;
   void addClause(const Clause& clause);
   Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
   bool askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
@@ -94,6 +106,7 @@ class Steps {
   std::vector<Firing> firings_;
   std::vector<std::vector<std::size_t>> firingsOf_;  // [process]: indices into firings_
   std::vector<Waiting> waitings_;
+  Likeness likeness_;              // of firings
   std::vector<std::size_t> seen_;  // [firing]: the round in which it was looked at
   std::size_t round_ = 0;
 };
