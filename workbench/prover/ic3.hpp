@@ -19,6 +19,7 @@ struct ProverProgress {
   std::size_t frame = 0;  // the last one
   std::size_t clauses = 0;
   std::size_t obligations = 0;
+  long queries = 0;
 };
 
 struct ProverResult {
