@@ -185,7 +185,8 @@ class Prover {
   }
 
   void tell(std::size_t level) {
-    if (report_) report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
+    if (report_)
+      report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
   Vocabulary words_;

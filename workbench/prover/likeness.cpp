@@ -111,9 +111,10 @@ Likeness::Shape Likeness::image(const Swap& swap, const Shape& shape) const {
 void Likeness::spread(std::size_t transition) {
   representatives_[transition] = {round_, transition};
   const Shape& shape = shapes_[transition];
+  tried_.assign(swaps_.size(), shapes_.size());
   for (std::size_t i = 1; i < shape.size(); ++i)
     for (const std::size_t s : movers_[static_cast<std::size_t>(shape[i])]) {
-      if (barred_[s] == round_) continue;
+      if (barred_[s] == round_ || std::exchange(tried_[s], transition) == transition) continue;
       const auto other = byShape_.find(image(swaps_[s], shape));
       if (other != byShape_.end() && representatives_[other->second].first != round_)
         representatives_[other->second] = {round_, transition};

@@ -42,8 +42,11 @@ class Likeness {
   struct Hash {
     std::size_t operator()(const Shape& shape) const {
       std::uint64_t h = 0;
-      for (const int part : shape) h = (h ^ static_cast<std::uint32_t>(part)) * 0x9E3779B97F4A7C15U;
-      return static_cast<std::size_t>(h ^ h >> 32U);
+      for (const int part : shape) {
+        h = (h ^ static_cast<std::uint32_t>(part)) * 0x9E3779B97F4A7C15U;
+        h ^= h >> 32U;
+      }
+      return static_cast<std::size_t>(h);
     }
   };
 
@@ -62,6 +65,7 @@ class Likeness {
   std::vector<bool> attended_;  // [variable]
   std::vector<int> attending_;  // those that are attended
   std::size_t round_ = 0;
+  std::vector<std::size_t> tried_;                                    // [swap]: on which transition
   std::vector<std::size_t> barred_;                                   // [swap]: in which round
   std::vector<std::pair<std::size_t, std::size_t>> representatives_;  // [transition]: round, which
 };

@@ -133,27 +133,24 @@ void Steps::forEach(const Cube& cube, std::vector<int>& kept,
     const std::size_t process = words_.meaning(literal).process;
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
-      if (std::exchange(seen_[f], round_) != round_ && likeness_.representative(f) == f &&
-          !askTransition(firings_[f], cube, kept, ask))
-        return;
+      if (std::exchange(seen_[f], round_) != round_ && !askTransition(f, cube, kept, ask)) return;
   }
   for (const Waiting& waiting : waitings_)
     if (!askDelay(waiting, cube, ask)) return;
 }
 
-bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
-                          const std::function<bool(const Query&)>& ask) const {
+bool Steps::askTransition(std::size_t index, const Cube& cube, std::vector<int>& kept,
+                          const std::function<bool(const Query&)>& ask) {
+  const Firing& firing = firings_[index];
   const Machine::Transition& t = machine_.transitions[firing.transition];
   int violated = 0;
   bool outside = false;
   std::vector<int> residual;
-  Query query{{firing.transition, 0}, firing.guard, {}, 0};
   for (const int literal : cube) {
     const Meaning& m = words_.meaning(literal);
     const Machine::Move* const move = moveOf(t, m.process);
-    if (move == nullptr) {
-      query.literals.emplace_back(literal, literal);
-    } else if (!words_.holdsOnArrival(literal, move->target)) {
+    if (move == nullptr) continue;
+    if (!words_.holdsOnArrival(literal, move->target)) {
       if (contains(kept, literal)) return true;
       violated = literal;
     } else if (!m.isClock) {
@@ -168,6 +165,11 @@ bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<in
     kept.push_back(violated);
     return true;
   }
+  if ((!outside && residual.empty()) || likeness_.representative(index) != index) return true;
+  Query query{{firing.transition, 0}, firing.guard, {}, 0};
+  for (const int literal : cube)
+    if (moveOf(t, words_.meaning(literal).process) == nullptr)
+      query.literals.emplace_back(literal, literal);
   if (outside) return ask(query);
   for (const int literal : residual) {
     query.outside = literal;

@@ -86,8 +86,8 @@ class Steps {
   int carried(int literal, const Waiting& waiting) const;
   void addClause(const Clause& clause);
   Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
-  bool askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
-                     const std::function<bool(const Query&)>& ask) const;
+  bool askTransition(std::size_t index, const Cube& cube, std::vector<int>& kept,
+                     const std::function<bool(const Query&)>& ask);
   bool askDelay(const Waiting& waiting, const Cube& cube,
                 const std::function<bool(const Query&)>& ask) const;
   Cube beforeTransition(const Cube& cube, std::size_t transition,
