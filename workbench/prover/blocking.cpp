@@ -89,7 +89,7 @@ bool Blocking::tryWeaker(Cube& cube, std::size_t i, std::size_t level) {
     return excluded(words_.normal(rest), level, cube);
   }
   const std::size_t locations = machine_.processes[m.process].locations.size();
-  if (literal < 0 || locations < 3) return false;
+  if (literal < 0 || locations < 3 || locations > mostNegations) return false;
   for (std::size_t l = 0; l < locations; ++l)
     if (static_cast<std::int64_t>(l) != m.value) rest.push_back(-layout_.location(m.process, l));
   const Cube before = words_.normal(rest);
@@ -97,7 +97,31 @@ bool Blocking::tryWeaker(Cube& cube, std::size_t i, std::size_t level) {
   return excluded(before, level, after) && after.size() < before.size() && (cube = after, true);
 }
 
+// All literals of some processes at once: halves of them, then quarters, and so on.
+void Blocking::dropProcesses(Cube& cube, std::size_t level) {
+  std::vector<std::size_t> processes = processesOf(cube);
+  for (std::size_t chunk = processes.size() / 2; chunk > 1 && processes.size() > 4; chunk /= 2)
+    for (std::size_t end = processes.size(); end > 0;) {
+      const std::size_t begin = end > chunk ? end - chunk : 0;
+      const auto from = processes.begin() + static_cast<std::ptrdiff_t>(begin);
+      const auto to = processes.begin() + static_cast<std::ptrdiff_t>(end);
+      Cube rest;
+      for (const int literal : cube)
+        if (!std::binary_search(from, to, words_.meaning(literal).process)) rest.push_back(literal);
+      if (!rest.empty() && excluded(rest, level, cube)) processes = processesOf(cube);
+      end = std::min(begin, processes.size());
+    }
+}
+
+std::vector<std::size_t> Blocking::processesOf(const Cube& cube) const {
+  std::vector<std::size_t> processes;
+  for (const int literal : cube) processes.push_back(words_.meaning(literal).process);
+  processes.erase(std::unique(processes.begin(), processes.end()), processes.end());
+  return processes;
+}
+
 void Blocking::generalise(Cube& cube, std::size_t level) {
+  dropProcesses(cube, level);
   // From the back: clocks before locations. What could not be dropped stays in place, so the index
   // goes down over what has not been tried.
   for (std::size_t i = cube.size(); i-- > 0;) {

@@ -44,8 +44,13 @@ class Blocking {
   long queries() const { return queries_; }
 
  private:
+  // A location is weakened to the negations of the others where they are no more than this.
+  static constexpr std::size_t mostNegations = 16;
+
   bool solve();
   bool excluded(const Cube& cube, std::size_t level, Cube& result);
+  void dropProcesses(Cube& cube, std::size_t level);
+  std::vector<std::size_t> processesOf(const Cube& cube) const;
   bool tryDropping(Cube& cube, std::size_t i, std::size_t level);
   bool tryWeaker(Cube& cube, std::size_t i, std::size_t level);
   void reduce(Cube& cube, const std::vector<int>& kept) const;

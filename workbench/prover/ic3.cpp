@@ -23,6 +23,7 @@ struct Obligation {
   Cube cube;
   Way way;
   std::optional<std::size_t> next;
+  std::vector<std::size_t> about;  // processes, ascending
 };
 
 class Prover {
@@ -30,11 +31,13 @@ class Prover {
   Prover(const Machine& machine, const StateLayout& layout, const StateFormula& goal,
          const Orbits& orbits, const ProverOptions& options, const std::function<bool()>& stop,
          const std::function<void(const ProverProgress&)>& report)
-      : words_(machine, layout),
+      : machine_(machine),
+        words_(machine, layout),
         solver_(makeCadical(Use::manyShortSearches)),
         stateSize_(layout.size()),
         goal_(addFacts(machine, layout, options, goal)),
-        steps_(machine, layout, words_, options.delays, *solver_,
+        steps_(machine, layout, words_, options.delays,
+               Interchange(machine, layout, words_, orbits.generators()), *solver_,
                stateSize_ + options.helpers + goal.helpers + 1),
         frames_(words_, orbits, *solver_, steps_.variables() + 1),
         blocking_(machine, layout, words_, steps_, frames_, *solver_),
@@ -44,13 +47,13 @@ class Prover {
   }
 
   ProverResult run() {
-    if (const auto cube = goalIn(0)) return reached(add({*cube, {}, std::nullopt}));
+    if (const auto cube = goalIn(0)) return reached(addGoal(*cube));
     for (std::size_t level = 1;; ++level) {
       frames_.openTo(level + 1);
       result_.frames = level - 1;
       tell(level);
       while (const auto cube = goalIn(level)) {
-        const std::size_t first = add({*cube, {}, std::nullopt});
+        const std::size_t first = addGoal(*cube);
         if (words_.holdsInitially(*cube)) return reached(first);
         if (const auto run = block(first, level)) return reached(*run);
       }
@@ -71,6 +74,12 @@ class Prover {
   std::size_t add(Obligation obligation) {
     obligations_.push_back(std::move(obligation));
     return obligations_.size() - 1;
+  }
+
+  std::size_t addGoal(const Cube& cube) {
+    std::vector<std::size_t> about;
+    for (const int literal : cube) about.push_back(words_.meaning(literal).process);
+    return add({cube, {}, std::nullopt, about});
   }
 
   bool solve() {
@@ -131,8 +140,15 @@ class Prover {
         continue;
       }
       Cube cube = obligations_[index].cube;
+      if (auto core = coreOf(obligations_[index]); core && !blocking_.intoFrom(*core, at)) {
+        queue.pop();
+        exclude(*core, at);
+        if (at < frames_.top() - 1) queue.emplace(at + 1, index);
+        continue;
+      }
       if (const auto before = blocking_.intoFrom(cube, at)) {
-        const std::size_t next = add({before->cube, before->way, index});
+        const std::size_t next = add({before->cube, before->way, index,
+                                     aboutAlso(obligations_[index].about, before->way)});
         if (words_.holdsInitially(before->cube)) return next;
         assert(at > 1);
         queue.emplace(at - 1, next);
@@ -144,6 +160,26 @@ class Prover {
     }
     obligations_.clear();
     return std::nullopt;
+  }
+
+  // What an obligation's cube says of the processes that the goal and the moves towards it are
+  // about. The rest says only that no deadline is in the way, and is seldom needed.
+  std::optional<Cube> coreOf(const Obligation& o) const {
+    Cube core;
+    for (const int literal : o.cube)
+      if (std::binary_search(o.about.begin(), o.about.end(), words_.meaning(literal).process))
+        core.push_back(literal);
+    if (core.size() == o.cube.size() || words_.holdsInitially(core)) return std::nullopt;
+    return core;
+  }
+
+  std::vector<std::size_t> aboutAlso(std::vector<std::size_t> about, const Way& way) const {
+    if (way.isDelay()) return about;
+    for (const auto& [process, source, target] : machine_.transitions[way.transition].moves)
+      about.push_back(process);
+    std::sort(about.begin(), about.end());
+    about.erase(std::unique(about.begin(), about.end()), about.end());
+    return about;
   }
 
   void exclude(Cube& cube, std::size_t level) {
@@ -188,6 +224,7 @@ class Prover {
     if (report_) report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
+  const Machine& machine_;
   Vocabulary words_;
   std::unique_ptr<Solver> solver_;
   int stateSize_;

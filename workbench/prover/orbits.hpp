@@ -19,6 +19,8 @@ class Orbits {
 
   bool trivial() const { return generators_.empty(); }
 
+  const std::vector<Permutation>& generators() const { return generators_; }
+
   // All images of a cube, itself first; nothing where they are more than `most`.
   std::optional<std::vector<Cube>> of(const Cube& cube, std::size_t most) const;
 

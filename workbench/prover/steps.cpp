@@ -21,10 +21,11 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }  // namespace
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, Solver& solver, int firstFree)
+             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree)
     : machine_(machine),
       layout_(layout),
       words_(words),
+      interchange_(std::move(interchange)),
       solver_(solver),
       last_(firstFree - 1),
       firingsOf_(machine.processes.size()) {
@@ -108,12 +109,14 @@ void Steps::addWaiting(std::int64_t delay) {
 void Steps::forEach(const Cube& cube, std::vector<int>& kept,
                     const std::function<bool(const Query&)>& ask) {
   ++round_;
+  interchange_.pin(cube);
   std::size_t last = machine_.processes.size();
   for (const int literal : cube) {
     const std::size_t process = words_.meaning(literal).process;
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
-      if (std::exchange(seen_[f], round_) != round_ && !askTransition(firings_[f], cube, kept, ask))
+      if (std::exchange(seen_[f], round_) != round_ &&
+          !interchange_.redundant(firings_[f].transition) && !askTransition(firings_[f], cube, kept, ask))
         return;
   }
   for (const Waiting& waiting : waitings_)

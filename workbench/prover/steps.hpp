@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "workbench/prover/cube.hpp"
+#include "workbench/prover/interchange.hpp"
 #include "workbench/solvers/solver.hpp"
 
 namespace tpn {
@@ -44,13 +45,14 @@ class Steps {
  public:
   // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, Solver& solver, int firstFree);
+        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree);
 
   int variables() const { return last_; }
 
   // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
   // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
-  // of its literals, such a literal.
+  // of its literals, such a literal. Of queries that are images of one another under symmetries that
+  // leave the cube alone, it may make one.
   void forEach(const Cube& cube, std::vector<int>& kept,
                const std::function<bool(const Query&)>& ask);
 
@@ -89,6 +91,7 @@ class Steps {
   const Machine& machine_;
   const StateLayout& layout_;
   const Vocabulary& words_;
+  Interchange interchange_;
   Solver& solver_;
   int last_;
   std::vector<Firing> firings_;
