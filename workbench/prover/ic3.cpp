@@ -140,9 +140,10 @@ class Prover {
         continue;
       }
       Cube cube = obligations_[index].cube;
-      if (auto core = coreOf(obligations_[index]); core && !blocking_.intoFrom(*core, at)) {
+      const std::vector<std::size_t> distance = distances(obligations_[index]);
+      if (auto core = coreOf(obligations_[index], distance, at)) {
         queue.pop();
-        exclude(*core, at);
+        exclude(*core, at, distance);
         if (at < frames_.top() - 1) queue.emplace(at + 1, index);
         continue;
       }
@@ -155,22 +156,55 @@ class Prover {
         continue;
       }
       queue.pop();
-      exclude(cube, at);
+      exclude(cube, at, distance);
       if (at < frames_.top() - 1) queue.emplace(at + 1, index);
     }
     obligations_.clear();
     return std::nullopt;
   }
 
-  // What an obligation's cube says of the processes that the goal and the moves towards it are
-  // about. The rest says only that no deadline is in the way, and is seldom needed.
-  std::optional<Cube> coreOf(const Obligation& o) const {
-    Cube core;
-    for (const int literal : o.cube)
-      if (std::binary_search(o.about.begin(), o.about.end(), words_.meaning(literal).process))
-        core.push_back(literal);
-    if (core.size() == o.cube.size() || words_.holdsInitially(core)) return std::nullopt;
-    return core;
+  // [process]: how many transitions away from those that the obligation is about; empty where its
+  // cube is about no others.
+  std::vector<std::size_t> distances(const Obligation& o) const {
+    std::vector<std::size_t> reached = o.about;
+    const auto isNear = [&](int literal) {
+      return std::binary_search(o.about.begin(), o.about.end(), words_.meaning(literal).process);
+    };
+    if (std::all_of(o.cube.begin(), o.cube.end(), isNear)) return {};
+    const std::size_t far = machine_.processes.size();
+    std::vector<std::size_t> distance(far, far);
+    std::vector<bool> seen(machine_.transitions.size(), false);
+    for (const std::size_t process : reached) distance[process] = 0;
+    for (std::size_t i = 0; i < reached.size(); ++i)
+      for (const std::size_t t : machine_.processes[reached[i]].movers) {
+        if (seen[t]) continue;
+        seen[t] = true;
+        for (const auto& [process, source, target] : machine_.transitions[t].moves) {
+          if (distance[process] < far) continue;
+          distance[process] = distance[reached[i]] + 1;
+          reached.push_back(process);
+        }
+      }
+    return distance;
+  }
+
+  // A part of an obligation's cube that is not stepped into either: what it says of processes that
+  // the goal and the moves towards it are about, or of their neighbours too. The rest says only
+  // that no deadline is in the way, and is seldom needed.
+  std::optional<Cube> coreOf(const Obligation& o, const std::vector<std::size_t>& distance,
+                             std::size_t level) {
+    if (distance.empty()) return std::nullopt;
+    std::size_t last = 0;
+    for (const std::size_t most : {0, 1, 2}) {
+      Cube core;
+      for (const int literal : o.cube)
+        if (distance[words_.meaning(literal).process] <= most) core.push_back(literal);
+      if (core.size() == last || core.size() == o.cube.size() || words_.holdsInitially(core))
+        continue;
+      last = core.size();
+      if (!blocking_.intoFrom(core, level)) return core;
+    }
+    return std::nullopt;
   }
 
   std::vector<std::size_t> aboutAlso(std::vector<std::size_t> about, const Way& way) const {
@@ -182,8 +216,8 @@ class Prover {
     return about;
   }
 
-  void exclude(Cube& cube, std::size_t level) {
-    blocking_.generalise(cube, level);
+  void exclude(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
+    blocking_.generalise(cube, level, distance);
     for (Cube same = cube; level < frames_.top() - 1 && !blocking_.intoFrom(same, level + 1);
          same = cube)
       ++level;
