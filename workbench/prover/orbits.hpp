@@ -19,7 +19,6 @@ class Orbits {
 
   const std::vector<Permutation>& generators() const { return generators_; }
   bool trivial() const { return generators_.empty(); }
-
   // All images of a cube, itself first; nothing where they are more than `most`.
   std::optional<std::vector<Cube>> of(const Cube& cube, std::size_t most) const;
 

@@ -23,10 +23,12 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }  // namespace
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, const Orbits& orbits, Solver& solver, int firstFree)
+             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver,
+             int firstFree)
     : machine_(machine),
       layout_(layout),
       words_(words),
+      interchange_(std::move(interchange)),
       solver_(solver),
       last_(firstFree - 1),
       firingsOf_(machine.processes.size()) {
@@ -34,23 +36,6 @@ Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary
     if (!machine.transitions[t].hopeless()) addFiring(t);
   for (const std::int64_t delay : delays) addWaiting(delay);
   seen_.assign(firings_.size(), 0);
-  likeness_ = Likeness(orbits.generators(), shapes());
-}
-
-std::vector<Likeness::Shape> Steps::shapes() const {
-  std::map<std::pair<std::int64_t, std::optional<std::int64_t>>, int> intervals;
-  std::vector<Likeness::Shape> result;
-  for (const Firing& firing : firings_) {
-    const Machine::Transition& t = machine_.transitions[firing.transition];
-    const int count = static_cast<int>(intervals.size());
-    Likeness::Shape shape{intervals.try_emplace({t.earliest, t.latest}, count).first->second};
-    for (const auto& [process, source, target] : t.moves) {
-      shape.push_back(layout_.location(process, source));
-      shape.push_back(layout_.location(process, target));
-    }
-    result.push_back(std::move(shape));
-  }
-  return result;
 }
 
 void Steps::addClause(const Clause& clause) {
@@ -127,13 +112,15 @@ void Steps::addWaiting(std::int64_t delay) {
 void Steps::forEach(const Cube& cube, std::vector<int>& kept,
                     const std::function<bool(const Query&)>& ask) {
   ++round_;
-  likeness_.attend(cube);
+  interchange_.pin(cube);
   std::size_t last = machine_.processes.size();
   for (const int literal : cube) {
     const std::size_t process = words_.meaning(literal).process;
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
-      if (std::exchange(seen_[f], round_) != round_ && !askTransition(f, cube, kept, ask)) return;
+      if (std::exchange(seen_[f], round_) != round_ &&
+          !interchange_.redundant(firings_[f].transition) && !askTransition(f, cube, kept, ask))
+        return;
   }
   for (const Waiting& waiting : waitings_)
     if (!askDelay(waiting, cube, ask)) return;
@@ -165,7 +152,7 @@ bool Steps::askTransition(std::size_t index, const Cube& cube, std::vector<int>&
     kept.push_back(violated);
     return true;
   }
-  if ((!outside && residual.empty()) || likeness_.representative(index) != index) return true;
+  if ((!outside && residual.empty())) return true;
   Query query{{firing.transition, 0}, firing.guard, {}, 0};
   for (const int literal : cube)
     if (moveOf(t, words_.meaning(literal).process) == nullptr)

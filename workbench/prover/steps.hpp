@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "workbench/prover/cube.hpp"
-#include "workbench/prover/likeness.hpp"
+#include "workbench/prover/interchange.hpp"
 #include "workbench/solvers/solver.hpp"
 
 namespace tpn {
@@ -45,13 +45,14 @@ class Steps {
  public:
   // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, const Orbits& orbits, Solver& solver, int firstFree);
+        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree);
 
   int variables() const { return last_; }
 
   // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
   // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
-  // of its literals, such a literal.
+  // of its literals, such a literal. Of queries that are images of one another under symmetries
+  // that leave the cube alone, it may make one.
   void forEach(const Cube& cube, std::vector<int>& kept,
                const std::function<bool(const Query&)>& ask);
 
@@ -81,7 +82,6 @@ class Steps {
   };
 
   void addFiring(std::size_t transition);
-  std::vector<Likeness::Shape> shapes() const;
   void addWaiting(std::int64_t delay);
   int carried(int literal, const Waiting& waiting) const;
   void addClause(const Clause& clause);
@@ -101,12 +101,12 @@ class Steps {
   const Machine& machine_;
   const StateLayout& layout_;
   const Vocabulary& words_;
+  Interchange interchange_;
   Solver& solver_;
   int last_;
   std::vector<Firing> firings_;
   std::vector<std::vector<std::size_t>> firingsOf_;  // [process]: indices into firings_
   std::vector<Waiting> waitings_;
-  Likeness likeness_;              // of firings
   std::vector<std::size_t> seen_;  // [firing]: the round in which it was looked at
   std::size_t round_ = 0;
 };
