@@ -30,9 +30,10 @@ Shape imageOf(const Machine::Transition& t, const Symmetry& s) {
   return shape;
 }
 
-// The graph: a vertex a process, a location, a transition, and two a move, its source side and its
-// target side. process - location, transition - source side, source side - source, source side -
-// target side, target side - target.
+// The graph: a vertex a process, a location, a transition; two for what a move does, shared by all
+// transitions that have it: its source side and its target side, or one where it stays. process -
+// location, transition - source side, source side - source, source side - target side, target side
+// - target. (A vertex for each move of each transition takes three times as many.)
 class SymmetryGraph {
  public:
   explicit SymmetryGraph(const Machine& machine) : machine_(machine) {
@@ -47,7 +48,15 @@ class SymmetryGraph {
   }
 
  private:
-  enum Colour : unsigned { ofProcess, ofLocation, ofInitial, sourceSide, targetSide, transitions };
+  enum Colour : unsigned {
+    ofProcess,
+    ofLocation,
+    ofInitial,
+    sourceSide,
+    targetSide,
+    staying,
+    transitions
+  };
 
   void addProcess(const Machine::Process& p) {
     const unsigned vertex = graph_.add_vertex(ofProcess);
@@ -61,14 +70,21 @@ class SymmetryGraph {
     const auto colour = colours_.emplace(Interval{t.earliest, t.latest},
                                          transitions + static_cast<unsigned>(colours_.size()));
     const unsigned vertex = graph_.add_vertex(colour.first->second);
-    for (const auto& [p, source, target] : t.moves) {
-      const unsigned from = graph_.add_vertex(sourceSide);
-      const unsigned to = graph_.add_vertex(targetSide);
-      graph_.add_edge(vertex, from);
-      graph_.add_edge(from, to);
-      graph_.add_edge(from, locations_[p] + static_cast<unsigned>(source));
-      graph_.add_edge(to, locations_[p] + static_cast<unsigned>(target));
-    }
+    for (const auto& [p, source, target] : t.moves)
+      graph_.add_edge(vertex, moveVertex(p, source, target));
+  }
+
+  unsigned moveVertex(std::size_t p, std::size_t source, std::size_t target) {
+    const auto [entry, isNew] = moves_.try_emplace({p, source, target}, 0);
+    if (!isNew) return entry->second;
+    const unsigned from = entry->second =
+        graph_.add_vertex(source == target ? staying : sourceSide);
+    graph_.add_edge(from, locations_[p] + static_cast<unsigned>(source));
+    if (source == target) return from;
+    const unsigned to = graph_.add_vertex(targetSide);
+    graph_.add_edge(from, to);
+    graph_.add_edge(to, locations_[p] + static_cast<unsigned>(target));
+    return from;
   }
 
   static void take(void* self, unsigned /*count*/, const unsigned* image) {
@@ -93,6 +109,7 @@ class SymmetryGraph {
   std::vector<unsigned> processes_;
   std::vector<unsigned> locations_;  // [process]: the first one's vertex
   std::map<Interval, unsigned> colours_;
+  std::map<std::tuple<std::size_t, std::size_t, std::size_t>, unsigned> moves_;
   std::vector<Symmetry> found_;
 };
 

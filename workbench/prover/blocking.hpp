@@ -35,8 +35,9 @@ class Blocking {
   // before or after. Throws ProverStopped.
   std::optional<Predecessor> intoFrom(Cube& cube, std::size_t level);
 
-  // A larger cube around it for which there is none either.
-  void generalise(Cube& cube, std::size_t level);
+  // A larger cube around it for which there is none either. What is said of processes that are far
+  // (from what matters: `distance` of each, or empty) goes first.
+  void generalise(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance);
 
   // Has the frame a state in the cube?
   bool reaches(std::size_t level, const Cube& cube);
@@ -44,10 +45,31 @@ class Blocking {
   long queries() const { return queries_; }
 
  private:
+  // One round of questions about a part of a cube.
+  struct Pass {
+    const Cube& cube;
+    const Cube& part;
+    std::size_t level;
+    std::vector<int> kept;   // of the part: what keeps steps out
+    std::vector<int> added;  // of the rest: what would
+    std::optional<Predecessor> found;
+  };
+
+  bool ask(const Query& query, Pass& pass);
+  void assume(const Query& query, const Pass& pass);
+  int seed(const Cube& cube) const;
   bool solve();
-  bool excluded(const Cube& cube, std::size_t level, Cube& result);
-  bool tryDropping(Cube& cube, std::size_t i, std::size_t level);
-  bool tryWeaker(Cube& cube, std::size_t i, std::size_t level);
+  // Looks for a part of the cube, of at most so many literals, that no step leads into.
+  bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
+  bool excluded(Cube cube, std::size_t level, std::size_t most, Cube& result);
+  void dropProcesses(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance);
+  std::vector<std::size_t> processesOf(const Cube& cube,
+                                       const std::vector<std::size_t>& distance) const;
+  Cube inOrder(Cube cube, const std::vector<std::size_t>& distance) const;
+  bool tryDropping(Cube& cube, int literal, std::size_t level);
+  void weakenClock(Cube& cube, int literal, std::size_t level);
+  int bound(std::size_t process, bool lower, std::int64_t value, std::int64_t further) const;
+  void weakenLocation(Cube& cube, int literal, std::size_t level);
   void reduce(Cube& cube, const std::vector<int>& kept) const;
 
   const Machine& machine_;

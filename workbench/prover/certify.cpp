@@ -4,6 +4,13 @@
 
 namespace tpn {
 
+LinearInvariant linearOf(const Machine& machine, const PlaceInvariant& invariant) {
+  LinearInvariant result;
+  for (const auto& [process, rank, coefficient] : invariant.terms)
+    result.coefficients[{process, machine.processes[process].locations[rank].number}] = coefficient;
+  return result;
+}
+
 Generator generatorOf(const Machine& machine, const Symmetry& symmetry) {
   Generator result;
   for (std::size_t p = 0; p < machine.processes.size(); ++p) {
@@ -19,12 +26,13 @@ Generator generatorOf(const Machine& machine, const Symmetry& symmetry) {
 }
 
 Certificate certificateOf(const Machine& machine, const StateLayout& layout,
-                          const ProverResult& result, const std::vector<LinearInvariant>& linear,
+                          const ProverResult& result, const std::vector<PlaceInvariant>& invariants,
                           const std::vector<Symmetry>& symmetries) {
   assert(result.answer == ProverResult::unreachable);
   const Vocabulary words(machine, layout);
   Certificate certificate;
-  certificate.linear = linear;
+  for (const PlaceInvariant& invariant : invariants)
+    certificate.linear.push_back(linearOf(machine, invariant));
   if (result.symmetric)
     for (const Symmetry& s : symmetries) certificate.generators.push_back(generatorOf(machine, s));
   for (const Cube& cube : result.invariant) {

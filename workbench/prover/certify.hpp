@@ -5,18 +5,21 @@
 
 #include <vector>
 
+#include "workbench/machine/invariants.hpp"
 #include "workbench/machine/symmetry.hpp"
 #include "workbench/proof/certificate.hpp"
 #include "workbench/prover/ic3.hpp"
 
 namespace tpn {
 
+LinearInvariant linearOf(const Machine& machine, const PlaceInvariant& invariant);
 Generator generatorOf(const Machine& machine, const Symmetry& symmetry);
 
 // Of an answer that is "unreachable". `symmetries` are those that the prover was given orbits of,
-// `linear` the invariants whose clauses were among its facts.
+// `invariants`
+// those whose clauses were among its facts.
 Certificate certificateOf(const Machine& machine, const StateLayout& layout,
-                          const ProverResult& result, const std::vector<LinearInvariant>& linear,
+                          const ProverResult& result, const std::vector<PlaceInvariant>& invariants,
                           const std::vector<Symmetry>& symmetries);
 
 }  // namespace tpn

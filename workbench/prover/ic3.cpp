@@ -23,6 +23,7 @@ struct Obligation {
   Cube cube;
   Way way;
   std::optional<std::size_t> next;
+  std::vector<std::size_t> about;  // processes, ascending
 };
 
 class Prover {
@@ -30,11 +31,13 @@ class Prover {
   Prover(const Machine& machine, const StateLayout& layout, const StateFormula& goal,
          const Orbits& orbits, const ProverOptions& options, const std::function<bool()>& stop,
          const std::function<void(const ProverProgress&)>& report)
-      : words_(machine, layout),
+      : machine_(machine),
+        words_(machine, layout),
         solver_(makeCadical(Use::manyShortSearches)),
         stateSize_(layout.size()),
         goal_(addFacts(machine, layout, options, goal)),
-        steps_(machine, layout, words_, options.delays, *solver_,
+        steps_(machine, layout, words_, options.delays,
+               Interchange(machine, layout, words_, orbits.generators()), *solver_,
                stateSize_ + options.helpers + goal.helpers + 1),
         frames_(words_, orbits, *solver_, steps_.variables() + 1),
         blocking_(machine, layout, words_, steps_, frames_, *solver_),
@@ -44,13 +47,13 @@ class Prover {
   }
 
   ProverResult run() {
-    if (const auto cube = goalIn(0)) return reached(add({*cube, {}, std::nullopt}));
+    if (const auto cube = goalIn(0)) return reached(addGoal(*cube));
     for (std::size_t level = 1;; ++level) {
       frames_.openTo(level + 1);
       result_.frames = level - 1;
       tell(level);
       while (const auto cube = goalIn(level)) {
-        const std::size_t first = add({*cube, {}, std::nullopt});
+        const std::size_t first = addGoal(*cube);
         if (words_.holdsInitially(*cube)) return reached(first);
         if (const auto run = block(first, level)) return reached(*run);
       }
@@ -71,6 +74,12 @@ class Prover {
   std::size_t add(Obligation obligation) {
     obligations_.push_back(std::move(obligation));
     return obligations_.size() - 1;
+  }
+
+  std::size_t addGoal(const Cube& cube) {
+    std::vector<std::size_t> about;
+    for (const int literal : cube) about.push_back(words_.meaning(literal).process);
+    return add({cube, {}, std::nullopt, about});
   }
 
   bool solve() {
@@ -131,23 +140,84 @@ class Prover {
         continue;
       }
       Cube cube = obligations_[index].cube;
+      const std::vector<std::size_t> distance = distances(obligations_[index]);
+      if (auto core = coreOf(obligations_[index], distance, at)) {
+        queue.pop();
+        exclude(*core, at, distance);
+        if (at < frames_.top() - 1) queue.emplace(at + 1, index);
+        continue;
+      }
       if (const auto before = blocking_.intoFrom(cube, at)) {
-        const std::size_t next = add({before->cube, before->way, index});
+        const std::size_t next = add(
+            {before->cube, before->way, index, aboutAlso(obligations_[index].about, before->way)});
         if (words_.holdsInitially(before->cube)) return next;
         assert(at > 1);
         queue.emplace(at - 1, next);
         continue;
       }
       queue.pop();
-      exclude(cube, at);
+      exclude(cube, at, distance);
       if (at < frames_.top() - 1) queue.emplace(at + 1, index);
     }
     obligations_.clear();
     return std::nullopt;
   }
 
-  void exclude(Cube& cube, std::size_t level) {
-    blocking_.generalise(cube, level);
+  // [process]: how many transitions away from those that the obligation is about; empty where its
+  // cube is about no others.
+  std::vector<std::size_t> distances(const Obligation& o) const {
+    std::vector<std::size_t> reached = o.about;
+    const auto isNear = [&](int literal) {
+      return std::binary_search(o.about.begin(), o.about.end(), words_.meaning(literal).process);
+    };
+    if (std::all_of(o.cube.begin(), o.cube.end(), isNear)) return {};
+    const std::size_t far = machine_.processes.size();
+    std::vector<std::size_t> distance(far, far);
+    std::vector<bool> seen(machine_.transitions.size(), false);
+    for (const std::size_t process : reached) distance[process] = 0;
+    for (std::size_t i = 0; i < reached.size(); ++i)
+      for (const std::size_t t : machine_.processes[reached[i]].movers) {
+        if (seen[t]) continue;
+        seen[t] = true;
+        for (const auto& [process, source, target] : machine_.transitions[t].moves) {
+          if (distance[process] < far) continue;
+          distance[process] = distance[reached[i]] + 1;
+          reached.push_back(process);
+        }
+      }
+    return distance;
+  }
+
+  // A part of an obligation's cube that is not stepped into either: what it says of processes that
+  // the goal and the moves towards it are about, or of their neighbours too. The rest says only
+  // that no deadline is in the way, and is seldom needed.
+  std::optional<Cube> coreOf(const Obligation& o, const std::vector<std::size_t>& distance,
+                             std::size_t level) {
+    if (distance.empty()) return std::nullopt;
+    std::size_t last = 0;
+    for (const std::size_t most : {0, 1, 2}) {
+      Cube core;
+      for (const int literal : o.cube)
+        if (distance[words_.meaning(literal).process] <= most) core.push_back(literal);
+      if (core.size() == last || core.size() == o.cube.size() || words_.holdsInitially(core))
+        continue;
+      last = core.size();
+      if (!blocking_.intoFrom(core, level)) return core;
+    }
+    return std::nullopt;
+  }
+
+  std::vector<std::size_t> aboutAlso(std::vector<std::size_t> about, const Way& way) const {
+    if (way.isDelay()) return about;
+    for (const auto& [process, source, target] : machine_.transitions[way.transition].moves)
+      about.push_back(process);
+    std::sort(about.begin(), about.end());
+    about.erase(std::unique(about.begin(), about.end()), about.end());
+    return about;
+  }
+
+  void exclude(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
+    blocking_.generalise(cube, level, distance);
     for (Cube same = cube; level < frames_.top() - 1 && !blocking_.intoFrom(same, level + 1);
          same = cube)
       ++level;
@@ -185,9 +255,11 @@ class Prover {
   }
 
   void tell(std::size_t level) {
-    if (report_) report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
+    if (report_)
+      report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
+  const Machine& machine_;
   Vocabulary words_;
   std::unique_ptr<Solver> solver_;
   int stateSize_;

@@ -17,8 +17,8 @@ class Orbits {
   Orbits() = default;
   explicit Orbits(std::vector<Permutation> generators);
 
+  const std::vector<Permutation>& generators() const { return generators_; }
   bool trivial() const { return generators_.empty(); }
-
   // All images of a cube, itself first; nothing where they are more than `most`.
   std::optional<std::vector<Cube>> of(const Cube& cube, std::size_t most) const;
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cassert>
+#include <map>
+#include <optional>
 #include <utility>
 
 namespace tpn {
@@ -21,10 +23,12 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }  // namespace
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, Solver& solver, int firstFree)
+             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver,
+             int firstFree)
     : machine_(machine),
       layout_(layout),
       words_(words),
+      interchange_(std::move(interchange)),
       solver_(solver),
       last_(firstFree - 1),
       firingsOf_(machine.processes.size()) {
@@ -108,31 +112,32 @@ void Steps::addWaiting(std::int64_t delay) {
 void Steps::forEach(const Cube& cube, std::vector<int>& kept,
                     const std::function<bool(const Query&)>& ask) {
   ++round_;
+  interchange_.pin(cube);
   std::size_t last = machine_.processes.size();
   for (const int literal : cube) {
     const std::size_t process = words_.meaning(literal).process;
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
-      if (std::exchange(seen_[f], round_) != round_ && !askTransition(firings_[f], cube, kept, ask))
+      if (std::exchange(seen_[f], round_) != round_ &&
+          !interchange_.redundant(firings_[f].transition) && !askTransition(f, cube, kept, ask))
         return;
   }
   for (const Waiting& waiting : waitings_)
     if (!askDelay(waiting, cube, ask)) return;
 }
 
-bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
-                          const std::function<bool(const Query&)>& ask) const {
+bool Steps::askTransition(std::size_t index, const Cube& cube, std::vector<int>& kept,
+                          const std::function<bool(const Query&)>& ask) {
+  const Firing& firing = firings_[index];
   const Machine::Transition& t = machine_.transitions[firing.transition];
   int violated = 0;
   bool outside = false;
   std::vector<int> residual;
-  Query query{{firing.transition, 0}, firing.guard, {}, 0};
   for (const int literal : cube) {
     const Meaning& m = words_.meaning(literal);
     const Machine::Move* const move = moveOf(t, m.process);
-    if (move == nullptr) {
-      query.literals.emplace_back(literal, literal);
-    } else if (!words_.holdsOnArrival(literal, move->target)) {
+    if (move == nullptr) continue;
+    if (!words_.holdsOnArrival(literal, move->target)) {
       if (contains(kept, literal)) return true;
       violated = literal;
     } else if (!m.isClock) {
@@ -147,6 +152,11 @@ bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<in
     kept.push_back(violated);
     return true;
   }
+  if ((!outside && residual.empty())) return true;
+  Query query{{firing.transition, 0}, firing.guard, {}, 0};
+  for (const int literal : cube)
+    if (moveOf(t, words_.meaning(literal).process) == nullptr)
+      query.literals.emplace_back(literal, literal);
   if (outside) return ask(query);
   for (const int literal : residual) {
     query.outside = literal;
@@ -155,17 +165,28 @@ bool Steps::askTransition(const Firing& firing, const Cube& cube, std::vector<in
   return true;
 }
 
+int Steps::carried(int literal, const Waiting& waiting) const {
+  if (!words_.meaning(literal).isClock) return literal;
+  return literal > 0 ? waiting.up[static_cast<std::size_t>(literal)]
+                     : waiting.down[static_cast<std::size_t>(-literal)];
+}
+
+Steps::Carried Steps::carried(int literal, const Way& way) const {
+  if (way.isDelay()) {
+    const auto waiting = std::find_if(waitings_.begin(), waitings_.end(),
+                                      [&](const Waiting& w) { return w.delay == way.delay; });
+    return {carried(literal, *waiting)};
+  }
+  const Machine::Move* const move =
+      moveOf(machine_.transitions[way.transition], words_.meaning(literal).process);
+  if (move == nullptr) return {literal};
+  return {0, true, words_.holdsOnArrival(literal, move->target)};
+}
+
 bool Steps::askDelay(const Waiting& waiting, const Cube& cube,
                      const std::function<bool(const Query&)>& ask) const {
   Query query{{0, waiting.delay}, {waiting.calm}, {}, 0};
-  for (const int literal : cube) {
-    const auto variable = static_cast<std::size_t>(std::abs(literal));
-    const bool isClock = words_.meaning(literal).isClock;
-    query.literals.emplace_back(!isClock      ? literal
-                                : literal > 0 ? waiting.up[variable]
-                                              : waiting.down[variable],
-                                literal);
-  }
+  for (const int literal : cube) query.literals.emplace_back(carried(literal, waiting), literal);
   for (const int literal : cube) {
     if (literal < 0 || !words_.meaning(literal).isClock) continue;
     query.outside = -literal;

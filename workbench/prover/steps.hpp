@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "workbench/prover/cube.hpp"
+#include "workbench/prover/interchange.hpp"
 #include "workbench/solvers/solver.hpp"
 
 namespace tpn {
@@ -44,15 +45,25 @@ class Steps {
  public:
   // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, Solver& solver, int firstFree);
+        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree);
 
   int variables() const { return last_; }
 
   // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
   // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
-  // of its literals, such a literal.
+  // of its literals, such a literal. Of queries that are images of one another under symmetries
+  // that leave the cube alone, it may make one.
   void forEach(const Cube& cube, std::vector<int>& kept,
                const std::function<bool(const Query&)>& ask);
+
+  // What a literal after the step says of the state before: the literal to assume; none where the
+  // step decides it.
+  struct Carried {
+    int assumed = 0;
+    bool decided = false;
+    bool value = true;  // where it is decided
+  };
+  Carried carried(int literal, const Way& way) const;
 
   // All states that step into the cube as this one does: `state` tells each variable's value.
   Cube before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const;
@@ -72,10 +83,11 @@ class Steps {
 
   void addFiring(std::size_t transition);
   void addWaiting(std::int64_t delay);
+  int carried(int literal, const Waiting& waiting) const;
   void addClause(const Clause& clause);
   Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
-  bool askTransition(const Firing& firing, const Cube& cube, std::vector<int>& kept,
-                     const std::function<bool(const Query&)>& ask) const;
+  bool askTransition(std::size_t index, const Cube& cube, std::vector<int>& kept,
+                     const std::function<bool(const Query&)>& ask);
   bool askDelay(const Waiting& waiting, const Cube& cube,
                 const std::function<bool(const Query&)>& ask) const;
   Cube beforeTransition(const Cube& cube, std::size_t transition,
@@ -89,6 +101,7 @@ class Steps {
   const Machine& machine_;
   const StateLayout& layout_;
   const Vocabulary& words_;
+  Interchange interchange_;
   Solver& solver_;
   int last_;
   std::vector<Firing> firings_;
