@@ -17,16 +17,23 @@ _tpn() {
       mapfile -t COMPREPLY < <(compgen -f -- "$word")
       return
       ;;
+    --engine)
+      mapfile -t COMPREPLY < <(compgen -W "both bmc ic3 abc" -- "$word")
+      return
+      ;;
     --keep)
       mapfile -t COMPREPLY < <(compgen -d -- "$word")
       return
       ;;
-    --bound | --max-bound | --timeout | --jobs | --random | --steps) return ;;
+    --bound | --max-transitions | --timeout | --jobs | --random | --steps) return ;;
   esac
   case $command in
     lint) options+=" --bound --json" ;;
     show) options+=" --json --dot --svg" ;;
-    check) options+=" --max-bound --timeout --solver --jobs --keep --json --svg --vcd" ;;
+    check)
+      options+=" --engine --shortest --deadlock --certificate --flat --max-transitions --timeout"
+      options+=" --solver --jobs --keep --json --svg --vcd"
+      ;;
     trace) options+=" --json --svg --vcd" ;;
     certify) options+=" --deadlock" ;;
     export) options+=" --deadlock --aiger --certificate --witness" ;;

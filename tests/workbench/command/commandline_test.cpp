@@ -64,7 +64,7 @@ TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
   const Outcome outcome =
       tpn({"check", "fischer-swapped", "violation", "--svg", "run.svg", "--vcd", "run.vcd"});
   EXPECT_EQ(outcome.status, 10);
-  EXPECT_THAT(outcome.out, StartsWith("reachable (k = 29)\n"));
+  EXPECT_THAT(outcome.out, StartsWith("reachable in 10 transitions (k = 29)\n"));
   EXPECT_EQ(outcome.err, "");
   EXPECT_THAT(place.read("run.svg"), HasSubstr("</svg>"));
   EXPECT_THAT(place.read("run.vcd"), HasSubstr("$enddefinitions"));
@@ -75,23 +75,44 @@ TEST_F(Tpn, PictureInTheReadmeIsTheOneThatIsDrawn) {
   EXPECT_EQ(place.read("run.svg") == contents(tree / "docs/run.svg"), true);
 }
 
-TEST_F(Tpn, CheckWithoutRunExitsWith20) {
-  const Outcome outcome = tpn({"check", "fischer", "violation", "--max-bound", "15"});
+TEST_F(Tpn, CheckThatNeverReachesItExitsWith20AndHasACertificate) {
+  const Outcome outcome = tpn({"check", "fischer", "violation", "--certificate", "proof"});
   EXPECT_EQ(outcome.status, 20);
-  EXPECT_EQ(outcome.out, "no run of up to 15 steps reaches it\n");
+  EXPECT_EQ(outcome.out, "unreachable\n");
+  EXPECT_EQ(tpn({"certify", "fischer", "violation", "proof"}).status, 0);
 }
 
-TEST_F(Tpn, CheckOutOfTimeExitsWith0AndSaysWhatIsKnown) {
+TEST_F(Tpn, CheckWithoutRunOfThatLengthExitsWith30) {
   const Outcome outcome =
-      tpn({"check", "fischer", "violation", "--max-bound", "1000", "--timeout", "0.3"});
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_THAT(outcome.out, StartsWith("unknown: "));
+      tpn({"check", "fischer", "violation", "--engine", "bmc", "--max-transitions", "5"});
+  EXPECT_EQ(outcome.status, 30);
+  EXPECT_EQ(outcome.out, "undecided: no run of up to 5 transitions (k = 14) does it\n");
+}
+
+TEST_F(Tpn, CheckAnswersForDeadlocks) {
+  EXPECT_EQ(tpn({"check", "--deadlock", "fischer"}).status, 20);
+  EXPECT_EQ(tpn({"check", "--deadlock", "fischer", "violation"}).status, 2);
+  EXPECT_EQ(tpn({"check", "--deadlock", "fischer", "--solver", "cadical"}).status, 2);
+}
+
+TEST_F(Tpn, CheckRefusesTheOldNameOfALengthWithTheNewOne) {
+  const Outcome outcome = tpn({"check", "fischer", "violation", "--max-bound", "50"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("--max-transitions"));
+}
+
+TEST_F(Tpn, CheckOutOfTimeExitsWith30AndSaysWhatIsKnown) {
+  const Outcome outcome = tpn({"check", "fischer", "violation", "--engine", "bmc",
+                               "--max-transitions", "1000", "--timeout", "0.3"});
+  EXPECT_EQ(outcome.status, 30);
+  EXPECT_THAT(outcome.out, StartsWith("undecided: the time is over; no run of up to "));
 }
 
 TEST_F(Tpn, InterruptEndsACheckWithWhatIsKnown) {
-  const Outcome outcome = shell("timeout -s INT 0.5 " TPN_BINARY
-                                " check fischer violation --max-bound 1000; echo status $?");
-  EXPECT_THAT(outcome.out, StartsWith("unknown: "));
+  const Outcome outcome =
+      shell("timeout -s INT 0.5 " TPN_BINARY
+            " check fischer violation --engine bmc --max-transitions 1000; echo status $?");
+  EXPECT_THAT(outcome.out, StartsWith("undecided: interrupted"));
 }
 
 TEST_F(Tpn, CheckStopsAtMistakes) {
@@ -106,8 +127,9 @@ TEST_F(Tpn, JsonIsAsItsSchemaSays) {
   const Json run = Json::parse(tpn({"check", "handshake", "busy", "--json"}).out);
   EXPECT_EQ(schemaComplaint(schema("check.schema.json"), run), "");
   EXPECT_EQ(schemaComplaint(schema("run.schema.json"), run.at("run")), "");
-  const Json none =
-      Json::parse(tpn({"check", "fischer", "violation", "--max-bound", "8", "--json"}).out);
+  const Json none = Json::parse(tpn({"check", "fischer", "violation", "--solver", "cadical",
+                                     "--max-transitions", "3", "--json"})
+                                    .out);
   EXPECT_EQ(schemaComplaint(schema("check.schema.json"), none), "");
   const Json net = Json::parse(tpn({"show", "fischer", "--json"}).out);
   EXPECT_EQ(schemaComplaint(schema("network.schema.json"), net), "");
@@ -169,7 +191,7 @@ TEST_F(Tpn, CompletionKnowsCommandsOptionsAndFiles) {
         .out;
   };
   EXPECT_EQ(complete("tpn ch", 1), "check ");
-  EXPECT_THAT(complete("tpn check --max", 2), StartsWith("--max-bound"));
+  EXPECT_THAT(complete("tpn check --max", 2), StartsWith("--max-transitions"));
   EXPECT_THAT(complete("tpn check fischer-s", 2), StartsWith("fischer-swapped "));
   EXPECT_EQ(complete("tpn check a b --solver mini", 5), "minisat ");
 }

@@ -34,10 +34,11 @@ class Terminal : public Tpn {
 };
 
 TEST_F(Terminal, ProgressIsShownAndTakenBack) {
-  const std::string seen = onTerminal(TPN_BINARY " check fischer violation --max-bound 11");
-  EXPECT_THAT(seen, HasSubstr("\rk = 11: "));
+  const std::string seen =
+      onTerminal(TPN_BINARY " check fischer violation --engine bmc --max-transitions 4");
+  EXPECT_THAT(seen, HasSubstr("\r4 transitions: "));
   EXPECT_TRUE(seen.ends_with("\r\033[K")) << seen;
-  EXPECT_EQ(place.read("out"), "no run of up to 11 steps reaches it\n");
+  EXPECT_EQ(place.read("out"), "undecided: no run of up to 4 transitions (k = 11) does it\n");
 }
 
 TEST_F(Terminal, ProgressIsTakenBackBeforeAnError) {

@@ -26,7 +26,8 @@ class Unanswered : public testing::Test {
     EXPECT_EQ(v.unanswered[0].bound, 5);
     EXPECT_EQ(v.unanswered[0].reason, why);
     EXPECT_EQ(tpn::headline(tpn::answerOf(v)),
-              "reachable (k = 11)\nk = 5 was not answered: " + why + "\na shorter run may exist\n");
+              "reachable in 4 transitions (k = 11)\nk = 5 was not answered: " + why +
+                  "\nnone of up to 1 does it\n");
   }
 
   Workplace place_;
@@ -72,7 +73,7 @@ TEST_F(Unanswered, NoneWhereAllSmallerOnesAreRefuted) {
   EXPECT_EQ(v.bound, 11);
   EXPECT_TRUE(v.shortest);
   EXPECT_TRUE(v.unanswered.empty());
-  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "reachable (k = 11)\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "reachable in 4 transitions (k = 11)\n");
 }
 
 TEST_F(Unanswered, WithoutARunIsUnknownOrAnError) {
@@ -89,13 +90,14 @@ TEST_F(Unanswered, WithoutARunIsUnknownOrAnError) {
 TEST(Headline, OfEveryAnswer) {
   Verdict v;
   v.reason = "interrupted";
-  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "unknown: interrupted; no bound was completed\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "undecided: interrupted\n");
   v.bound = 5;
   EXPECT_EQ(tpn::headline(tpn::answerOf(v)),
-            "unknown: interrupted; no run of up to 5 steps reaches it\n");
+            "undecided: interrupted; no run of up to 2 transitions (k = 5) does it\n");
   v.answer = Verdict::unreached;
   v.reason = "why";
-  EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "no run of up to 5 steps reaches it: why\n");
+  EXPECT_EQ(tpn::headline(tpn::answerOf(v)),
+            "undecided: why; no run of up to 2 transitions (k = 5) does it\n");
   v.answer = Verdict::unreachable;
   EXPECT_EQ(tpn::headline(tpn::answerOf(v)), "unreachable: why\n");
 }
