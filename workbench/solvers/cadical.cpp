@@ -20,6 +20,7 @@ class Cadical final : public Solver, private CaDiCaL::Terminator {
 
   void add(int literal) override { solver_.add(literal); }
   void assume(int literal) override { solver_.assume(literal); }
+  void prefer(int literal) override { solver_.phase(literal); }
   Result solve() override {
     const int result = solver_.solve();
     if (result == 10) return Result::satisfiable;
