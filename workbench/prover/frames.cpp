@@ -4,8 +4,9 @@
 
 namespace tpn {
 
-Frames::Frames(const Vocabulary& words, Orbits orbits, Solver& solver, int firstFree)
-    : words_(words), orbits_(std::move(orbits)), solver_(solver), last_(firstFree - 1) {
+Frames::Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, Solver& solver,
+               int firstFree)
+    : words_(words), orbits_(std::move(orbits)), mostImages_(mostImages), solver_(solver), last_(firstFree - 1) {
   openTo(0);
   for (int v = 1; v <= words_.variables(); ++v) {
     solver_.add(-frame(0));
@@ -30,7 +31,7 @@ void Frames::activate(std::size_t level, int activator) {
 }
 
 void Frames::learn(const Cube& cube, std::size_t level) {
-  const auto images = orbits_.of(cube, mostImages);
+  const auto images = orbits_.of(cube, mostImages_);
   if (!images) throw OrbitTooLarge();
   const int activator = ++last_;
   for (const Cube& image : *images) {

@@ -32,7 +32,8 @@ class Frames {
   };
 
   // Borrows all; new variables begin at `firstFree`.
-  Frames(const Vocabulary& words, Orbits orbits, Solver& solver, int firstFree);
+  Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, Solver& solver,
+         int firstFree);
 
   // Adds frames up to this one; `top` is the last.
   void openTo(std::size_t level);
@@ -50,12 +51,11 @@ class Frames {
   long clauses() const { return clauses_; }                            // all images counted
 
  private:
-  static constexpr std::size_t mostImages = 200000;
-
   void activate(std::size_t level, int activator);
 
   const Vocabulary& words_;
   Orbits orbits_;
+  std::size_t mostImages_;
   Solver& solver_;
   int last_;
   std::vector<int> levels_;

@@ -39,7 +39,7 @@ class Prover {
         steps_(machine, layout, words_, options.delays,
                Interchange(machine, layout, words_, orbits.generators()), *solver_,
                stateSize_ + options.helpers + goal.helpers + 1),
-        frames_(words_, orbits, *solver_, steps_.variables() + 1),
+        frames_(words_, orbits, options.mostImages, *solver_, steps_.variables() + 1),
         blocking_(machine, layout, words_, steps_, frames_, *solver_),
         stop_(stop),
         report_(report) {

@@ -34,6 +34,7 @@ struct ProverOptions {
   std::vector<std::int64_t> delays{1};  // units; 1 is among them
   Clauses facts;                        // more of them, with helpers above the state's variables
   int helpers = 0;
+  std::size_t mostImages = 200000;  // of a learnt clause; beyond, all over again without symmetry
 };
 
 // `stop` is asked now and then. Throws std::bad_alloc where memory runs out.

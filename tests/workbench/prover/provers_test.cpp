@@ -1,0 +1,56 @@
+// The prover's answers against all states one by one, on random networks: every proof is rechecked,
+// every run replayed. Among them are networks with earliest times above the latest ones, with
+// locations whose numbers have gaps, and such that time cannot pass in.
+
+#include <gtest/gtest.h>
+
+#include "tests/workbench/prover/proving.hpp"
+
+namespace tpn {
+namespace {
+
+void expectRight(unsigned seed, int count, const Proving& how) {
+  Samples samples(seed);
+  int never = 0;
+  for (int i = 0; i < count; ++i) {
+    const Sample s = samples.next();
+    never += s.never ? 1 : 0;
+    EXPECT_EQ(wrong(s, proved(s.net, s.goal, how)), "") << "network " << i;
+  }
+  EXPECT_GT(never, count / 10);
+  EXPECT_LT(never, count - count / 10);
+}
+
+TEST(Prover, AnswersRightOnRandomNetworks) { expectRight(1, 300, {}); }
+
+TEST(Prover, AnswersRightWithoutPlaceInvariants) {
+  Proving how;
+  how.invariants = false;
+  expectRight(2, 150, how);
+}
+
+TEST(Prover, AnswersRightWithLongDelays) {
+  Proving how;
+  how.delays = {1, 2, 4};
+  expectRight(3, 150, how);
+}
+
+TEST(Prover, IsUndecidedWhereverItIsStopped) {
+  Samples samples(4);
+  for (int i = 0; i < 20; ++i) {
+    const Sample s = samples.next();
+    for (int calls = 0;; ++calls) {
+      Proving how;
+      how.stop = [left = calls]() mutable { return left-- <= 0; };
+      const Proved answer = proved(s.net, s.goal, how);
+      if (answer.result.answer != ProverResult::undecided) {
+        EXPECT_EQ(wrong(s, answer), "");
+        break;
+      }
+      ASSERT_LT(calls, 100000);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tpn

@@ -1,0 +1,109 @@
+// Steps backwards against steps forwards, state by state: a cube that nothing steps into, and the
+// states before one.
+
+#include <gtest/gtest.h>
+
+#include "tests/workbench/proof/randomproofs.hpp"
+#include "workbench/prover/steps.hpp"
+
+namespace tpn {
+namespace {
+
+class Backwards {
+ public:
+  explicit Backwards(const Sample& s)
+      : explorer_(s.scaled),
+        machine_(makeMachine(s.net)),
+        layout_(StateLayout::capped(machine_)),
+        words_(machine_, layout_),
+        solver_(makeCadical(Use::manyShortSearches)),
+        steps_(machine_, layout_, words_, {1}, {}, *solver_, layout_.size() + 1) {
+    addAt(*solver_, facts(machine_, layout_), 0);
+  }
+
+  bool holds(int literal, const states::State& s) const {
+    const Meaning& m = words_.meaning(literal);
+    const auto& locations = machine_.processes[m.process].locations;
+    const bool value =
+        m.isClock ? s.clocks[m.process] >= m.value
+                  : s.locations[m.process] == locations[static_cast<std::size_t>(m.value)].number;
+    return value == (literal > 0);
+  }
+  bool inside(const Cube& cube, const states::State& s) const {
+    return std::all_of(cube.begin(), cube.end(), [&](int l) { return holds(l, s); });
+  }
+
+  Cube randomCube(Samples& random) const {
+    Cube cube;
+    for (std::size_t i = random.upTo(3) + 1; i > 0; --i) {
+      const int variable = static_cast<int>(random.upTo(static_cast<std::size_t>(words_.variables()) - 1)) + 1;
+      cube.push_back(random.upTo(1) == 0 ? variable : -variable);
+    }
+    return words_.normal(cube);
+  }
+
+  // Is there a state outside the cube that steps into it? Every preimage on the way is one, whole.
+  bool into(const Cube& cube) {
+    bool found = false;
+    std::vector<int> kept;
+    steps_.forEach(cube, kept, [&](const Query& query) {
+      for (const int literal : query.fixed) solver_->assume(literal);
+      for (const auto& [assumed, literal] : query.literals) solver_->assume(assumed);
+      if (query.outside != 0) solver_->assume(query.outside);
+      if (solver_->solve() != Solver::Result::satisfiable) return true;
+      found = true;
+      expectPreimage(cube, steps_.before(cube, query.way, [&](int l) { return solver_->value(l); }));
+      return true;
+    });
+    return found;
+  }
+
+  bool intoByStates(const Cube& cube) const {
+    for (const states::State& s : explorer_.everything())
+      if (!inside(cube, s))
+        for (const states::State& to : explorer_.next(s))
+          if (inside(cube, to)) return true;
+    return false;
+  }
+
+ private:
+  void expectPreimage(const Cube& cube, const Cube& before) const {
+    int count = 0;
+    for (const states::State& s : explorer_.everything()) {
+      if (!inside(before, s)) continue;
+      ++count;
+      const std::vector<states::State> next = explorer_.next(s);
+      EXPECT_TRUE(std::any_of(next.begin(), next.end(),
+                              [&](const auto& to) { return inside(cube, to); }));
+    }
+    EXPECT_GT(count, 0);
+  }
+
+  states::Explorer explorer_;
+  Machine machine_;
+  StateLayout layout_;
+  Vocabulary words_;
+  std::unique_ptr<Solver> solver_;
+  Steps steps_;
+};
+
+TEST(Steps, LeadIntoACubeFromWhereTheStatesSay) {
+  Samples samples(1);
+  int yes = 0;
+  int no = 0;
+  for (int i = 0; i < 150; ++i) {
+    const Sample s = samples.next();
+    Backwards backwards(s);
+    for (int j = 0; j < 10; ++j) {
+      const Cube cube = backwards.randomCube(samples);
+      const bool expected = backwards.intoByStates(cube);
+      EXPECT_EQ(backwards.into(cube), expected) << "network " << i;
+      ++(expected ? yes : no);
+    }
+  }
+  EXPECT_GT(yes, 100);
+  EXPECT_GT(no, 100);
+}
+
+}  // namespace
+}  // namespace tpn
