@@ -44,6 +44,8 @@ class Prover {
         stop_(stop),
         report_(report) {
     solver_->stop(stop_);
+    // Processes that do not matter are where they were at first.
+    for (int v = 1; v <= stateSize_; ++v) solver_->prefer(words_.initially(v) ? v : -v);
   }
 
   ProverResult run() {

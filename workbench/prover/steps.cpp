@@ -255,11 +255,17 @@ Cube Steps::beforeDelay(const Cube& cube, std::int64_t delay,
   return result;
 }
 
-// Why this deadline does not stop the delay: a literal that is there already, or one more. A
-// transition of which a process is elsewhere, rather than a clock.
+// Why this deadline does not stop the delay: a literal that is there already, or one more. One that
+// is true at first rather than not, for what keeps the cube out should not be found in processes
+// that have nothing to do with it; that a process is elsewhere rather than something of its clock.
 void Steps::addReason(const Machine::Transition& t, std::int64_t delay,
                       const std::function<bool(int)>& state, Cube& cube) const {
   int reason = 0;
+  const auto worth = [this](int literal) {
+    return literal == 0 ? 0
+                        : 1 + (words_.initially(literal) ? 2 : 0) +
+                              (words_.meaning(literal).isClock ? 0 : 1);
+  };
   for (const int literal : deadline(t, delay)) {
     if (!state(literal)) continue;
     const Meaning& m = words_.meaning(literal);
@@ -271,7 +277,7 @@ void Steps::addReason(const Machine::Transition& t, std::int64_t delay,
           (m.isClock && there < 0 && n.value <= m.value))
         return;
     }
-    if (reason == 0 || words_.meaning(reason).isClock) reason = literal;
+    if (worth(literal) > worth(reason)) reason = literal;
   }
   assert(reason != 0);
   cube.push_back(reason);

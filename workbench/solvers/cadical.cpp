@@ -40,6 +40,9 @@ class Cadical final : public Solver, private CaDiCaL::Terminator, private CaDiCa
   void assume(int literal) override {
     call([&] { solver_->assume(literal); });
   }
+  void prefer(int literal) override {
+    call([&] { solver_->phase(literal); });
+  }
   Result solve() override {
     int result = 0;
     call([&] { result = solver_->solve(); });

@@ -1,4 +1,4 @@
-// An incremental SAT solver, as the searches see it: seven functions. Clauses and assumptions are
+// An incremental SAT solver, as the searches see it: eight functions. Clauses and assumptions are
 // given literal by literal, as in DIMACS: v or -v, v >= 1.
 //
 // A solver whose memory ran out has thrown std::bad_alloc, and does so in every later call; its
@@ -19,6 +19,7 @@ class Solver {
 
   virtual void add(int literal) = 0;     // to the clause at hand; 0 ends it
   virtual void assume(int literal) = 0;  // holds in the next solve(), and in no other
+  virtual void prefer(int literal) = 0;  // true, where models are free to choose
   virtual Result solve() = 0;
   virtual bool value(int literal) = 0;    // after satisfiable: in the model
   virtual bool failed(int literal) = 0;   // after unsatisfiable: an assumption that was needed
