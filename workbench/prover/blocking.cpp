@@ -96,9 +96,9 @@ void Blocking::weakenClock(Cube& cube, int literal, std::size_t level) {
   }
 }
 
-int Blocking::bound(std::size_t process, bool lower, std::int64_t value, std::int64_t further) const {
-  return lower ? layout_.clock(process, value - further)
-               : -layout_.clock(process, value + further);
+int Blocking::bound(std::size_t process, bool lower, std::int64_t value,
+                    std::int64_t further) const {
+  return lower ? layout_.clock(process, value - further) : -layout_.clock(process, value + further);
 }
 
 // A location as the negation of all others, of which not all may be needed.
@@ -150,9 +150,8 @@ std::vector<std::size_t> Blocking::processesOf(const Cube& cube,
   processes.erase(std::unique(processes.begin(), processes.end()), processes.end());
   std::reverse(processes.begin(), processes.end());
   if (!distance.empty())
-    std::stable_sort(processes.begin(), processes.end(), [&](std::size_t a, std::size_t b) {
-      return distance[a] > distance[b];
-    });
+    std::stable_sort(processes.begin(), processes.end(),
+                     [&](std::size_t a, std::size_t b) { return distance[a] > distance[b]; });
   return processes;
 }
 
@@ -166,8 +165,7 @@ Cube Blocking::inOrder(Cube cube, const std::vector<std::size_t>& distance) cons
   return cube;
 }
 
-void Blocking::generalise(Cube& cube, std::size_t level,
-                          const std::vector<std::size_t>& distance) {
+void Blocking::generalise(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
   dropProcesses(cube, level, distance);
   for (const int literal : inOrder(cube, distance))
     if (contains(cube, literal)) tryDropping(cube, literal, level);

@@ -148,8 +148,8 @@ class Prover {
         continue;
       }
       if (const auto before = blocking_.intoFrom(cube, at)) {
-        const std::size_t next = add({before->cube, before->way, index,
-                                     aboutAlso(obligations_[index].about, before->way)});
+        const std::size_t next = add(
+            {before->cube, before->way, index, aboutAlso(obligations_[index].about, before->way)});
         if (words_.holdsInitially(before->cube)) return next;
         assert(at > 1);
         queue.emplace(at - 1, next);
@@ -255,7 +255,8 @@ class Prover {
   }
 
   void tell(std::size_t level) {
-    if (report_) report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
+    if (report_)
+      report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
   const Machine& machine_;

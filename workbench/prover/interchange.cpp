@@ -24,7 +24,10 @@ void sortUnique(std::vector<T>& values) {
 class Interchange::Finder {
  public:
   Finder(const Machine& machine, const StateLayout& layout, const Vocabulary& words)
-      : machine_(machine), layout_(layout), words_(words), blockOf_(machine.processes.size(), none) {}
+      : machine_(machine),
+        layout_(layout),
+        words_(words),
+        blockOf_(machine.processes.size(), none) {}
 
   void add(const Orbits::Permutation& generator) {
     Block low;
@@ -104,8 +107,7 @@ class Interchange::Finder {
   std::vector<std::vector<std::pair<std::size_t, Swap>>> edges_;  // [block]
 };
 
-Interchange::Interchange(const Machine& machine, const StateLayout& layout,
-                         const Vocabulary& words,
+Interchange::Interchange(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
                          const std::vector<Orbits::Permutation>& generators)
     : touched_(machine.transitions.size()) {
   Finder finder(machine, layout, words);
@@ -138,8 +140,8 @@ void Interchange::findOwners(const Vocabulary& words, const std::vector<std::siz
   for (std::vector<std::size_t>& blocks : owners_) sortUnique(blocks);
 }
 
-// Variables of no block of the family: the root's are those that all swaps move, other blocks' those
-// that only theirs does. With one swap either may be; the smaller one is the root's.
+// Variables of no block of the family: the root's are those that all swaps move, other blocks'
+// those that only theirs does. With one swap either may be; the smaller one is the root's.
 void Interchange::own(const Family& family) {
   std::map<int, std::vector<std::size_t>> movers;
   for (std::size_t i = 0; i < family.swaps.size(); ++i)

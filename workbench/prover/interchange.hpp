@@ -31,6 +31,7 @@ class Interchange {
 
   // Of the cube that was pinned last.
   bool redundant(std::size_t transition) const {
+    if (families_.empty()) return false;
     const std::vector<std::size_t>& blocks = touched_[transition];
     for (const std::size_t block : blocks)
       if (position_[block] >= static_cast<std::ptrdiff_t>(blocks.size())) return true;
@@ -40,11 +41,11 @@ class Interchange {
   std::size_t families() const { return families_.size(); }
 
  private:
-  using Block = std::vector<std::size_t>;         // processes, ascending
-  using Swap = std::unordered_map<int, int>;      // what it moves: [variable]
-  struct Family {                                 // any two of its blocks can be swapped
-    std::vector<std::size_t> blocks;              // the first is the root
-    std::vector<Swap> swaps;                      // [i]: of the root and block i + 1
+  using Block = std::vector<std::size_t>;     // processes, ascending
+  using Swap = std::unordered_map<int, int>;  // what it moves: [variable]
+  struct Family {                             // any two of its blocks can be swapped
+    std::vector<std::size_t> blocks;          // the first is the root
+    std::vector<Swap> swaps;                  // [i]: of the root and block i + 1
   };
   class Finder;
 

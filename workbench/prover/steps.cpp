@@ -21,7 +21,8 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }  // namespace
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree)
+             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver,
+             int firstFree)
     : machine_(machine),
       layout_(layout),
       words_(words),
@@ -116,7 +117,8 @@ void Steps::forEach(const Cube& cube, std::vector<int>& kept,
     if (std::exchange(last, process) == process) continue;
     for (const std::size_t f : firingsOf_[process])
       if (std::exchange(seen_[f], round_) != round_ &&
-          !interchange_.redundant(firings_[f].transition) && !askTransition(firings_[f], cube, kept, ask))
+          !interchange_.redundant(firings_[f].transition) &&
+          !askTransition(firings_[f], cube, kept, ask))
         return;
   }
   for (const Waiting& waiting : waitings_)

@@ -51,8 +51,8 @@ class Steps {
 
   // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
   // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
-  // of its literals, such a literal. Of queries that are images of one another under symmetries that
-  // leave the cube alone, it may make one.
+  // of its literals, such a literal. Of queries that are images of one another under symmetries
+  // that leave the cube alone, it may make one.
   void forEach(const Cube& cube, std::vector<int>& kept,
                const std::function<bool(const Query&)>& ask);
 
