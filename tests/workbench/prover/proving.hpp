@@ -9,6 +9,8 @@
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
 #include "workbench/runs/deadend.hpp"
+#include "workbench/runs/replay.hpp"
+#include "workbench/runs/schedule.hpp"
 
 namespace tpn {
 
@@ -39,8 +41,7 @@ inline Proved proved(const Network& net, const Goal& goal, const Proving& how) {
   if (how.invariants) invariants = placeInvariants(machine);
   LinearClauses linear = linearClauses(machine, layout, invariants);
   ProverOptions options{how.delays, std::move(linear.clauses), linear.helpers, how.mostImages};
-  Proved answer{
-      prove(machine, layout, formula, Orbits(permutations), options, how.stop, {}), {}};
+  Proved answer{prove(machine, layout, formula, Orbits(permutations), options, how.stop, {}), {}};
   if (answer.result.answer == ProverResult::unreachable)
     answer.certificate = certificateOf(machine, layout, answer.result, invariants, symmetric);
   return answer;
