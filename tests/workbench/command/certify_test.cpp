@@ -6,6 +6,7 @@
 #include "tests/driver/runprogram.hpp"
 #include "tests/workbench/proof/fischer.hpp"
 #include "workbench/base/files.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/proof/certificatetext.hpp"
 
