@@ -127,7 +127,7 @@ TEST_P(Everywhere, AFullDiskIsNoticed) {
   EXPECT_THAT([&] { checked(circle(3), "p1", options); },
               testing::ThrowsMessage<std::runtime_error>(
                   testing::AllOf(HasSubstr("k5.cnf could not be written completely"),
-                                 HasSubstr("no run of up to 2 steps"))));
+                                 HasSubstr("no run of up to 1 transitions"))));
 }
 
 // A limit on the size of files fails writes like a full disk, in the middle of a file.

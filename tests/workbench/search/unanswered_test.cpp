@@ -84,8 +84,8 @@ TEST_F(Unanswered, WithoutARunIsUnknownOrAnError) {
   EXPECT_EQ(v.reason, "fake gave up at k = 5");
   EXPECT_THAT([&] { check(others + "kill -9 $$", 8); },
               testing::ThrowsMessage<std::runtime_error>(
-                  "fake was ended by a signal: Killed at k = 5; no run of up to 2 steps reaches "
-                  "it"));
+                  "fake was ended by a signal: Killed at k = 5; no run of up to 1 transitions "
+                  "(k = 2) does it"));
 }
 
 TEST(Headline, OfEveryAnswer) {

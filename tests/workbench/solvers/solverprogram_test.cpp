@@ -25,11 +25,11 @@ class FakeSolver : public testing::Test {
 
   void fails(const std::string& script, const std::string& message) const {
     const std::string path = solver(script);
-    EXPECT_THAT(
-        [&] { check(path); },
-        testing::ThrowsMessage<std::runtime_error>(AllOf(
-            HasSubstr(message), HasSubstr("fake"), HasSubstr("at k = 5"),
-            HasSubstr("; no run of up to 2 steps reaches it"), testing::Not(HasSubstr("\n")))))
+    EXPECT_THAT([&] { check(path); },
+                testing::ThrowsMessage<std::runtime_error>(
+                    AllOf(HasSubstr(message), HasSubstr("fake"), HasSubstr("at k = 5"),
+                          HasSubstr("; no run of up to 1 transitions (k = 2) does it"),
+                          testing::Not(HasSubstr("\n")))))
         << script;
   }
 
