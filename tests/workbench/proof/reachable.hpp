@@ -10,7 +10,6 @@
 
 #include "workbench/network/goal.hpp"
 #include "workbench/proof/certificate.hpp"
-#include "workbench/proof/scaled.hpp"
 
 namespace tpn::states {
 
@@ -21,10 +20,26 @@ struct State {
   friend auto operator<=>(const State&, const State&) = default;
 };
 
+// How far a clock is told apart, reckoned anew here: [process][location].
+inline std::vector<std::map<int, std::int64_t>> capsOf(const Network& net) {
+  std::vector<std::map<int, std::int64_t>> caps;
+  for (std::size_t p = 0; p < net.processes.size(); ++p) {
+    caps.emplace_back();
+    for (const int location : net.processes[p].locations) {
+      std::int64_t& cap = caps[p][location];
+      for (const Transition& t : net.transitions)
+        for (const Move& m : t.moves)
+          if (m.process == p && m.source == location)
+            cap = std::max({cap, t.interval.earliest, t.interval.latest.value_or(0)});
+    }
+  }
+  return caps;
+}
+
 class Explorer {
  public:
   // Of a network in units.
-  explicit Explorer(const Network& net) : net_(net), caps_(clockCaps(net)) {}
+  explicit Explorer(const Network& net) : net_(net), caps_(capsOf(net)) {}
 
   State initial() const {
     return {std::vector<int>(net_.processes.size(), 0),
@@ -166,13 +181,14 @@ inline Certificate exactly(const Network& scaled, const std::set<State>& reachab
                        [&](const State& s) { return holds(clause, s); });
   };
   Certificate result;
+  const auto caps = capsOf(scaled);
   for (const State& s : Explorer(scaled).everything()) {
     if (reachable.contains(s) || !inside(result, s)) continue;
     AtomClause clause;
     for (std::size_t p = 0; p < s.locations.size(); ++p) {
       clause.push_back({Atom::location, false, p, s.locations[p]});
       if (s.clocks[p] > 0) clause.push_back({Atom::clock, false, p, s.clocks[p]});
-      if (s.clocks[p] < clockCaps(scaled)[p].at(s.locations[p]))
+      if (s.clocks[p] < caps[p].at(s.locations[p]))
         clause.push_back({Atom::clock, true, p, s.clocks[p] + 1});
     }
     for (std::size_t i = clause.size(); i-- > 0;) {
