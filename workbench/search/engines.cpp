@@ -8,6 +8,7 @@
 #include <mutex>
 #include <new>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -26,15 +27,19 @@ class Race {
   Race(const Network& net, const Goal& goal, const EngineOptions& options, Watch& watch)
       : net_(net), goal_(goal), options_(options), watch_(watch) {}
 
+  // The last engine runs in this thread, the one before it beside it.
   Answer run() {
-    std::vector<std::thread> threads;
+    std::vector<std::function<void()>> engines;
     if (options_.engine == Engine::both || options_.engine == Engine::bounded)
-      threads.emplace_back([this] { guarded([this] { search(); }); });
+      engines.emplace_back([this] { search(); });
     if (options_.engine == Engine::both || options_.engine == Engine::prover)
-      threads.emplace_back([this] { guarded([this] { prove(); }); });
-    if (options_.engine == Engine::abc)
-      threads.emplace_back([this] { guarded([this] { askTheProgram(); }); });
-    for (std::thread& thread : threads) thread.join();
+      engines.emplace_back([this] { prove(); });
+    if (options_.engine == Engine::abc) engines.emplace_back([this] { askTheProgram(); });
+    std::vector<std::thread> beside;
+    for (std::size_t i = 0; i + 1 < engines.size(); ++i)
+      guarded([&] { beside.emplace_back([&, i] { guarded(engines[i]); }); });
+    guarded(engines.back());
+    for (std::thread& thread : beside) thread.join();
     return judged();
   }
 
@@ -44,6 +49,8 @@ class Race {
       std::rethrow_exception(failure);
     } catch (const std::bad_alloc&) {
       return "this needs more memory than there is";
+    } catch (const std::system_error& e) {
+      return "no memory for a second engine: " + std::string(e.what());
     } catch (const std::exception& e) {
       return e.what();
     }

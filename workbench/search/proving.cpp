@@ -1,7 +1,10 @@
 #include "workbench/search/proving.hpp"
 
 #include <stdexcept>
+#include <utility>
 
+#include "workbench/machine/invariants.hpp"
+#include "workbench/machine/linearclauses.hpp"
 #include "workbench/machine/symmetry.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
@@ -30,13 +33,17 @@ class Proving {
         over_(over),
         machine_(makeMachine(net)),
         layout_(StateLayout::capped(machine_)),
-        symmetries_(symmetries(machine_)) {}
+        symmetries_(symmetries(machine_)),
+        invariants_(placeInvariants(machine_)) {}
 
   Proved run(const std::function<void(const ProverProgress&)>& report) {
     std::vector<Orbits::Permutation> generators;
     for (const Symmetry& s : symmetries_) generators.push_back(permutationOf(machine_, layout_, s));
     ProverOptions options;
     options.delays = delaysFor(machine_);
+    LinearClauses linear = linearClauses(machine_, layout_, invariants_);
+    options.facts = std::move(linear.clauses);
+    options.helpers = linear.helpers;
     const StateFormula formula = goal_.deadlock()
                                      ? deadEndFormula(machine_, layout_)
                                      : propertyFormula(net_, machine_, layout_, *goal_.property);
@@ -62,7 +69,7 @@ class Proving {
   }
 
   std::optional<Certificate> checked(const ProverResult& result) const {
-    Certificate certificate = certificateOf(machine_, layout_, result, {}, symmetries_);
+    Certificate certificate = certificateOf(machine_, layout_, result, invariants_, symmetries_);
     const Recheck recheck = tpn::recheck(net_, goal_, certificate, over_);
     if (recheck.result == Recheck::stopped) return std::nullopt;
     if (recheck.result == Recheck::refuted)
@@ -76,6 +83,7 @@ class Proving {
   Machine machine_;
   StateLayout layout_;
   std::vector<Symmetry> symmetries_;
+  std::vector<PlaceInvariant> invariants_;
 };
 
 }  // namespace

@@ -134,7 +134,7 @@ TEST_F(CheckEnds, WithOneLineWhereMemoryRunsOut) {
     bounds.addressSpace = kib * 1024;
     const Outcome outcome = place_.run(
         TPN_BINARY,
-        {"check", "fischer", "violation", "--solver", "cadical", "--max-transitions", "13"},
+        {"check", "fischer", "violation", "--keep", "kept", "--max-transitions", "13"},
         bounds);
     EXPECT_EQ(outcome.signal, 0) << kib << outcome.err;
     if (outcome.status == 30 || outcome.status == 127) continue;  // 127: not even loaded
