@@ -6,7 +6,11 @@ namespace tpn {
 
 Frames::Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, Solver& solver,
                int firstFree)
-    : words_(words), orbits_(std::move(orbits)), mostImages_(mostImages), solver_(solver), last_(firstFree - 1) {
+    : words_(words),
+      orbits_(std::move(orbits)),
+      mostImages_(mostImages),
+      solver_(solver),
+      last_(firstFree - 1) {
   openTo(0);
   for (int v = 1; v <= words_.variables(); ++v) {
     solver_.add(-frame(0));
