@@ -52,14 +52,14 @@ void row(const std::string& netFile, const std::string& goalFile, const Settings
   options.helpers = linear.helpers;
   const double prepared = seconds();
   tpn::ProverProgress last;
-  const tpn::ProverResult result = tpn::prove(
-      machine, layout, propertyFormula(*net, machine, layout, *property), tpn::Orbits(generators),
-      options, {}, [&](const tpn::ProverProgress& progress) {
-        last = progress;
-        if (settings.verbose)
-          std::cerr << progress.frame << " " << progress.clauses << " " << progress.obligations
-                    << " " << progress.queries << "\n";
-      });
+  const tpn::ProverResult result =
+      tpn::prove(machine, layout, propertyFormula(*net, machine, layout, *property),
+                 tpn::Orbits(generators), options, {}, [&](const tpn::ProverProgress& progress) {
+                   last = progress;
+                   if (settings.verbose)
+                     std::cerr << progress.frame << " " << progress.clauses << " "
+                               << progress.obligations << " " << progress.queries << "\n";
+                 });
   const double proved = seconds();
   const bool never = result.answer == tpn::ProverResult::unreachable;
   std::string checked = "-";
@@ -76,7 +76,8 @@ void row(const std::string& netFile, const std::string& goalFile, const Settings
             << " frames " << std::setw(3) << last.frame << " clauses " << std::setw(5)
             << last.clauses << " invariant " << std::setw(4) << result.invariant.size()
             << " queries " << std::setw(8) << last.queries << " seconds " << std::setw(7)
-            << proved - start << " (" << prepared - start << " before) check " << checked << std::endl;
+            << proved - start << " (" << prepared - start << " before) check " << checked
+            << std::endl;
 }
 
 }  // namespace

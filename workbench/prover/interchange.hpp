@@ -31,6 +31,7 @@ class Interchange {
 
   // Of the cube that was pinned last.
   bool redundant(std::size_t transition) const {
+    if (families_.empty()) return false;
     const std::vector<std::size_t>& blocks = touched_[transition];
     for (const std::size_t block : blocks)
       if (position_[block] >= static_cast<std::ptrdiff_t>(blocks.size())) return true;

@@ -39,8 +39,7 @@ inline Proved proved(const Network& net, const Goal& goal, const Proving& how) {
   if (how.invariants) invariants = placeInvariants(machine);
   LinearClauses linear = linearClauses(machine, layout, invariants);
   ProverOptions options{how.delays, std::move(linear.clauses), linear.helpers, how.mostImages};
-  Proved answer{
-      prove(machine, layout, formula, Orbits(permutations), options, how.stop, {}), {}};
+  Proved answer{prove(machine, layout, formula, Orbits(permutations), options, how.stop, {}), {}};
   if (answer.result.answer == ProverResult::unreachable)
     answer.certificate = certificateOf(machine, layout, answer.result, invariants, symmetric);
   return answer;
