@@ -75,10 +75,8 @@ bool Blocking::ask(const Query& query, Pass& pass) {
   }
   if (!rest.empty()) {
     assume(query, pass);
-    for (const auto& [assumed, literal] : rest)
-      if (contains(pass.added, literal)) solver_.assume(assumed);
-    for (const auto& [assumed, literal] : rest)
-      if (!contains(pass.added, literal)) solver_.assume(assumed);
+    rest = nearestFirst(std::move(rest), pass);
+    for (const auto& [assumed, literal] : rest) solver_.assume(assumed);
     if (!solve()) {
       for (const auto& [assumed, literal] : rest)
         if (solver_.failed(assumed)) pass.added.push_back(literal);
@@ -88,6 +86,35 @@ bool Blocking::ask(const Query& query, Pass& pass) {
   const auto state = [this](int literal) { return solver_.value(literal); };
   pass.found = Predecessor{steps_.before(pass.cube, query.way, state), query.way};
   return false;
+}
+
+void Blocking::meet() {
+  neighbours_.resize(machine_.processes.size());
+  for (const Machine::Transition& t : machine_.transitions)
+    for (const Machine::Move& one : t.moves)
+      for (const Machine::Move& other : t.moves)
+        if (one.process != other.process) neighbours_[one.process].push_back(other.process);
+  for (std::vector<std::size_t>& list : neighbours_) {
+    std::sort(list.begin(), list.end());
+    list.erase(std::unique(list.begin(), list.end()), list.end());
+  }
+}
+
+// What is to be added anyway, then what is about the processes of the part, then about those that
+// these move together with: the solver blames the first that do. A reason that is far away is true
+// of few steps only, and needs one such process more for each further frame.
+std::vector<std::pair<int, int>> Blocking::nearestFirst(std::vector<std::pair<int, int>> rest,
+                                                        const Pass& pass) const {
+  std::vector<int> distance(machine_.processes.size(), 3);
+  for (const int literal : pass.part)
+    for (const std::size_t near : neighbours_[words_.meaning(literal).process]) distance[near] = 2;
+  for (const int literal : pass.part) distance[words_.meaning(literal).process] = 1;
+  const auto of = [&](int literal) {
+    return contains(pass.added, literal) ? 0 : distance[words_.meaning(literal).process];
+  };
+  std::stable_sort(rest.begin(), rest.end(),
+                   [&](const auto& a, const auto& b) { return of(a.second) < of(b.second); });
+  return rest;
 }
 
 void Blocking::assume(const Query& query, const Pass& pass) {

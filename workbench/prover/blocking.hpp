@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "workbench/prover/frames.hpp"
 #include "workbench/prover/steps.hpp"
@@ -23,7 +25,9 @@ class Blocking {
         words_(words),
         steps_(steps),
         frames_(frames),
-        solver_(solver) {}
+        solver_(solver) {
+    meet();
+  }
 
   struct Predecessor {
     Cube cube;  // every state of it steps into the cube asked about
@@ -58,6 +62,9 @@ class Blocking {
   bool ask(const Query& query, Pass& pass);
   void assume(const Query& query, const Pass& pass);
   int seed(const Cube& cube) const;
+  std::vector<std::pair<int, int>> nearestFirst(std::vector<std::pair<int, int>> rest,
+                                                const Pass& pass) const;
+  void meet();
   bool solve();
   // Looks for a part of the cube, of at most so many literals, that no step leads into.
   bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
@@ -79,6 +86,7 @@ class Blocking {
   Frames& frames_;
   Solver& solver_;
   long queries_ = 0;
+  std::vector<std::vector<std::size_t>> neighbours_;  // [process]: those it moves together with
 };
 
 }  // namespace tpn
