@@ -132,7 +132,10 @@ Answer searched(const Arguments& a, const Asked& asked) {
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
   try {
-    Answer found = a.asksByBounds() ? byBounds(a, asked, report) : byEngines(a, asked, report);
+    const bool tooLarge =
+        a.engine == Engine::both && !a.deadlock && !a.shortest && !suitsEngines(asked.net);
+    Answer found =
+        a.asksByBounds() || tooLarge ? byBounds(a, asked, report) : byEngines(a, asked, report);
     progress.clear();
     return found;
   } catch (...) {

@@ -61,8 +61,8 @@ TEST_F(Tpn, FileThatIsNotThereIsNamed) {
 }
 
 TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
-  const Outcome outcome =
-      tpn({"check", "fischer-swapped", "violation", "--svg", "run.svg", "--vcd", "run.vcd"});
+  const Outcome outcome = tpn({"check", "fischer-swapped", "violation", "--engine", "bmc", "--svg",
+                               "run.svg", "--vcd", "run.vcd"});
   EXPECT_EQ(outcome.status, 10);
   EXPECT_THAT(outcome.out, StartsWith("reachable in 10 transitions (k = 29)\n"));
   EXPECT_EQ(outcome.err, "");
@@ -71,7 +71,9 @@ TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {
 }
 
 TEST_F(Tpn, PictureInTheReadmeIsTheOneThatIsDrawn) {
-  ASSERT_EQ(tpn({"check", "fischer-swapped", "violation", "--svg", "run.svg"}).status, 10);
+  ASSERT_EQ(
+      tpn({"check", "fischer-swapped", "violation", "--engine", "bmc", "--svg", "run.svg"}).status,
+      10);
   EXPECT_EQ(place.read("run.svg") == contents(tree / "docs/run.svg"), true);
 }
 

@@ -103,7 +103,8 @@ TEST_F(TpnFaults, Show) { survives({"show", "handshake", "--json"}); }
 TEST_F(TpnFaults, ShowDrawn) { survives({"show", "handshake", "--svg", "picture.svg"}, 3); }
 
 TEST_F(TpnFaults, Check) {
-  survives({"check", "handshake", "busy", "--svg", "run.svg", "--vcd", "run.vcd"});
+  survives(
+      {"check", "handshake", "busy", "--engine", "bmc", "--svg", "run.svg", "--vcd", "run.vcd"});
 }
 
 TEST_F(TpnFaults, CheckWithASolver) {
