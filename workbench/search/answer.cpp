@@ -1,5 +1,7 @@
 #include "workbench/search/answer.hpp"
 
+#include "workbench/base/printable.hpp"
+
 namespace tpn {
 
 namespace {
@@ -17,14 +19,14 @@ std::string reachableText(const Answer& a) {
   const int length = static_cast<int>(a.run->steps.size());
   std::string text = "reachable in " + transitions(length) + pathLength(length) + "\n";
   for (const auto& [bound, reason] : a.unanswered)
-    text += "k = " + std::to_string(bound) + " was not answered: " + reason + "\n";
+    text += "k = " + std::to_string(bound) + " was not answered: " + printable(reason) + "\n";
   if (a.shortest) return text;
   return text + (a.noRunUpTo < 0 ? "a shorter run may exist\n"
                                  : "none of up to " + std::to_string(a.noRunUpTo) + " does it\n");
 }
 
 std::string undecidedText(const Answer& a) {
-  std::string text = "undecided: " + a.reason;
+  std::string text = "undecided: " + printable(a.reason);
   if (a.noRunUpTo >= 0)
     text += (a.reason.empty() ? "" : "; ") + ("no run of up to " + transitions(a.noRunUpTo)) +
             pathLength(a.noRunUpTo) + " does it";
@@ -60,7 +62,7 @@ Answer answerOf(const Verdict& v) {
 std::string headline(const Answer& a) {
   if (a.kind == Answer::reachable) return reachableText(a);
   if (a.kind == Answer::undecided) return undecidedText(a);
-  return "unreachable" + (a.reason.empty() ? "" : ": " + a.reason) + "\n";
+  return "unreachable" + (a.reason.empty() ? "" : ": " + printable(a.reason)) + "\n";
 }
 
 }  // namespace tpn

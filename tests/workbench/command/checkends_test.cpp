@@ -91,7 +91,7 @@ TEST_F(CheckEnds, WithALongerRunSaysWhatWasNotAnswered) {
   EXPECT_EQ(json.at("unanswered").at(0).at("reason"), "fake was ended by a signal: Killed");
   const Json schema = Json::parse(contents(tree / "docs/check.schema.json"));
   EXPECT_EQ(schemaComplaint(schema, json), "");
-  EXPECT_EQ(Json::parse(shell("$tpn check net phi --json").out).at("shortest"), true);
+  EXPECT_EQ(Json::parse(shell("$tpn check net phi --shortest --json").out).at("shortest"), true);
 }
 
 TEST_F(CheckEnds, TraceHasTheSameJson) {
@@ -134,7 +134,7 @@ TEST_F(CheckEnds, WithOneLineWhereMemoryRunsOut) {
     bounds.addressSpace = kib * 1024;
     const Outcome outcome = place_.run(
         TPN_BINARY,
-        {"check", "fischer", "violation", "--solver", "cadical", "--max-transitions", "13"},
+        {"check", "fischer", "violation", "--keep", "kept", "--max-transitions", "13"},
         bounds);
     EXPECT_EQ(outcome.signal, 0) << kib << outcome.err;
     if (outcome.status == 30 || outcome.status == 127) continue;  // 127: not even loaded

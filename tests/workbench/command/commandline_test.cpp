@@ -147,7 +147,7 @@ TEST_F(Tpn, TraceShowsTheRunOfASolverByHand) {
     EXPECT_THAT(outcome.out, HasSubstr("<- goal"));
   }
   place.write("none", "s UNSATISFIABLE\n");
-  EXPECT_EQ(tpn({"trace", "fischer", "critical", "fischerk14.lck", "none"}).status, 20);
+  EXPECT_EQ(tpn({"trace", "fischer", "critical", "fischerk14.lck", "none"}).status, 30);
   const Outcome foreign = tpn({"trace", "handshake", "busy", "fischerk14.lck", "answer"});
   EXPECT_EQ(foreign.status, 1);
   EXPECT_EQ(foreign.err, "tpn: the variable map is of another network\n");

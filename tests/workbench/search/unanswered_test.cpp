@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/workbench/search/fakesolver.hpp"
+#include "workbench/search/answer.hpp"
 
 namespace {
 
