@@ -6,8 +6,13 @@ namespace tpn {
 
 namespace {
 
+// Pairs of locations are the strongest way to say that they exclude one another, and the longest.
+bool hasFewLocations(const Machine::Process& process) { return process.locations.size() <= 128; }
+
 Clauses factsAfterDelay(const Machine& machine, const StateLayout& layout) {
-  Clauses facts = oneLocation(machine, layout);
+  Clauses facts;
+  for (std::size_t p = 0; p < machine.processes.size(); ++p)
+    if (hasFewLocations(machine.processes[p])) addOneLocation(facts, machine, layout, p);
   for (Clause& clause : clockOrder(machine, layout)) facts.push_back(std::move(clause));
   return facts;
 }
@@ -53,6 +58,13 @@ void FusedRuns::extend(const Checkpoint& checkpoint) {
 void FusedRuns::addState() {
   states_.push_back(sink_.fresh(layout_.size()) - 1);
   sink_.addAt(facts_, states_.back());
+  for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
+    if (hasFewLocations(machine_.processes[p])) continue;
+    Clause some = locationsOf(machine_, layout_, p);
+    for (int& literal : some) literal = shifted(literal, states_.back());
+    sink_.add(some);
+    atMostOne(some);
+  }
   for (const Machine::Transition& t : machine_.transitions)
     if (t.latest) addDeadline(t);
 }

@@ -90,17 +90,25 @@ std::int64_t StateLayout::value(std::size_t process, int index) const {
   return p.sparse.empty() ? index + 1 : p.sparse[static_cast<std::size_t>(index)];
 }
 
+Clause locationsOf(const Machine& machine, const StateLayout& layout, std::size_t process) {
+  Clause some;
+  for (std::size_t l = 0; l < machine.processes[process].locations.size(); ++l)
+    some.push_back(layout.location(process, l));
+  return some;
+}
+
+void addOneLocation(Clauses& clauses, const Machine& machine, const StateLayout& layout,
+                    std::size_t process) {
+  const Clause some = locationsOf(machine, layout, process);
+  clauses.push_back(some);
+  for (std::size_t l = 0; l < some.size(); ++l)
+    for (std::size_t m = 0; m < l; ++m) clauses.push_back({-some[m], -some[l]});
+}
+
 Clauses oneLocation(const Machine& machine, const StateLayout& layout) {
   Clauses clauses;
-  for (std::size_t p = 0; p < machine.processes.size(); ++p) {
-    const std::size_t count = machine.processes[p].locations.size();
-    Clause some;
-    for (std::size_t l = 0; l < count; ++l) some.push_back(layout.location(p, l));
-    clauses.push_back(some);
-    for (std::size_t l = 0; l < count; ++l)
-      for (std::size_t m = 0; m < l; ++m)
-        clauses.push_back({-layout.location(p, m), -layout.location(p, l)});
-  }
+  for (std::size_t p = 0; p < machine.processes.size(); ++p)
+    addOneLocation(clauses, machine, layout, p);
   return clauses;
 }
 

@@ -65,6 +65,11 @@ class StateLayout {
 
 // Every process is in exactly one location.
 Clauses oneLocation(const Machine& machine, const StateLayout& layout);
+// Of one process: it is somewhere, and no two locations are occupied at once; quadratic.
+void addOneLocation(Clauses& clauses, const Machine& machine, const StateLayout& layout,
+                    std::size_t process);
+// The locations of a process as literals.
+Clause locationsOf(const Machine& machine, const StateLayout& layout, std::size_t process);
 // At least c + 1 is at least c.
 Clauses clockOrder(const Machine& machine, const StateLayout& layout);
 // No clock is past the cap of its location; for capped layouts.

@@ -91,7 +91,7 @@ TEST_F(CheckEnds, WithALongerRunSaysWhatWasNotAnswered) {
   EXPECT_EQ(json.at("unanswered").at(0).at("reason"), "fake was ended by a signal: Killed");
   const Json schema = Json::parse(contents(tree / "docs/check.schema.json"));
   EXPECT_EQ(schemaComplaint(schema, json), "");
-  EXPECT_EQ(Json::parse(shell("$tpn check net phi --json").out).at("shortest"), true);
+  EXPECT_EQ(Json::parse(shell("$tpn check net phi --shortest --json").out).at("shortest"), true);
 }
 
 TEST_F(CheckEnds, TraceHasTheSameJson) {

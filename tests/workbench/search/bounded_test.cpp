@@ -207,6 +207,14 @@ TEST(BoundedSearch, AnswersNetworksThatAreStuckInTime) {
   EXPECT_EQ(end.run->steps.size(), 1U);
 }
 
+// Too many for saying of each pair that it excludes one another.
+TEST(BoundedSearch, AnswersProcessesOfManyLocations) {
+  const tpn::Property last = propertyOf("p1");
+  const BoundedVerdict v = searched(circle(150), {last}, {});
+  ASSERT_EQ(v.answer, BoundedVerdict::reached);
+  EXPECT_EQ(v.run->steps.size(), 149U);
+}
+
 TEST(BoundedSearch, StopsWhenItIsTold) {
   int asked = 0;
   const tpn::Property never = propertyOf("p9");
