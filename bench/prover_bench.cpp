@@ -14,6 +14,7 @@
 #include "workbench/base/files.hpp"
 #include "workbench/machine/linearclauses.hpp"
 #include "workbench/machine/symmetry.hpp"
+#include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
@@ -65,7 +66,7 @@ void row(const std::string& netFile, const std::string& goalFile, const Settings
   std::string checked = "-";
   if (never) {
     const auto certificate = certificateOf(machine, layout, result, invariants, symmetries);
-    const auto recheck = tpn::recheck(*net, {*property}, certificate, {});
+    const auto recheck = tpn::recheck(*net, tpn::Goal{*property}, certificate, {});
     std::ostringstream time;
     time << std::fixed << std::setprecision(2) << seconds() - proved;
     checked = recheck.result == tpn::Recheck::proved ? time.str() : recheck.complaint;

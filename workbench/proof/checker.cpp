@@ -109,7 +109,7 @@ class Checker {
   const std::function<bool()>& stop_;
   std::unique_ptr<Solver> solver_;
   StateClauses state_;
-  Steps steps_;
+  StepConditions steps_;
 };
 
 std::string complaintAbout(const Network& net, const Goal& goal, const Certificate& certificate,

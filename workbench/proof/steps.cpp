@@ -109,7 +109,7 @@ int deadlockLiteral(const Network& net, StateClauses& state) {
 
 }  // namespace
 
-std::vector<int> Steps::firing(std::size_t transition) {
+std::vector<int> StepConditions::firing(std::size_t transition) {
   const Transition& t = net_.transitions[transition];
   notPast_.resize(net_.transitions.size());
   std::vector<int> assumed;
@@ -127,7 +127,7 @@ std::vector<int> Steps::firing(std::size_t transition) {
   return assumed;
 }
 
-int Steps::unitPasses() {
+int StepConditions::unitPasses() {
   if (unitPasses_ != 0) return unitPasses_;
   unitPasses_ = state_.fresh();
   for (const Transition& t : net_.transitions) {

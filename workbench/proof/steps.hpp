@@ -17,10 +17,10 @@
 
 namespace tpn {
 
-class Steps {
+class StepConditions {
  public:
   // `net` in units; both outlive this object.
-  Steps(const Network& net, StateClauses& state) : net_(net), state_(state) {}
+  StepConditions(const Network& net, StateClauses& state) : net_(net), state_(state) {}
 
   // What to assume for it to happen.
   std::vector<int> firing(std::size_t transition);

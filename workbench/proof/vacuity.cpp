@@ -100,7 +100,7 @@ class Guard {
   std::unique_ptr<Solver> solver_;
   Thresholds thresholds_;
   StateClauses state_;
-  Steps steps_;
+  StepConditions steps_;
 };
 
 }  // namespace
