@@ -69,7 +69,7 @@ void row(const std::string& netFile, const std::string& goalFile, const Settings
     const auto recheck = tpn::recheck(*net, tpn::Goal{*property}, certificate, {});
     std::ostringstream time;
     time << std::fixed << std::setprecision(2) << seconds() - proved;
-    checked = recheck.result == tpn::Recheck::proved ? time.str() : recheck.complaint;
+    checked = recheck.result == tpn::Recheck::confirmed ? time.str() : recheck.complaint;
   }
   std::cout << std::fixed << std::setprecision(2) << std::left << std::setw(44) << goalFile
             << std::setw(12)

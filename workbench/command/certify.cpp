@@ -22,7 +22,7 @@ int certify(const Arguments& a) {
   const std::optional<Asked> asked = askedOf(a.files);
   if (!asked) return failed;
   const Recheck result = recheck(asked->net, asked->goal, readCertificateFile(a.certificate), {});
-  if (result.result == Recheck::proved) {
+  if (result.result == Recheck::confirmed) {
     writeFile("-", "unreachable: the certificate proves it\n");
     return done;
   }

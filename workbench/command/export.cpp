@@ -45,7 +45,7 @@ Certificate proofFor(const Arguments& a, const Asked& asked) {
   }
   const CertificateFile file = readCertificateFile(a.certificate);
   const Recheck checked = recheck(asked.net, asked.goal, file, {});
-  if (checked.result != Recheck::proved)
+  if (checked.result != Recheck::confirmed)
     throw std::runtime_error(a.certificate + ": " + checked.complaint);
   return file.proof;
 }

@@ -133,7 +133,7 @@ Recheck recheck(const Network& net, const Goal& goal, const Certificate& certifi
                 const std::function<bool()>& stop) {
   try {
     const std::string complaint = complaintAbout(net, goal, certificate, stop);
-    return {complaint.empty() ? Recheck::proved : Recheck::refuted, complaint};
+    return {complaint.empty() ? Recheck::confirmed : Recheck::refuted, complaint};
   } catch (const Stopped&) {
     return {Recheck::stopped, ""};
   }

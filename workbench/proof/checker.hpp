@@ -19,7 +19,7 @@
 namespace tpn {
 
 struct Recheck {
-  enum Result { proved, refuted, stopped } result = proved;
+  enum Result { confirmed, refuted, stopped } result = confirmed;
   std::string complaint;  // refuted: what fails, one line
 };
 

@@ -129,9 +129,10 @@ void StateClauses::assertLinear(const LinearInvariant& invariant) {
   for (const auto& [process, add] : parts.addends) {
     std::map<std::int64_t, int> after;
     for (const std::int64_t sum : parts.sums[++i]) after[sum] = fresh();
-    const auto lead = [&](const auto& from, const auto& to, int location, std::int64_t by) {
+    const std::size_t p = process;
+    const auto lead = [&, p](const auto& from, const auto& to, int location, std::int64_t by) {
       for (const auto& [sum, variable] : from) {
-        std::vector<int> clause{-variable, -at({process, location})};
+        std::vector<int> clause{-variable, -at({p, location})};
         const auto end = to.find(sum + by);
         if (end != to.end()) clause.push_back(end->second);
         this->add(clause);

@@ -197,7 +197,7 @@ class Prover {
                              std::size_t level) {
     if (distance.empty()) return std::nullopt;
     std::size_t last = 0;
-    for (const std::size_t most : {0, 1, 2}) {
+    for (const std::size_t most : {0U, 1U, 2U}) {
       Cube core;
       for (const int literal : o.cube)
         if (distance[words_.meaning(literal).process] <= most) core.push_back(literal);

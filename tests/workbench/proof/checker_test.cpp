@@ -15,7 +15,7 @@ namespace {
 
 std::string complaint(const Network& net, const Goal& goal, const Certificate& certificate) {
   const Recheck result = recheck(net, goal, certificate, {});
-  EXPECT_EQ(result.complaint.empty(), result.result == Recheck::proved);
+  EXPECT_EQ(result.complaint.empty(), result.result == Recheck::confirmed);
   return result.complaint;
 }
 

@@ -12,7 +12,7 @@ namespace {
 bool passes(const Sample& s, const Certificate& certificate) {
   const Recheck result = recheck(s.net, s.goal, certificate, {});
   EXPECT_NE(result.result, Recheck::stopped);
-  return result.result == Recheck::proved;
+  return result.result == Recheck::confirmed;
 }
 
 // What a certificate that passes promises.

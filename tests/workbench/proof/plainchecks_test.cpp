@@ -74,7 +74,7 @@ TEST(LinearInvariants, ProveWhatNeedsCounting) {
                             {PropertyItem::proposition, 2},
                             {PropertyItem::conjunction, 0}},
                            1}};
-  EXPECT_EQ(recheck(net, both, Certificate{{theCount}, {}, {}}, {}).result, Recheck::proved);
+  EXPECT_EQ(recheck(net, both, Certificate{{theCount}, {}, {}}, {}).result, Recheck::confirmed);
   EXPECT_EQ(recheck(net, both, Certificate{{}, {}, {}}, {}).complaint, "a goal state is inside");
 }
 
