@@ -7,6 +7,8 @@
 #include <system_error>
 #include <utility>
 
+#include "workbench/base/spelling.hpp"
+
 namespace tpn {
 
 namespace {
@@ -32,25 +34,6 @@ std::string_view firstWord(std::string_view text) {
                      static_cast<std::size_t>(to - from));
 }
 
-// The fewest letters to add, drop, change or swap with their neighbour to come from a to b.
-std::size_t edits(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> before;
-  std::vector<std::size_t> last(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) last[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::vector<std::size_t> row(b.size() + 1);
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      row[j] =
-          std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (a[i - 1] == b[j - 1] ? 0U : 1U)});
-      const bool swapped = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
-      if (swapped) row[j] = std::min(row[j], before[j - 2] + 1);
-    }
-    before = std::exchange(last, row);
-  }
-  return last[b.size()];
-}
-
 bool startsWithKeyword(std::string_view text, Keyword keyword) {
   const std::string_view whole = name(keyword);
   return text.substr(0, whole.size()) == whole;
@@ -69,7 +52,7 @@ std::optional<Keyword> nearly(std::string_view word) {
   std::transform(small.begin(), small.end(), small.begin(), lower);
   if (const auto keyword = exactly(small)) return keyword;
   for (const auto& [keyword, whole] : keywords)
-    if (edits(small, whole) <= (whole.size() > 3 ? 2U : 1U)) return keyword;
+    if (editDistance(small, whole) <= (whole.size() > 3 ? 2U : 1U)) return keyword;
   return std::nullopt;
 }
 

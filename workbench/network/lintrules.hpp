@@ -49,6 +49,11 @@ enum class Rule {
   locationGap,
   labelUnknownLocation,
   propositionNegative,
+  // Names, behind the last "end".
+  nameLine,
+  nameMalformed,
+  nameUnknown,
+  nameTwice,
   // The property file.
   propertyMissing,
   propertyCarriageReturn,

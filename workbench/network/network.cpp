@@ -5,6 +5,33 @@
 
 namespace tpn {
 
+namespace {
+
+template <class Key>
+std::string nameOr(const std::map<Key, std::string>& names, const Key& key,
+                   const std::string& otherwise) {
+  const auto found = names.find(key);
+  return found == names.end() ? otherwise : found->second;
+}
+
+}  // namespace
+
+std::string processName(const Network& net, std::size_t process) {
+  return nameOr(net.names.processes, process, std::to_string(number(process)));
+}
+
+std::string locationName(const Network& net, std::size_t process, int location) {
+  return nameOr(net.names.locations, {process, location}, std::to_string(location));
+}
+
+std::string transitionName(const Network& net, std::size_t transition) {
+  return nameOr(net.names.transitions, transition, std::to_string(number(transition)));
+}
+
+std::string propositionName(const Network& net, int proposition) {
+  return nameOr(net.names.propositions, proposition, "p" + std::to_string(proposition));
+}
+
 Locations initialLocations(const Network& net) { return Locations(net.processes.size(), 0); }
 
 std::int64_t largestLatest(const Network& net) {

@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "workbench/network/names.hpp"
+
 namespace tpn {
 
 // A firing interval in time units, both ends included; no latest time: it may wait for ever.
@@ -51,12 +53,19 @@ struct Network {
   std::string title;  // the file's first line
   std::vector<Transition> transitions;
   std::vector<Process> processes;
+  Names names;
 
   friend bool operator==(const Network&, const Network&) = default;
 };
 
 // The number that files and users know an index by.
 constexpr int number(std::size_t index) { return static_cast<int>(index) + 1; }
+
+// What to call the parts of a network: their names, or else their numbers.
+std::string processName(const Network& net, std::size_t process);
+std::string locationName(const Network& net, std::size_t process, int location);
+std::string transitionName(const Network& net, std::size_t transition);
+std::string propositionName(const Network& net, int proposition);  // "committed", "p11"
 
 // The location of every process.
 using Locations = std::vector<int>;

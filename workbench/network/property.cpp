@@ -1,47 +1,74 @@
 #include "workbench/network/property.hpp"
 
+#include <algorithm>
 #include <cassert>
 
 namespace tpn {
 
 namespace {
 
-bool popped(std::vector<bool>& values) {
-  assert(!values.empty());
-  const bool value = values.back();
-  values.pop_back();
-  return value;
+bool leafHolds(const PropertyItem& item, const StateFacts& state) {
+  switch (item.kind) {
+    case PropertyItem::truth:
+      return true;
+    case PropertyItem::proposition:
+      return state.propositions.contains(item.number);
+    case PropertyItem::negated:
+      return !state.propositions.contains(item.number);
+    case PropertyItem::at:
+      return state.locations.at(item.process) == item.number;
+    case PropertyItem::notAt:
+      return state.locations.at(item.process) != item.number;
+    case PropertyItem::deadlock:
+      return state.deadlock;
+    case PropertyItem::noDeadlock:
+      return !state.deadlock;
+    default:
+      return false;
+  }
 }
 
-bool combined(PropertyItem::Kind kind, bool left, bool right) {
-  return kind == PropertyItem::conjunction ? left && right : left || right;
+bool combined(const PropertyItem& item, int operands, int holding) {
+  if (item.kind == PropertyItem::conjunction) return holding == operands;
+  if (item.kind == PropertyItem::disjunction) return holding > 0;
+  return item.least <= holding && holding <= item.most;
 }
 
 }  // namespace
 
-bool holds(const Property& property, const std::set<int>& propositions) {
-  std::vector<bool> values;
+int operandsOf(const PropertyItem& item) {
+  if (item.kind == PropertyItem::counter) return item.operands;
+  return item.kind == PropertyItem::conjunction || item.kind == PropertyItem::disjunction ? 2 : 0;
+}
+
+bool asksDeadlock(const Property& property) {
+  return std::any_of(property.items.begin(), property.items.end(), [](const PropertyItem& item) {
+    return item.kind == PropertyItem::deadlock || item.kind == PropertyItem::noDeadlock;
+  });
+}
+
+std::vector<bool> values(const Property& property, const StateFacts& state) {
+  std::vector<bool> all;
+  std::vector<bool> stack;
   for (const PropertyItem& item : property.items) {
-    switch (item.kind) {
-      case PropertyItem::truth:
-        values.push_back(true);
-        break;
-      case PropertyItem::proposition:
-        values.push_back(propositions.contains(item.number));
-        break;
-      case PropertyItem::negated:
-        values.push_back(!propositions.contains(item.number));
-        break;
-      case PropertyItem::conjunction:
-      case PropertyItem::disjunction: {
-        const bool right = popped(values);
-        const bool left = popped(values);
-        values.push_back(combined(item.kind, left, right));
-      }
-    }
+    const int operands = operandsOf(item);
+    assert(static_cast<int>(stack.size()) >= operands);
+    const auto first = stack.end() - operands;
+    const auto holding = static_cast<int>(std::count(first, stack.end(), true));
+    stack.erase(first, stack.end());
+    all.push_back(operands == 0 ? leafHolds(item, state) : combined(item, operands, holding));
+    stack.push_back(all.back());
   }
-  assert(values.size() == 1);
-  return values.back();
+  assert(stack.size() == 1);
+  return all;
+}
+
+bool holds(const Property& property, const StateFacts& state) {
+  return values(property, state).back();
+}
+
+bool holds(const Property& property, const std::set<int>& propositions) {
+  return holds(property, StateFacts{propositions, {}, false});
 }
 
 }  // namespace tpn

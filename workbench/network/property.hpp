@@ -1,8 +1,9 @@
 // A property as the postfix items that remain once its text is known to be in order: a state
-// formula over propositions.
+// formula.
 
 #pragma once
 
+#include <cstddef>
 #include <set>
 #include <string>
 #include <vector>
@@ -10,12 +11,32 @@
 namespace tpn {
 
 struct PropertyItem {
-  enum Kind { truth, proposition, negated, conjunction, disjunction } kind = truth;
-  int number = 0;  // of the proposition
-  int column = 0;  // where its token begins, from 1; not compared
+  enum Kind {
+    truth,
+    proposition,
+    negated,  // a proposition that does not hold
+    conjunction,
+    disjunction,
+    // Only infix notation says these.
+    falsity,
+    at,  // a process is in a location
+    notAt,
+    deadlock,  // no transition can fire, now or after any delay
+    noDeadlock,
+    counter  // of the operands before it, least .. most hold
+  } kind = truth;
+  int number = 0;           // of the proposition, or of the location
+  std::size_t process = 0;  // index: at, notAt
+  int operands = 0;         // counter: how many, 1 or more
+  int least = 0;
+  int most = 0;
+  std::size_t begin = 0;  // the part of the text that says so: from here ..
+  std::size_t end = 0;    // .. to here, not included
 
+  // Where it stands in the text makes no difference.
   friend bool operator==(const PropertyItem& a, const PropertyItem& b) {
-    return a.kind == b.kind && a.number == b.number;
+    return a.kind == b.kind && a.number == b.number && a.process == b.process &&
+           a.operands == b.operands && a.least == b.least && a.most == b.most;
   }
 };
 
@@ -25,6 +46,21 @@ struct Property {
   int line = 1;                     // of the file
 };
 
+int operandsOf(const PropertyItem& item);  // 0 for those that say something themselves
+bool asksDeadlock(const Property& property);
+
+// Of a property without deadlock or locations.
 bool holds(const Property& property, const std::set<int>& propositions);
+
+// What a state is to a property.
+struct StateFacts {
+  const std::set<int>& propositions;  // those that hold
+  const std::vector<int>& locations;  // of every process
+  bool deadlock = false;              // needed where asksDeadlock
+};
+bool holds(const Property& property, const StateFacts& state);
+
+// The value of every item in a state; the last one is the property's.
+std::vector<bool> values(const Property& property, const StateFacts& state);
 
 }  // namespace tpn

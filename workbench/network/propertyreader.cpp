@@ -28,7 +28,12 @@ struct Token {
 static_assert(static_cast<int>(Token::disjunction) == static_cast<int>(PropertyItem::disjunction));
 
 PropertyItem itemOf(const Token& token, int number, Place at) {
-  return {static_cast<PropertyItem::Kind>(token.kind), number, at.column};
+  PropertyItem item;
+  item.kind = static_cast<PropertyItem::Kind>(token.kind);
+  item.number = number;
+  item.begin = static_cast<std::size_t>(at.column) - 1;
+  item.end = item.begin + token.text.size();
+  return item;
 }
 
 bool startsToken(char c) { return c == 'T' || c == 'p' || c == '&' || c == '+' || c == 'E'; }
@@ -209,11 +214,12 @@ void lintTogether(const Network& net, const std::string& propertyFile, const Pro
   Report report(propertyFile, diagnostics);
   const std::set<int> known = propositions(net);
   std::set<int> told;
-  for (const auto& [kind, number, column] : property.items) {
-    const bool isProposition = kind == PropertyItem::proposition || kind == PropertyItem::negated;
-    if (isProposition && known.count(number) == 0 && told.insert(number).second)
-      report.add(Rule::propositionUnknown, {property.line, column},
-                 "proposition " + std::to_string(number) +
+  for (const PropertyItem& item : property.items) {
+    const bool isProposition =
+        item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated;
+    if (isProposition && known.count(item.number) == 0 && told.insert(item.number).second)
+      report.add(Rule::propositionUnknown, {property.line, static_cast<int>(item.begin) + 1},
+                 "proposition " + std::to_string(item.number) +
                      " labels no location of the network; it is false everywhere");
   }
 }
