@@ -66,7 +66,7 @@ void row(const std::string& netFile, const std::string& goalFile, const Settings
   std::string checked = "-";
   if (never) {
     const auto certificate = certificateOf(machine, layout, result, invariants, symmetries);
-    const auto recheck = tpn::recheck(*net, tpn::Goal{*property}, certificate, {});
+    const auto recheck = tpn::recheck(*net, *property, certificate, {});
     std::ostringstream time;
     time << std::fixed << std::setprecision(2) << seconds() - proved;
     checked = recheck.result == tpn::Recheck::confirmed ? time.str() : recheck.complaint;

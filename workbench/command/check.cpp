@@ -72,9 +72,7 @@ class ProgressLine {
 std::atomic<bool> stopped{false};
 
 int answer(const Arguments& a, const Asked& asked, const Answer& v) {
-  // Views are about a property: in a deadlock anything holds.
-  const Property anything{"T", {{PropertyItem::truth, 0}}, 1};
-  const Inputs q{asked.net, asked.goal.property.value_or(anything)};
+  const Inputs q{asked.net, asked.goal};
   std::string text = a.views.shows("json") ? answerJson(q, v) : headline(v);
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
@@ -106,7 +104,7 @@ Answer byBounds(const Arguments& a, const Asked& asked, const Watch::Report& rep
   CheckOptions options = a.byBounds;
   options.timeout = timeoutOf(a);
   options.maxBound = boundOf(static_cast<std::size_t>(a.maxTransitions.value_or(usualLength)));
-  return answerOf(check(asked.net, *asked.goal.property, options, stopped, report));
+  return answerOf(check(asked.net, asked.goal, options, stopped, report));
 }
 
 // The engines name each location and say in pairs that a process is in one alone, and they look for

@@ -31,7 +31,7 @@ void writeAiger(const std::string& file, const Circuit& circuit, const std::stri
 }
 
 std::string title(const Asked& asked) {
-  const std::string goal = asked.goal.deadlock() ? "a deadlock" : asked.goal.property->text;
+  const std::string goal = asked.goal.text;
   return asked.net.title + "\nis bad where: " + goal + "\n";
 }
 

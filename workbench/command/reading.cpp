@@ -62,11 +62,11 @@ std::optional<Asked> askedOf(const Files& files) {
   if (!files.phi.empty()) {
     std::optional<Inputs> inputs = inputsOf(files);
     if (!inputs) return std::nullopt;
-    return Asked{std::move(inputs->net), {std::move(inputs->property)}};
+    return Asked{std::move(inputs->net), std::move(inputs->property)};
   }
   std::optional<Network> net = networkOf(files);
   if (!net) return std::nullopt;
-  return Asked{std::move(*net), {}};
+  return Asked{std::move(*net), deadlockProperty()};
 }
 
 }  // namespace tpn

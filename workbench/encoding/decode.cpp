@@ -135,7 +135,9 @@ Run decode(const Network& net, const Property& property, Layout layout, const Ne
   std::vector<std::size_t> fired;
   std::optional<std::size_t> goal;
   const auto look = [&] {
-    if (!goal && holds(property, propositionsAt(net, decoder.at()))) goal = fired.size();
+    const std::set<int> propositions = propositionsAt(net, decoder.at());
+    if (!goal && holds(property, StateFacts{propositions, decoder.at(), false}))
+      goal = fired.size();
   };
   look();
   for (std::size_t i = 1; i + 1 < path.size(); i += 3) {

@@ -54,37 +54,31 @@ std::map<int, std::vector<int>> labelled(const Network& net, const Machine& mach
   return result;
 }
 
-int popped(std::vector<int>& stack) {
-  assert(!stack.empty());
-  const int top = stack.back();
-  stack.pop_back();
-  return top;
-}
-
-class DeadEnds {
+// Whether transitions can still fire.
+class Prospects {
  public:
-  DeadEnds(const Machine& machine, const StateLayout& layout)
-      : machine_(machine), layout_(layout), builder_(layout.size()) {}
-
-  StateFormula formula() {
-    std::vector<int> hopeful;  // transitions that are enabled and may fire some time
-    std::vector<int> ready;    // ... now
-    std::vector<int> stopping;
-    for (const Machine::Transition& t : machine_.transitions) {
+  Prospects(const Machine& machine, const StateLayout& layout, Builder& builder)
+      : machine_(machine), layout_(layout), builder_(builder) {
+    for (const Machine::Transition& t : machine.transitions) {
       const int enabled = builder_.all(sources(t));
       if (t.hopeless()) {
-        stopping.push_back(builder_.all(joined(enabled, allAtLeast(t, *t.latest))));
+        stopping_.push_back(builder_.all(joined(enabled, allAtLeast(t, *t.latest))));
       } else {
-        hopeful.push_back(enabled);
-        ready.push_back(builder_.all(joined(enabled, allAtLeast(t, t.earliest))));
+        hopeful_.push_back(enabled);
+        ready_.push_back(builder_.all(joined(enabled, allAtLeast(t, t.earliest))));
       }
     }
-    const int over = -builder_.any(hopeful);
-    if (stopping.empty()) return builder_.done(over);
-    const int stopped = builder_.any(stopping);
-    const int stuck = builder_.all({stopped, -builder_.any(ready)});
-    return builder_.done(builder_.any({over, stuck}));
   }
+
+  int deadEnd() {
+    const int over = -builder_.any(hopeful_);
+    if (stopping_.empty()) return over;
+    const int stopped = builder_.any(stopping_);
+    const int stuck = builder_.all({stopped, -builder_.any(ready_)});
+    return builder_.any({over, stuck});
+  }
+
+  int oneFires() { return builder_.any(ready_); }
 
  private:
   std::vector<int> sources(const Machine::Transition& t) const {
@@ -106,6 +100,96 @@ class DeadEnds {
 
   const Machine& machine_;
   const StateLayout& layout_;
+  Builder& builder_;
+  std::vector<int> hopeful_;  // enabled, and may fire some time
+  std::vector<int> ready_;    // ... now
+  std::vector<int> stopping_;
+};
+
+// The literals of a property's items, operands before operators.
+class PropertyLiterals {
+ public:
+  PropertyLiterals(const Network& net, const Machine& machine, const StateLayout& layout)
+      : machine_(machine),
+        layout_(layout),
+        where_(labelled(net, machine, layout)),
+        builder_(layout.size()) {}
+
+  StateFormula formula(const Property& property) {
+    std::vector<int> stack;
+    for (const PropertyItem& item : property.items) {
+      const auto operands = static_cast<std::ptrdiff_t>(operandsOf(item));
+      assert(static_cast<std::ptrdiff_t>(stack.size()) >= operands);
+      const std::vector<int> parts(stack.end() - operands, stack.end());
+      stack.resize(stack.size() - parts.size());
+      stack.push_back(isLeaf(item) ? leaf(item) : combined(item, parts));
+    }
+    assert(stack.size() == 1);
+    return builder_.done(stack.back());
+  }
+
+ private:
+  int leaf(const PropertyItem& item) {
+    switch (item.kind) {
+      case PropertyItem::truth:
+        return builder_.all({});
+      case PropertyItem::proposition:
+        return proposition(item.number);
+      case PropertyItem::negated:
+        return -proposition(item.number);
+      case PropertyItem::at:
+        return spot(item);
+      case PropertyItem::notAt:
+        return -spot(item);
+      case PropertyItem::deadlock:
+        return Prospects(machine_, layout_, builder_).deadEnd();
+      case PropertyItem::noDeadlock:
+        return Prospects(machine_, layout_, builder_).oneFires();
+      default:
+        return builder_.any({});
+    }
+  }
+
+  int proposition(int number) {
+    const auto found = where_.find(number);
+    return builder_.any(found == where_.end() ? std::vector<int>{} : found->second);
+  }
+  int spot(const PropertyItem& item) const {
+    return layout_.location(item.process, machine_.processes[item.process].rank(item.number));
+  }
+
+  int combined(const PropertyItem& item, const std::vector<int>& parts) {
+    if (item.kind == PropertyItem::conjunction) return builder_.all(parts);
+    if (item.kind == PropertyItem::disjunction) return builder_.any(parts);
+    if (item.least > std::min(item.most, item.operands)) return builder_.any({});
+    const auto counts = countsOf(parts, std::min(item.most + 1, item.operands));
+    std::vector<int> limits;
+    if (item.least > 0) limits.push_back(counts[static_cast<std::size_t>(item.least)]);
+    if (item.most < item.operands)
+      limits.push_back(-counts[static_cast<std::size_t>(item.most) + 1]);
+    return builder_.all(limits);
+  }
+
+  // A sequential counter, up to `most`: [n] says that n or more of the parts hold; [0] is not used.
+  std::vector<int> countsOf(const std::vector<int>& parts, int most) {
+    std::vector<int> counts{0};
+    for (const int part : parts) {
+      std::vector<int> next = counts;
+      for (std::size_t n = 1; n <= counts.size() && n <= static_cast<std::size_t>(most); ++n) {
+        const int reaches = n == 1 ? part : builder_.all({part, counts[n - 1]});
+        if (n == counts.size())
+          next.push_back(reaches);
+        else
+          next[n] = builder_.any({counts[n], reaches});
+      }
+      counts = std::move(next);
+    }
+    return counts;
+  }
+
+  const Machine& machine_;
+  const StateLayout& layout_;
+  std::map<int, std::vector<int>> where_;
   Builder builder_;
 };
 
@@ -113,33 +197,7 @@ class DeadEnds {
 
 StateFormula propertyFormula(const Network& net, const Machine& machine, const StateLayout& layout,
                              const Property& property) {
-  const auto where = labelled(net, machine, layout);
-  Builder builder(layout.size());
-  const auto literal = [&](int proposition) {
-    const auto found = where.find(proposition);
-    return builder.any(found == where.end() ? std::vector<int>{} : found->second);
-  };
-  std::vector<int> stack;
-  for (const PropertyItem& item : property.items) {
-    if (item.kind == PropertyItem::truth) {
-      stack.push_back(builder.all({}));
-    } else if (item.kind == PropertyItem::proposition) {
-      stack.push_back(literal(item.number));
-    } else if (item.kind == PropertyItem::negated) {
-      stack.push_back(-literal(item.number));
-    } else {
-      const int right = popped(stack);
-      const int left = popped(stack);
-      const bool both = item.kind == PropertyItem::conjunction;
-      stack.push_back(both ? builder.all({left, right}) : builder.any({left, right}));
-    }
-  }
-  assert(stack.size() == 1);
-  return builder.done(stack.back());
-}
-
-StateFormula deadEndFormula(const Machine& machine, const StateLayout& layout) {
-  return DeadEnds(machine, layout).formula();
+  return PropertyLiterals(net, machine, layout).formula(property);
 }
 
 int addFormula(Solver& solver, const StateFormula& formula, int stateSize, int state, int helpers) {

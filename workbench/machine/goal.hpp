@@ -1,11 +1,15 @@
-// The two questions as clauses about one state: does the property hold there, and is it a dead end?
+// A property as clauses about one state.
 //
-// A dead end is a state in which no transition can fire, now or after any delay. Delays lead on
-// from it to states of two kinds, and both are dead ends themselves, so it does to look for those:
+// A deadlock is a state in which no transition can fire, now or after any delay. Delays lead on
+// from it to states of two kinds, and both are deadlocks themselves, so it does to look for those:
 // - no transition that could ever fire is enabled; or
 // - no transition may fire now, and time may not pass because of one that is hopeless (one whose
 //   deadline comes before its earliest time). A transition that is not hopeless and at its
 //   deadline may fire.
+// Likewise a state that is no deadlock leads by a delay to one in which a transition may fire now,
+// and that is what stands for it: a delay changes nothing else that a property speaks of. So a
+// property with deadlocks is reached where the formula is, if not in the very same states. That
+// needs them to be under no negation, which is so: there is an item for each of the two.
 
 #pragma once
 
@@ -24,7 +28,6 @@ struct StateFormula {
 
 StateFormula propertyFormula(const Network& net, const Machine& machine, const StateLayout& layout,
                              const Property& property);
-StateFormula deadEndFormula(const Machine& machine, const StateLayout& layout);
 
 // Adds the formula about the state whose variables stand at `state`, with helpers at `helpers`
 // (the first of them is variable helpers + 1); returns its literal.

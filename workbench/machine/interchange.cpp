@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <iterator>
 #include <set>
 
 #include "workbench/machine/exchange.hpp"
@@ -12,25 +13,41 @@ namespace {
 
 using Labelled = std::vector<std::pair<std::size_t, std::size_t>>;  // (process, rank), sorted
 
+// What a leaf that speaks of locations asks about: a proposition, or a location of a process.
+using Asked = std::pair<std::size_t, int>;  // (process, location), (no process, proposition)
+constexpr auto noProcess = static_cast<std::size_t>(-1);
+
+bool asksPlaces(const PropertyItem& item) {
+  return item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated ||
+         item.kind == PropertyItem::at || item.kind == PropertyItem::notAt;
+}
+
+Asked askedBy(const PropertyItem& item) {
+  const bool isSpot = item.kind == PropertyItem::at || item.kind == PropertyItem::notAt;
+  return {isSpot ? item.process : noProcess, item.number};
+}
+
 // Properties in a form in which the order of parts and their repetition do not show: formulas are
 // numbered as they come up, equal ones alike.
 class Forms {
  public:
-  // proposition(n) names a proposition.
-  template <class Naming>
-  int number(const Property& property, const Naming& proposition) {
+  // place(asked) numbers what a leaf asks about.
+  template <class Numbering>
+  int number(const Property& property, const Numbering& place) {
     std::vector<Form> stack;
     for (const PropertyItem& item : property.items) {
-      const bool leaf = item.kind <= PropertyItem::negated;
-      if (leaf) {
-        stack.push_back(
-            {item.kind, {item.kind == PropertyItem::truth ? 0 : proposition(item.number)}});
-        continue;
-      }
-      assert(stack.size() >= 2);
-      const Form right = std::move(stack.back());
-      stack.pop_back();
-      stack.back() = joined(item.kind, std::move(stack.back()), right);
+      const auto count = static_cast<std::size_t>(operandsOf(item));
+      assert(stack.size() >= count);
+      std::vector<Form> operands(
+          std::make_move_iterator(stack.end() - static_cast<std::ptrdiff_t>(count)),
+          std::make_move_iterator(stack.end()));
+      stack.resize(stack.size() - count);
+      if (item.kind == PropertyItem::counter)
+        stack.push_back(counted(item, std::move(operands)));
+      else if (count > 0)
+        stack.push_back(joined(item.kind, std::move(operands[0]), operands[1]));
+      else
+        stack.push_back({item.kind, {asksPlaces(item) ? place(askedBy(item)) : 0}, 0, 0});
     }
     assert(stack.size() == 1);
     return numberOf(std::move(stack.back()));
@@ -39,13 +56,15 @@ class Forms {
  private:
   struct Form {
     PropertyItem::Kind kind = PropertyItem::truth;
-    std::vector<int> parts;  // numbers of formulas; of a leaf, its proposition
+    std::vector<int> parts;  // numbers of formulas; of a leaf, its place
+    int least = 0;           // counter
+    int most = 0;            // counter
 
     friend auto operator<=>(const Form&, const Form&) = default;
   };
 
   Form joined(PropertyItem::Kind kind, Form left, const Form& right) {
-    Form result{kind, {}};
+    Form result{kind, {}, 0, 0};
     if (left.kind == kind)
       result.parts = std::move(left.parts);
     else
@@ -56,28 +75,38 @@ class Forms {
       result.parts.push_back(numberOf(right));
     return result;
   }
+  Form counted(const PropertyItem& item, std::vector<Form> operands) {
+    Form result{item.kind, {}, item.least, item.most};
+    for (Form& operand : operands) result.parts.push_back(numberOf(std::move(operand)));
+    return result;
+  }
   int numberOf(Form form) {
     std::sort(form.parts.begin(), form.parts.end());
-    form.parts.erase(std::unique(form.parts.begin(), form.parts.end()), form.parts.end());
+    if (form.kind != PropertyItem::counter)  // which counts a part twice that is there twice
+      form.parts.erase(std::unique(form.parts.begin(), form.parts.end()), form.parts.end());
     return numbers_.emplace(std::move(form), static_cast<int>(numbers_.size())).first->second;
   }
 
   std::map<Form, int> numbers_;
 };
 
-// Where each proposition of the property holds.
-std::map<int, Labelled> labelled(const Network& net, const Machine& machine,
-                                 const Property& property) {
-  std::map<int, Labelled> result;
-  for (const PropertyItem& item : property.items)
-    if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
-      result[item.number];
+// Where what the property asks about is.
+std::map<Asked, Labelled> placesOf(const Network& net, const Machine& machine,
+                                   const Property& property) {
+  std::map<Asked, Labelled> result;
+  for (const PropertyItem& item : property.items) {
+    if (!asksPlaces(item)) continue;
+    const Asked asked = askedBy(item);
+    result[asked];
+    if (asked.first != noProcess)
+      result[asked] = {{item.process, machine.processes[item.process].rank(item.number)}};
+  }
   for (std::size_t p = 0; p < net.processes.size(); ++p)
     for (const auto& [location, propositions] : net.processes[p].labels)
       for (const int proposition : propositions)
-        if (const auto found = result.find(proposition); found != result.end())
+        if (const auto found = result.find({noProcess, proposition}); found != result.end())
           found->second.emplace_back(p, machine.processes[p].rank(location));
-  for (auto& [proposition, spots] : result) std::sort(spots.begin(), spots.end());
+  for (auto& [asked, spots] : result) std::sort(spots.begin(), spots.end());
   return result;
 }
 
@@ -85,19 +114,20 @@ std::map<int, Labelled> labelled(const Network& net, const Machine& machine,
 class Judge {
  public:
   Judge(const Network& net, const Machine& machine, const Property& property)
-      : property_(property), where_(labelled(net, machine, property)) {
-    for (const auto& [proposition, spots] : where_) names_.emplace(spots, proposition);
-    own_ = forms_.number(property, [&](int n) { return names_.at(where_.at(n)); });
+      : property_(property), where_(placesOf(net, machine, property)) {
+    for (const auto& [asked, spots] : where_)
+      numbers_.emplace(spots, static_cast<int>(numbers_.size()));
+    own_ = forms_.number(property, [&](Asked asked) { return numbers_.at(where_.at(asked)); });
   }
 
   bool respected(const Exchange& exchange) {
-    std::map<int, int> renamed;
-    for (const auto& [proposition, spots] : where_) {
-      const auto name = names_.find(image(exchange, spots));
-      if (name == names_.end()) return false;
-      renamed[proposition] = name->second;
+    std::map<Asked, int> renamed;
+    for (const auto& [asked, spots] : where_) {
+      const auto number = numbers_.find(image(exchange, spots));
+      if (number == numbers_.end()) return false;
+      renamed[asked] = number->second;
     }
-    return forms_.number(property_, [&](int n) { return renamed.at(n); }) == own_;
+    return forms_.number(property_, [&](Asked asked) { return renamed.at(asked); }) == own_;
   }
 
  private:
@@ -111,8 +141,8 @@ class Judge {
   }
 
   const Property& property_;
-  std::map<int, Labelled> where_;
-  std::map<Labelled, int> names_;  // one proposition for each set of places
+  std::map<Asked, Labelled> where_;
+  std::map<Labelled, int> numbers_;  // of sets of places
   Forms forms_;
   int own_ = 0;
 };

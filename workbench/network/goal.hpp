@@ -1,18 +1,11 @@
-// What a question asks for: a state with a property, or a deadlock, a state in which no transition
-// can fire, now or after any delay.
+// What a question asks for: a state with a property. "deadlock" is one like others.
 
 #pragma once
-
-#include <optional>
 
 #include "workbench/network/property.hpp"
 
 namespace tpn {
 
-struct Goal {
-  std::optional<Property> property;  // none: a deadlock
-
-  bool deadlock() const { return !property; }
-};
+using Goal = Property;
 
 }  // namespace tpn

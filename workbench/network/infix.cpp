@@ -4,6 +4,7 @@
 #include "workbench/network/infix.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "workbench/network/resolve.hpp"
@@ -106,8 +107,10 @@ class Writer {
     const int operands = node.parts.size() == 1 ? countPropositions(node) : countSpots(node);
     add(PropertyItem::counter, 0, node);
     items_.back().operands = operands;
-    items_.back().least = static_cast<int>(least);
-    items_.back().most = most < 0 ? operands : static_cast<int>(most);
+    // More than there are is as good as one more than there are.
+    items_.back().least = static_cast<int>(std::min<std::int64_t>(least, operands + 1));
+    items_.back().most =
+        most < 0 ? operands : static_cast<int>(std::min<std::int64_t>(most, operands));
   }
 
   int countPropositions(const Expression::Node& node) {

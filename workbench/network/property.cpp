@@ -41,6 +41,18 @@ int operandsOf(const PropertyItem& item) {
   return item.kind == PropertyItem::conjunction || item.kind == PropertyItem::disjunction ? 2 : 0;
 }
 
+bool isLeaf(const PropertyItem& item) {
+  return item.kind != PropertyItem::counter && operandsOf(item) == 0;
+}
+
+Property deadlockProperty() {
+  Property property{"deadlock", {}, 1};
+  property.items.emplace_back();
+  property.items.back().kind = PropertyItem::deadlock;
+  property.items.back().end = property.text.size();
+  return property;
+}
+
 bool asksDeadlock(const Property& property) {
   return std::any_of(property.items.begin(), property.items.end(), [](const PropertyItem& item) {
     return item.kind == PropertyItem::deadlock || item.kind == PropertyItem::noDeadlock;
@@ -65,10 +77,6 @@ std::vector<bool> values(const Property& property, const StateFacts& state) {
 
 bool holds(const Property& property, const StateFacts& state) {
   return values(property, state).back();
-}
-
-bool holds(const Property& property, const std::set<int>& propositions) {
-  return holds(property, StateFacts{propositions, {}, false});
 }
 
 }  // namespace tpn

@@ -47,10 +47,11 @@ struct Property {
 };
 
 int operandsOf(const PropertyItem& item);  // 0 for those that say something themselves
-bool asksDeadlock(const Property& property);
+bool isLeaf(const PropertyItem& item);
 
-// Of a property without deadlock or locations.
-bool holds(const Property& property, const std::set<int>& propositions);
+// Does it depend on what can still happen, and not on the locations alone?
+bool asksDeadlock(const Property& property);
+Property deadlockProperty();  // which says that alone
 
 // What a state is to a property.
 struct StateFacts {

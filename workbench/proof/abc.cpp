@@ -15,7 +15,7 @@
 #include "workbench/base/files.hpp"
 #include "workbench/proof/abcanswer.hpp"
 #include "workbench/proof/checker.hpp"
-#include "workbench/runs/deadend.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/runs/replay.hpp"
 
 namespace tpn {
@@ -82,8 +82,7 @@ bool runAbc(const Folder& folder, const std::function<bool()>& stop) {
 AbcAnswer reached(const Network& net, const Goal& goal, const Folder& folder, std::size_t inputs) {
   AbcAnswer answer{AbcAnswer::reachable, {}, {}, ""};
   answer.run = runOf(net, readChoices(folder.read("run"), inputs));
-  const Replay checked = goal.deadlock() ? replayToDeadEnd(net, *answer.run)
-                                         : replay(net, *goal.property, *answer.run);
+  const Replay checked = replay(net, goal, *answer.run);
   if (!checked.complaint.empty())
     throw std::runtime_error("berkeley-abc found no run: " + checked.complaint);
   return answer;

@@ -1,6 +1,8 @@
 #include "workbench/proof/machinecircuit.hpp"
 
+#include <algorithm>
 #include <bit>
+#include <cassert>
 
 namespace tpn {
 
@@ -152,30 +154,6 @@ Literal labelled(const Network& net, int proposition, MachineCircuit& m) {
   return m.circuit.any(spots);
 }
 
-Literal popped(std::vector<Literal>& values) {
-  const Literal value = values.back();
-  values.pop_back();
-  return value;
-}
-
-Literal propertySignal(const Network& net, const Property& property, MachineCircuit& m) {
-  std::vector<Literal> values;
-  for (const PropertyItem& item : property.items) {
-    if (item.kind == PropertyItem::truth) {
-      values.push_back(Circuit::yes);
-    } else if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated) {
-      const Literal holds = labelled(net, item.number, m);
-      values.push_back(item.kind == PropertyItem::negated ? Circuit::inverted(holds) : holds);
-    } else {
-      const Literal right = popped(values);
-      const Literal left = popped(values);
-      values.push_back(item.kind == PropertyItem::conjunction ? m.circuit.both(left, right)
-                                                              : m.circuit.either(left, right));
-    }
-  }
-  return popped(values);
-}
-
 // Only a hopeless transition can keep time from passing and not fire.
 Literal deadlockSignal(MachineCircuit& m) {
   StepBuilder builder(m.machine, m.state, m.circuit);
@@ -192,6 +170,76 @@ Literal deadlockSignal(MachineCircuit& m) {
   const Literal none = Circuit::inverted(m.circuit.any(enabled));
   const Literal last = m.circuit.either(none, m.circuit.any(stuck));
   return m.circuit.both(last, Circuit::inverted(m.circuit.any(ripe)));
+}
+
+// One transition may fire now, which a state that is no deadlock leads to.
+Literal firingSignal(MachineCircuit& m) {
+  StepBuilder builder(m.machine, m.state, m.circuit);
+  std::vector<Literal> some;
+  for (const Machine::Transition& t : m.machine.transitions) some.push_back(builder.mayFire(t));
+  return m.circuit.any(some);
+}
+
+Literal spotSignal(const PropertyItem& item, const MachineCircuit& m) {
+  return m.state.at(item.process, m.machine.processes[item.process].rank(item.number));
+}
+
+Literal leafSignal(const Network& net, const PropertyItem& item, MachineCircuit& m) {
+  switch (item.kind) {
+    case PropertyItem::truth:
+      return Circuit::yes;
+    case PropertyItem::proposition:
+      return labelled(net, item.number, m);
+    case PropertyItem::negated:
+      return Circuit::inverted(labelled(net, item.number, m));
+    case PropertyItem::at:
+      return spotSignal(item, m);
+    case PropertyItem::notAt:
+      return Circuit::inverted(spotSignal(item, m));
+    case PropertyItem::deadlock:
+      return deadlockSignal(m);
+    case PropertyItem::noDeadlock:
+      return firingSignal(m);
+    default:
+      return Circuit::no;
+  }
+}
+
+// least .. most of the literals: [n] says that n or more of those so far are 1.
+Literal countSignal(const PropertyItem& item, const std::vector<Literal>& literals,
+                    Circuit& circuit) {
+  std::vector<Literal> counts(literals.size() + 2, Circuit::no);
+  counts[0] = Circuit::yes;
+  for (const Literal literal : literals)
+    for (std::size_t n = literals.size(); n > 0; --n) {
+      const Literal reaches = circuit.both(literal, counts[n - 1]);
+      counts[n] = circuit.either(counts[n], reaches);
+    }
+  const auto limit = [&](int n) {
+    return counts[static_cast<std::size_t>(std::min(n, item.operands + 1))];
+  };
+  const Literal enough = limit(item.least);
+  return circuit.both(enough, Circuit::inverted(limit(item.most + 1)));
+}
+
+Literal propertySignal(const Network& net, const Property& property, MachineCircuit& m) {
+  std::vector<Literal> values;
+  for (const PropertyItem& item : property.items) {
+    const auto count = static_cast<std::size_t>(operandsOf(item));
+    const std::vector<Literal> operands(values.end() - static_cast<std::ptrdiff_t>(count),
+                                        values.end());
+    values.resize(values.size() - count);
+    if (item.kind == PropertyItem::conjunction)
+      values.push_back(m.circuit.all(operands));
+    else if (item.kind == PropertyItem::disjunction)
+      values.push_back(m.circuit.any(operands));
+    else if (item.kind == PropertyItem::counter)
+      values.push_back(countSignal(item, operands, m.circuit));
+    else
+      values.push_back(leafSignal(net, item, m));
+  }
+  assert(values.size() == 1);
+  return values.back();
 }
 
 std::vector<Literal> declareChoice(std::size_t transitions, Circuit& circuit) {
@@ -211,7 +259,7 @@ MachineCircuit makeMachineCircuit(const Network& net, const Goal& goal) {
   StateLiterals state(machine, circuit);
   MachineCircuit m{std::move(machine), std::move(circuit), std::move(state)};
   StepBuilder(m.machine, m.state, m.circuit).build(choice);
-  const Literal bad = goal.deadlock() ? deadlockSignal(m) : propertySignal(net, *goal.property, m);
+  const Literal bad = propertySignal(net, goal, m);
   m.circuit.bad(bad, "goal");
   return m;
 }

@@ -66,16 +66,44 @@ std::string networkMeaning(const Network& net) {
   return text;
 }
 
-std::string goalMeaning(const Network& net, const Goal& goal) {
-  if (goal.deadlock()) return "deadlock\n";
-  std::string text;
-  for (const PropertyItem& item : goal.property->items) {
-    constexpr std::array<const char*, 5> names{"true", "at", "not at", "and", "or"};
-    text += names.at(static_cast<std::size_t>(item.kind));
-    if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
-      text += spotsOf(net, item.number);
-    text += "\n";
+namespace {
+
+std::string itemMeaning(const Network& net, const PropertyItem& item) {
+  const std::string spot =
+      " " + std::to_string(number(item.process)) + "@" + std::to_string(item.number);
+  switch (item.kind) {
+    case PropertyItem::truth:
+      return "true";
+    case PropertyItem::falsity:
+      return "false";
+    case PropertyItem::proposition:
+      return "at" + spotsOf(net, item.number);
+    case PropertyItem::negated:
+      return "not at" + spotsOf(net, item.number);
+    case PropertyItem::at:
+      return "at" + spot;
+    case PropertyItem::notAt:
+      return "not at" + spot;
+    case PropertyItem::conjunction:
+      return "and";
+    case PropertyItem::disjunction:
+      return "or";
+    case PropertyItem::deadlock:
+      return "deadlock";
+    case PropertyItem::noDeadlock:
+      return "not deadlock";
+    case PropertyItem::counter:
+      return std::to_string(item.least) + " to " + std::to_string(item.most) + " of " +
+             std::to_string(item.operands);
   }
+  throw std::logic_error("no such item");
+}
+
+}  // namespace
+
+std::string goalMeaning(const Network& net, const Goal& goal) {
+  std::string text;
+  for (const PropertyItem& item : goal.items) text += itemMeaning(net, item) + "\n";
   return text;
 }
 

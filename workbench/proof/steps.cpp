@@ -1,6 +1,9 @@
 #include "workbench/proof/steps.hpp"
 
+#include <algorithm>
 #include <cassert>
+#include <stdexcept>
+#include <utility>
 
 namespace tpn {
 
@@ -34,51 +37,6 @@ std::vector<int> never(const StateClauses& state, const Transition& t, std::int6
   return clause;
 }
 
-int propertyLiteral(const Network& net, int proposition, bool positive, StateClauses& state) {
-  std::vector<int> spots;
-  for (std::size_t p = 0; p < net.processes.size(); ++p)
-    for (const auto& [location, labels] : net.processes[p].labels)
-      if (labels.contains(proposition)) spots.push_back(state.at({p, location}));
-  if (positive) return implying(state, std::move(spots));
-  for (int& spot : spots) spot = -spot;
-  return implyingAll(state, spots);
-}
-
-int popped(std::vector<int>& values) {
-  assert(!values.empty());
-  const int value = values.back();
-  values.pop_back();
-  return value;
-}
-
-int combined(std::vector<int>& values, PropertyItem::Kind kind, StateClauses& state) {
-  const int right = popped(values);
-  const int left = popped(values);
-  return kind == PropertyItem::conjunction ? implyingAll(state, {left, right})
-                                           : implying(state, {left, right});
-}
-
-int propertyLiteral(const Network& net, const Property& property, StateClauses& state) {
-  std::vector<int> values;
-  for (const PropertyItem& item : property.items) {
-    switch (item.kind) {
-      case PropertyItem::truth:
-        values.push_back(state.truth());
-        break;
-      case PropertyItem::proposition:
-      case PropertyItem::negated:
-        values.push_back(
-            propertyLiteral(net, item.number, item.kind == PropertyItem::proposition, state));
-        break;
-      case PropertyItem::conjunction:
-      case PropertyItem::disjunction:
-        values.push_back(combined(values, item.kind, state));
-    }
-  }
-  assert(values.size() == 1);
-  return values.back();
-}
-
 // Only a transition whose earliest time exceeds its latest can keep time from passing and not fire.
 int timeIsStuck(const Network& net, StateClauses& state) {
   std::vector<int> some;
@@ -105,6 +63,101 @@ int deadlockLiteral(const Network& net, StateClauses& state) {
   const int stuck = timeIsStuck(net, state);
   state.add({-dead, noneEnabled, stuck});
   return dead;
+}
+
+// A literal that is true where one of the others is, and only there.
+int either(StateClauses& state, const std::vector<int>& literals) {
+  const int some = implying(state, literals);
+  for (const int literal : literals) state.add({some, -literal});
+  return some;
+}
+
+int propositionLiteral(const Network& net, int proposition, StateClauses& state) {
+  std::vector<int> spots;
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    for (const auto& [location, labels] : net.processes[p].labels)
+      if (labels.contains(proposition)) spots.push_back(state.at({p, location}));
+  return either(state, spots);
+}
+
+// One transition may fire now.
+int firingLiteral(const Network& net, StateClauses& state) {
+  StepConditions conditions(net, state);
+  std::vector<int> some;
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    some.push_back(implyingAll(state, conditions.firing(t)));
+  return implying(state, some);
+}
+
+int leafLiteral(const Network& net, const PropertyItem& item, StateClauses& state) {
+  switch (item.kind) {
+    case PropertyItem::truth:
+      return state.truth();
+    case PropertyItem::falsity:
+      return -state.truth();
+    case PropertyItem::proposition:
+      return propositionLiteral(net, item.number, state);
+    case PropertyItem::negated:
+      return -propositionLiteral(net, item.number, state);
+    case PropertyItem::at:
+      return state.at({item.process, item.number});
+    case PropertyItem::notAt:
+      return -state.at({item.process, item.number});
+    case PropertyItem::deadlock:
+      return deadlockLiteral(net, state);
+    case PropertyItem::noDeadlock:
+      return firingLiteral(net, state);
+    default:
+      throw std::logic_error("an operator is no leaf");
+  }
+}
+
+// A literal that implies that `least` of the literals are true: the i-th of a row of sums says that
+// i of those so far are.
+int atLeast(int least, const std::vector<int>& literals, StateClauses& state) {
+  std::vector<int> sums{state.truth()};
+  for (const int literal : literals) {
+    std::vector<int> next{state.truth()};
+    for (std::size_t i = 1; i <= sums.size() && i <= static_cast<std::size_t>(least); ++i) {
+      const int sum = state.fresh();
+      const int before = i < sums.size() ? sums[i] : -state.truth();
+      state.add({-sum, before, literal});
+      state.add({-sum, before, sums[i - 1]});
+      next.push_back(sum);
+    }
+    sums = std::move(next);
+  }
+  return static_cast<std::size_t>(least) < sums.size() ? sums[static_cast<std::size_t>(least)]
+                                                       : -state.truth();
+}
+
+int counterLiteral(const PropertyItem& item, const std::vector<int>& operands,
+                   StateClauses& state) {
+  const int enough = atLeast(item.least, operands, state);
+  std::vector<int> negated = operands;
+  for (int& literal : negated) literal = -literal;
+  const int others = std::max(item.operands - item.most, 0);
+  return implyingAll(state, {enough, atLeast(others, negated, state)});
+}
+
+int combined(const PropertyItem& item, const std::vector<int>& operands, StateClauses& state) {
+  if (item.kind == PropertyItem::counter) return counterLiteral(item, operands, state);
+  return item.kind == PropertyItem::conjunction ? implyingAll(state, operands)
+                                                : either(state, operands);
+}
+
+int propertyLiteral(const Network& net, const Property& property, StateClauses& state) {
+  std::vector<int> values;
+  for (const PropertyItem& item : property.items) {
+    const auto count = static_cast<std::size_t>(operandsOf(item));
+    assert(values.size() >= count);
+    const std::vector<int> operands(values.end() - static_cast<std::ptrdiff_t>(count),
+                                    values.end());
+    values.resize(values.size() - count);
+    values.push_back(count == 0 ? leafLiteral(net, item, state) : combined(item, operands, state));
+  }
+  assert(values.size() == 1);
+  return values.back();
 }
 
 }  // namespace
@@ -140,8 +193,7 @@ int StepConditions::unitPasses() {
 }
 
 int goalLiteral(const Network& net, const Goal& goal, StateClauses& state) {
-  return goal.deadlock() ? deadlockLiteral(net, state)
-                         : propertyLiteral(net, *goal.property, state);
+  return propertyLiteral(net, goal, state);
 }
 
 }  // namespace tpn

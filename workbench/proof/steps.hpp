@@ -36,7 +36,9 @@ class StepConditions {
 
 // A literal that is true only in the goal's states. For a deadlock, in the last of them: where no
 // transition can fire, and none is enabled or time is stuck. Every deadlock leads to such a state
-// by waiting, and such a state is a deadlock.
+// by waiting, and such a state is a deadlock. Likewise what is no deadlock leads to a state in
+// which a transition may fire now. Waiting changes nothing else that a goal speaks of, and a goal
+// negates neither, so that it is in reach where a state with the literal is.
 int goalLiteral(const Network& net, const Goal& goal, StateClauses& state);
 
 }  // namespace tpn

@@ -8,12 +8,10 @@ bool isDeadEnd(const Network& net, const TimedState& state) {
   return true;
 }
 
-Replay replayToDeadEnd(const Network& net, const Run& run) {
-  const Property anything{"", {{PropertyItem::truth, 0}}, 1};
-  Replay result = replay(net, anything, run);
-  if (result.complaint.empty() && !isDeadEnd(net, result.states[run.goal]))
-    result.complaint = "a transition can still fire after " + std::to_string(run.goal) + " steps";
-  return result;
+bool holds(const Network& net, const Property& property, const TimedState& state) {
+  const std::set<int> propositions = propositionsAt(net, state.locations);
+  const bool deadlock = asksDeadlock(property) && isDeadEnd(net, state);
+  return holds(property, StateFacts{propositions, state.locations, deadlock});
 }
 
 }  // namespace tpn

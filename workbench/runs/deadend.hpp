@@ -1,15 +1,15 @@
-// Dead ends: states in which no transition can fire, now or after any delay.
+// Dead ends: states in which no transition can fire, now or after any delay. And what a property
+// says of a state, which may ask for that.
 
 #pragma once
 
-#include "workbench/runs/replay.hpp"
+#include "workbench/network/property.hpp"
+#include "workbench/runs/run.hpp"
 
 namespace tpn {
 
 bool isDeadEnd(const Network& net, const TimedState& state);
 
-// As `replay`, with a dead end in place of the property: the complaint is empty where the state
-// after run.goal steps is one.
-Replay replayToDeadEnd(const Network& net, const Run& run);
+bool holds(const Network& net, const Property& property, const TimedState& state);
 
 }  // namespace tpn

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "workbench/runs/deadend.hpp"
+
 namespace tpn {
 
 namespace {
@@ -12,8 +14,7 @@ std::string goalComplaint(const Network& net, const Property& property, const Ru
   const std::string when = "after " + std::to_string(run.goal) + " steps";
   if (run.goal >= states.size())
     return "the goal is " + when + ", but the run has only " + std::to_string(run.steps.size());
-  if (!holds(property, propositionsAt(net, states[run.goal].locations)))
-    return "the property does not hold " + when;
+  if (!holds(net, property, states[run.goal])) return "the property does not hold " + when;
   return "";
 }
 

@@ -27,12 +27,9 @@ class BoundedSearch {
         machine_(makeMachine(net)),
         solver_(makeCadical(Use::longSearches)),
         runs_(machine_, *solver_, options.unaryLimit),
-        formula_(goal.deadlock() ? deadEndFormula(machine_, runs_.layout())
-                                 : propertyFormula(net, machine_, runs_.layout(), *goal.property)) {
+        formula_(propertyFormula(net, machine_, runs_.layout(), goal)) {
     solver_->stop(over_);
-    if (options.symmetry)
-      runs_.keepOrder(interchangeable(net, machine_, goal.property ? &*goal.property : nullptr,
-                                      Checkpoint(over_)));
+    if (options.symmetry) runs_.keepOrder(interchangeable(net, machine_, &goal, Checkpoint(over_)));
   }
 
   BoundedVerdict run() {
@@ -94,7 +91,7 @@ class BoundedSearch {
   Run replayed() const {
     // Where time decides on dead ends, firing as early as can be need not lead to one.
     std::vector<std::int64_t> delays;
-    if (goal_.deadlock() && hasHopeless(machine_)) delays = runs_.delays();
+    if (asksDeadlock(goal_) && hasHopeless(machine_)) delays = runs_.delays();
     for (std::int64_t& delay : delays) delay *= machine_.unit;
     return foundRun(net_, goal_, runs_.transitions(), delays);
   }

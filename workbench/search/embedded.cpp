@@ -9,6 +9,7 @@
 #include "workbench/encoding/decode.hpp"
 #include "workbench/encoding/encode.hpp"
 #include "workbench/encoding/unrolling.hpp"
+#include "workbench/runs/deadend.hpp"
 #include "workbench/search/keptfiles.hpp"
 #include "workbench/search/strategy.hpp"
 #include "workbench/solvers/answer.hpp"
@@ -74,7 +75,7 @@ class EmbeddedCheck {
     const auto length = static_cast<std::size_t>(model_.getSymStateLen());
     path_.assign(2, std::vector<bool>(length, false));
     const Network& net = question_.net;
-    return holds(question_.property, propositionsAt(net, initialLocations(net))) ? found : refuted;
+    return holds(net, question_.property, initialState(net)) ? found : refuted;
   }
 
   Outcome askNext() {

@@ -3,7 +3,7 @@
 #include <cassert>
 #include <stdexcept>
 
-#include "workbench/runs/deadend.hpp"
+#include "workbench/runs/replay.hpp"
 #include "workbench/runs/schedule.hpp"
 
 namespace tpn {
@@ -15,8 +15,7 @@ Run foundRun(const Network& net, const Goal& goal, const std::vector<std::size_t
   assert(delays.empty() || delays.size() >= transitions.size());
   for (std::size_t i = 0; i < run->steps.size() && !delays.empty(); ++i)
     run->steps[i].delay = Rational(delays[i]);
-  const std::string complaint = goal.deadlock() ? replayToDeadEnd(net, *run).complaint
-                                                : replay(net, *goal.property, *run).complaint;
+  const std::string complaint = replay(net, goal, *run).complaint;
   if (!complaint.empty())
     throw std::runtime_error("the run that was found does not replay: " + complaint);
   return *run;

@@ -44,9 +44,7 @@ class Proving {
     LinearClauses linear = linearClauses(machine_, layout_, invariants_);
     options.facts = std::move(linear.clauses);
     options.helpers = linear.helpers;
-    const StateFormula formula = goal_.deadlock()
-                                     ? deadEndFormula(machine_, layout_)
-                                     : propertyFormula(net_, machine_, layout_, *goal_.property);
+    const StateFormula formula = propertyFormula(net_, machine_, layout_, goal_);
     const ProverResult result =
         prove(machine_, layout_, formula, Orbits(generators), options, over_, report);
     if (result.answer == ProverResult::reachable) return {runOf(result), {}, false};
@@ -58,7 +56,7 @@ class Proving {
   // Where time decides on dead ends, the earliest times need not lead to one: then the bounded
   // search says what does, in as many transitions or fewer.
   std::optional<Run> runOf(const ProverResult& result) const {
-    if (!goal_.deadlock() || !hasHopeless(machine_))
+    if (!asksDeadlock(goal_) || !hasHopeless(machine_))
       return foundRun(net_, goal_, result.transitions);
     BoundedOptions options;
     options.maxTransitions = static_cast<int>(result.transitions.size());

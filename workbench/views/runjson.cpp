@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "workbench/runs/deadend.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -21,7 +22,7 @@ Json stateJson(const Network& net, const Property& property, const TimedState& s
           {"locations", state.locations},
           {"clocks", clocks},
           {"propositions", holding},
-          {"property", holds(property, holding)}};
+          {"property", holds(net, property, state)}};
 }
 
 Json stepJson(const Network& net, const Step& step, const Rational& time) {

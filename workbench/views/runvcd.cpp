@@ -23,6 +23,7 @@
 #include <utility>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/runs/deadend.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -166,7 +167,7 @@ class Signals {
 
   void state(const TimedState& state) {
     const std::set<int> now = propositionsAt(net_, state.locations);
-    dump_.set(holds_, holds(property_, now) ? "1" : "0");
+    dump_.set(holds_, holds(net_, property_, state) ? "1" : "0");
     for (const auto& [q, wire] : wires_) dump_.set(wire, now.contains(q) ? "1" : "0");
     for (std::size_t p = 0; p < locations_.size(); ++p)
       dump_.set(locations_[p], binary(state.locations[p]));

@@ -55,12 +55,14 @@ TEST(Property, IsEvaluatedInPostfix) {
     const bool p0 = (mask & 1) != 0;
     const bool p1 = (mask & 2) != 0;
     const bool p2 = (mask & 4) != 0;
-    EXPECT_EQ(holds(mixed, members(mask)), (p0 && !p1) || p2) << mask;
-    EXPECT_EQ(holds(nested, members(mask)), p0 && (!p1 || p2)) << mask;
+    EXPECT_EQ(holds(mixed, {members(mask), {}, false}), (p0 && !p1) || p2) << mask;
+    EXPECT_EQ(holds(nested, {members(mask), {}, false}), p0 && (!p1 || p2)) << mask;
   }
 }
 
-TEST(Property, CanBeTrueAlways) { EXPECT_TRUE(holds({"T", {{PropertyItem::truth, 0}}}, {})); }
+TEST(Property, CanBeTrueAlways) {
+  EXPECT_TRUE(holds({"T", {{PropertyItem::truth, 0}}}, {{}, {}, false}));
+}
 
 }  // namespace
 }  // namespace tpn

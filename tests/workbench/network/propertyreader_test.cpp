@@ -74,14 +74,14 @@ TEST(ReadProperty, TakesAMillionOperators) {
 TEST(ReadProperty, KnowsWhereEachTokenBegins) {
   const Found found = inProperty("p1p-020&T+");
   ASSERT_TRUE(found.property);
-  std::vector<int> columns;
-  for (const tpn::PropertyItem& item : found.property->items) columns.push_back(item.column);
-  EXPECT_THAT(columns, ElementsAre(1, 3, 8, 9, 10));
+  std::vector<std::size_t> begins;
+  for (const tpn::PropertyItem& item : found.property->items) begins.push_back(item.begin);
+  EXPECT_THAT(begins, ElementsAre(0, 2, 7, 8, 9));
 }
 
 TEST(PropertyItem, IsTheSameWhereverItStands) {
-  EXPECT_EQ((tpn::PropertyItem{tpn::PropertyItem::proposition, 3, 1}),
-            (tpn::PropertyItem{tpn::PropertyItem::proposition, 3, 8}));
+  EXPECT_EQ((tpn::PropertyItem{tpn::PropertyItem::proposition, 3, 0, 0, 0, 0, 1, 3}),
+            (tpn::PropertyItem{tpn::PropertyItem::proposition, 3, 0, 0, 0, 0, 8, 10}));
 }
 
 TEST(LintTogether, TellsEachUnknownPropositionOnceWhereItStands) {

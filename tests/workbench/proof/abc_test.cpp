@@ -49,7 +49,7 @@ Network wide() {
 
 // All values of both clocks, judged by the clauses as by the cube.
 void expectSame(const std::string& row, const std::function<bool(int, int)>& outside) {
-  const MachineCircuit machine = makeMachineCircuit(wide(), {});
+  const MachineCircuit machine = makeMachineCircuit(wide(), deadlockProperty());
   std::string names;
   for (const char process : {'1', '2'})
     for (int bit = 0; bit < 7; ++bit)
@@ -70,13 +70,13 @@ TEST(AbcInvariants, OfBitsAreOfRangesOfClocks) {
 }
 
 TEST(AbcInvariants, AreLeftAloneWhereTheyWouldBeTooMany) {
-  const MachineCircuit machine = makeMachineCircuit(wide(), {});
+  const MachineCircuit machine = makeMachineCircuit(wide(), deadlockProperty());
   EXPECT_TRUE(readInvariant(".ilb 1:0\n1 1\n.e\n", machine, 64));
   EXPECT_FALSE(readInvariant(".ilb 1:0\n1 1\n.e\n", machine, 20));
 }
 
 TEST(AbcInvariants, AreRefusedWhereTheyAreNone) {
-  const MachineCircuit machine = makeMachineCircuit(wide(), {});
+  const MachineCircuit machine = makeMachineCircuit(wide(), deadlockProperty());
   for (const char* text :
        {"", ".ilb 1@1\n1 1\n", ".ilb 1@7\n.e\n", ".ilb 1@1\n11 1\n.e\n", ".ilb 1@1\n2 1\n.e\n"})
     EXPECT_THROW(readInvariant(text, machine, 100), std::runtime_error) << text;

@@ -90,14 +90,14 @@ TEST(Statement, IsTheSameUnderOtherNames) {
   renamed.title = "another";
   std::swap(renamed.transitions[0], renamed.transitions[2]);
   renamed.processes[0].labels[1] = {70};
-  const Goal goal{Property{"p7", {{PropertyItem::proposition, 7}}, 1}};
-  const Goal other{Property{"p70", {{PropertyItem::proposition, 70}}, 3}};
+  const Goal goal{"p7", {{PropertyItem::proposition, 7}}, 1};
+  const Goal other{"p70", {{PropertyItem::proposition, 70}}, 3};
   EXPECT_EQ(statement(net, goal), statement(renamed, other));
 }
 
 TEST(Statement, TellsNetworksAndGoalsApart) {
   const Network net = twoProcesses();
-  const Goal goal{Property{"p7", {{PropertyItem::proposition, 7}}, 1}};
+  const Goal goal{"p7", {{PropertyItem::proposition, 7}}, 1};
   const Statement about = statement(net, goal);
   Network later = net;
   later.transitions[2].interval.earliest = 3;
@@ -105,8 +105,8 @@ TEST(Statement, TellsNetworksAndGoalsApart) {
   Network larger = net;
   larger.processes[0].locations.insert(2);
   EXPECT_NE(statement(larger, goal).network, about.network);
-  EXPECT_NE(statement(net, Goal{}).goal, about.goal);
-  EXPECT_NE(statement(net, {Property{"", {{PropertyItem::negated, 7}}, 1}}).goal, about.goal);
+  EXPECT_NE(statement(net, deadlockProperty()).goal, about.goal);
+  EXPECT_NE(statement(net, {"", {{PropertyItem::negated, 7}}, 1}).goal, about.goal);
 }
 
 TEST(Statement, UnitIsTheGreatestCommonDivisor) {

@@ -81,11 +81,11 @@ TEST(MachineCircuit, IsBadInTheGoalsStates) {
       const aiger::Values values(file, bits(0, file.inputs.size()), latchesOf(file, s));
       const bool isGoal = states::Explorer(sample.scaled).isGoal(sample.goal, s);
       const bool isBad = values.of(file.bads.at(0));
-      EXPECT_TRUE(isBad == isGoal || (sample.goal.deadlock() && isGoal));
+      EXPECT_TRUE(isBad == isGoal || (asksDeadlock(sample.goal) && isGoal));
       reached = reached || values.of(file.bads.at(0));
     }
     EXPECT_EQ(reached, !sample.never);
-    deadlocks += sample.goal.deadlock() && reached ? 1 : 0;
+    deadlocks += asksDeadlock(sample.goal) && reached ? 1 : 0;
   }
   EXPECT_GT(deadlocks, 10);
 }
@@ -96,8 +96,8 @@ TEST(MachineCircuit, CountsInBitsWhereClocksAreWide) {
   net.transitions[0].interval = {99, 100};
   net.transitions[1].interval = {1, {}};
   net.transitions[2].interval = {70, 71};
-  const Sample sample{net, inUnits(net), {}, {}, false, {}};
-  const aiger::File file = aiger::read(asciiAiger(makeMachineCircuit(net, {}).circuit, ""));
+  const Sample sample{net, inUnits(net), deadlockProperty(), {}, false, {}};
+  const aiger::File file = aiger::read(asciiAiger(makeMachineCircuit(net, deadlockProperty()).circuit, ""));
   EXPECT_THAT(file.latchNames, testing::Contains("1:6"));
   EXPECT_THAT(file.latchNames, testing::Contains("2:6"));
   EXPECT_EQ(file.latches.size(), 2U + 7U + 7U);

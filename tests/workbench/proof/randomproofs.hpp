@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include "tests/workbench/network/randomgoals.hpp"
 #include "tests/workbench/network/smallnets.hpp"
 #include "tests/workbench/proof/reachable.hpp"
 #include "workbench/proof/orbits.hpp"
@@ -57,7 +58,7 @@ class Samples {
  public:
   explicit Samples(unsigned seed) : nets_(seed) {}
 
-  // Of any network; every third question is that of a deadlock.
+  // Of any network; every fourth question is that of a deadlock.
   Sample next() { return sample(nets_.next(), {}); }
 
   Sample nextSymmetric() {
@@ -87,16 +88,16 @@ class Samples {
     return s;
   }
 
-  // Two locations at once, or one and not the other, or a deadlock.
+  // Two locations at once, or one and not the other, or a deadlock, or anything that can be said.
   Goal goal(Network& net) {
-    if (nets_.upTo(2) == 0) return {};
+    if (nets_.upTo(3) == 0) return deadlockProperty();
     for (const int proposition : {1, 2}) {
       Process& process = net.processes[nets_.upTo(net.processes.size() - 1)];
       process.labels[nets_.number(*process.locations.rbegin())].insert(proposition);
     }
+    if (nets_.upTo(1) == 0) return RandomGoals(nets_).next(net);
     const auto second = nets_.upTo(1) == 0 ? PropertyItem::proposition : PropertyItem::negated;
-    return {Property{
-        "", {{PropertyItem::proposition, 1}, {second, 2}, {PropertyItem::conjunction, 0}}, 1}};
+    return {"", {{PropertyItem::proposition, 1}, {second, 2}, {PropertyItem::conjunction, 0}}, 1};
   }
 
   SmallNets nets_;

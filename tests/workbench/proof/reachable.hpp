@@ -90,9 +90,13 @@ class Explorer {
     return all;
   }
 
-  // A deadlock: nothing fires at once or after any number of units.
-  bool isGoal(const Goal& goal, State state) const {
-    if (!goal.deadlock()) return holds(*goal.property, propositionsAt(net_, state.locations));
+  bool isGoal(const Goal& goal, const State& state) const {
+    const std::set<int> propositions = propositionsAt(net_, state.locations);
+    return tpn::holds(goal, {propositions, state.locations, isDeadlock(state)});
+  }
+
+  // Nothing fires at once or after any number of units.
+  bool isDeadlock(State state) const {
     for (;;) {
       for (const Transition& t : net_.transitions)
         if (mayFire(t, state)) return false;

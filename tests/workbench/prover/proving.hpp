@@ -8,7 +8,6 @@
 #include "workbench/machine/linearclauses.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
-#include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
 #include "workbench/runs/schedule.hpp"
 
@@ -30,9 +29,7 @@ struct Proved {
 inline Proved proved(const Network& net, const Goal& goal, const Proving& how) {
   const Machine machine = makeMachine(net);
   const StateLayout layout = StateLayout::capped(machine);
-  const StateFormula formula = goal.deadlock()
-                                   ? deadEndFormula(machine, layout)
-                                   : propertyFormula(net, machine, layout, *goal.property);
+  const StateFormula formula = propertyFormula(net, machine, layout, goal);
   std::vector<Symmetry> symmetric;
   if (how.symmetric) symmetric = symmetries(machine);
   std::vector<Orbits::Permutation> permutations;
@@ -55,7 +52,7 @@ inline std::string wrong(const Sample& s, const Proved& answer) {
   if (s.never) return recheck(s.net, s.goal, answer.certificate, {}).complaint;
   const auto run = schedule(s.net, result.transitions, result.transitions.size());
   if (!run) return "transitions that cannot fire one after the other";
-  if (!s.goal.deadlock()) return replay(s.net, *s.goal.property, *run).complaint;
+  if (!asksDeadlock(s.goal)) return replay(s.net, s.goal, *run).complaint;
   Replay replayed = unmoved(s.net);
   for (const Step& step : run->steps)
     if (const std::string complaint = extend(s.net, step, replayed); !complaint.empty())

@@ -9,7 +9,6 @@
 #include "tests/workbench/search/explored.hpp"
 #include "tests/workbench/search/fixedpoint.hpp"
 #include "workbench/machine/exchange.hpp"
-#include "workbench/runs/deadend.hpp"
 
 namespace {
 
@@ -41,8 +40,7 @@ Network varied(unsigned seed) {
 constexpr int enough = 40;
 
 std::string complaint(const Explored& e, const tpn::Goal& goal, const tpn::Run& run) {
-  return goal.deadlock() ? tpn::replayToDeadEnd(e.net, run).complaint
-                         : tpn::replay(e.net, *goal.property, run).complaint;
+  return tpn::replay(e.net, goal, run).complaint;
 }
 
 // What is wrong with the search's answer, or empty.
@@ -82,7 +80,8 @@ TEST_P(Bounded, FindsDeadEndsOfRandomNetworks) {
     const Network net = varied(seed);
     const FixedPoint all = fixedPoint(net);
     deadEnds += all.deadEnd ? 1 : 0;
-    EXPECT_EQ(failure(converted(net), {}, all.deadEnd, all, GetParam()), "") << networkFile(net);
+    EXPECT_EQ(failure(converted(net), tpn::deadlockProperty(), all.deadEnd, all, GetParam()), "")
+        << networkFile(net);
   }
   EXPECT_GT(deadEnds, 100);
   EXPECT_LT(deadEnds, 380);
@@ -189,7 +188,7 @@ TEST(BoundedSearch, AnswersNetworksWithoutTransitions) {
   net.processes = {{{0}, {}}};
   const tpn::Property never = propertyOf("p1");
   EXPECT_EQ(searched(net, {never}, {}).answer, BoundedVerdict::stuck);
-  EXPECT_EQ(searched(net, {}, {}).answer, BoundedVerdict::reached);
+  EXPECT_EQ(searched(net, tpn::deadlockProperty(), {}).answer, BoundedVerdict::reached);
 }
 
 // Time cannot pass from the start, as the first transition should have fired before it may: what
@@ -202,7 +201,7 @@ TEST(BoundedSearch, AnswersNetworksThatAreStuckInTime) {
   const tpn::Property later = propertyOf("p2");
   EXPECT_EQ(searched(net, {atOnce}, {}).answer, BoundedVerdict::reached);
   EXPECT_EQ(searched(net, {later}, {}).answer, BoundedVerdict::stuck);
-  const BoundedVerdict end = searched(net, {}, {});
+  const BoundedVerdict end = searched(net, tpn::deadlockProperty(), {});
   ASSERT_EQ(end.answer, BoundedVerdict::reached);
   EXPECT_EQ(end.run->steps.size(), 1U);
 }
