@@ -12,6 +12,7 @@
 #include "workbench/encoding/decode.hpp"
 #include "workbench/encoding/encode.hpp"
 #include "workbench/encoding/pattern.hpp"
+#include "workbench/network/plain.hpp"
 #include "workbench/solvers/answer.hpp"
 
 namespace tpn {
@@ -217,8 +218,10 @@ Verdict noneIn(int length) {
 
 // Both layouts may fit the map, as it has no location numbers. What the bits mean as a run tells
 // them apart, and where they are a run in both, each is one of the network.
-Verdict traced(const Network& net, const Property& property, const std::string& map,
+Verdict traced(const Network& network, const Property& asked, const std::string& map,
                const std::string& answer) {
+  const Network net = isPlain(asked) ? network : labelledFor(network, asked);
+  const Property property = plain(net, asked);
   const Map of = readMap(map);
   const SolverAnswer said = readAnswer(answer);
   std::optional<NoRun> complaint;
