@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cmath>
 #include <csignal>
@@ -23,6 +22,7 @@
 #include "workbench/command/viewchoice.hpp"
 #include "workbench/proof/certificatetext.hpp"
 #include "workbench/search/engines.hpp"
+#include "workbench/search/keptfiles.hpp"
 
 namespace tpn {
 
@@ -142,18 +142,10 @@ Answer searched(const Arguments& a, const Asked& asked) {
   }
 }
 
-// kK.cnf and its like: what is kept of a bound.
-bool isKept(std::string_view name) {
-  const std::size_t suffix = name.find_first_not_of("0123456789", 1);
-  if (!name.starts_with('k') || suffix < 2 || suffix == std::string_view::npos) return false;
-  constexpr std::array<std::string_view, 5> kept{".cnf", ".lck", ".out", ".err", ".result"};
-  return std::find(kept.begin(), kept.end(), name.substr(suffix)) != kept.end();
-}
-
 FilePlan planOf(const Arguments& a) {
   FilePlan plan = planFor(a.files);
   if (a.byBounds.solver.find('/') != std::string::npos) plan.reads(a.byBounds.solver);
-  if (!a.byBounds.keep.empty()) plan.writesLike(a.byBounds.keep, isKept);
+  if (!a.byBounds.keep.empty()) plan.writesLike(a.byBounds.keep, isBoundFile);
   if (!a.certificate.empty()) plan.writes(a.certificate);
   a.views.addTo(plan);
   return plan;

@@ -49,14 +49,6 @@ std::string keptFolder(const std::string& name) {
   return name;
 }
 
-// kK and one of our suffixes.
-bool isBoundFile(const fs::path& file) {
-  const std::string stem = file.stem();
-  return std::find(suffixes.begin(), suffixes.end(), file.extension()) != suffixes.end() &&
-         stem.size() > 1 && stem[0] == 'k' &&
-         stem.find_first_not_of("0123456789", 1) == std::string::npos;
-}
-
 // One line of the record; the first one has this length whatever the process.
 std::string holderLine() {
   std::string line = "process " + std::to_string(getpid());
@@ -91,6 +83,12 @@ class Silence {
 };
 
 }  // namespace
+
+bool isBoundFile(std::string_view name) {
+  const std::size_t suffix = name.find_first_not_of("0123456789", 1);
+  return name.starts_with('k') && suffix > 1 && suffix != std::string_view::npos &&
+         std::find(suffixes.begin(), suffixes.end(), name.substr(suffix)) != suffixes.end();
+}
 
 KeptFiles::KeptFiles(const std::string& keep)
     : folder_(keep.empty() ? temporaryFolder() : keptFolder(keep)), temporary_(keep.empty()) {

@@ -9,10 +9,14 @@
 
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "model/tpnmodel.hpp"
 
 namespace tpn {
+
+// kK.cnf and its like?
+bool isBoundFile(std::string_view name);
 
 class KeptFiles {
  public:

@@ -101,7 +101,7 @@ TEST_F(Kept, TemporaryFolderGoesWithTheObject) {
 // Above 500000 variables of the path the numbers of the clause file fold.
 TEST_F(Kept, BoundsFitUpTo500000Variables) {
   NetTimedModel model;
-  tpn::encode(circle(3), propertyOf("p1"), tpn::Layout::workbench, model);
+  tpn::encode(circle(3), propertyOf("p1"), tpn::LocationCoding::workbench, model);
   const auto length = static_cast<int>(model.getSymStateLen());
   const int last = 500000 / length - 1;
   EXPECT_TRUE(tpn::fitsClauseFile(model, last));
@@ -154,6 +154,14 @@ TEST_F(Kept, MapThatCannotBeWrittenIsNoticed) {
             HasSubstr("k2.lck could not be written completely: No space left")));
     std::filesystem::remove_all(folder());
   }
+}
+
+TEST(BoundFiles, AreThoseOfABound) {
+  for (const char* name : {"k1.cnf", "k23.lck", "k5.out", "k5.err", "k5.result"})
+    EXPECT_TRUE(tpn::isBoundFile(name)) << name;
+  for (const char* name :
+       {"", "k", "k.cnf", "k1", "k1.txt", "k1x.cnf", "j1.cnf", "1.cnf", "k1.cnf~"})
+    EXPECT_FALSE(tpn::isBoundFile(name)) << name;
 }
 
 }  // namespace
