@@ -52,8 +52,8 @@ class StateReader {
 
 class Decoder {
  public:
-  Decoder(const Network& net, Layout layout, const NetTimedModel& model)
-      : net_(net), model_(model), reader_(model), codes_(net, layout), at_(initialLocations(net)) {}
+  Decoder(const Network& net, LocationCoding coding, const NetTimedModel& model)
+      : net_(net), model_(model), reader_(model), codes_(net, coding), at_(initialLocations(net)) {}
 
   const Locations& at() const { return at_; }
 
@@ -129,9 +129,9 @@ std::vector<int> firstVariables(const NetTimedModel& model, int k) {
   return firsts;
 }
 
-Run decode(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
-           const PathBits& path) {
-  Decoder decoder(net, layout, model);
+Run decode(const Network& net, const Property& property, LocationCoding coding,
+           const NetTimedModel& model, const PathBits& path) {
+  Decoder decoder(net, coding, model);
   std::vector<std::size_t> fired;
   std::optional<std::size_t> goal;
   const auto look = [&] {
@@ -155,7 +155,7 @@ Run decode(const Network& net, const Property& property, Layout layout, const Ne
 Run decodeFound(const Network& net, const Property& property, const NetTimedModel& model,
                 const PathBits& path, int k) {
   try {
-    return decode(net, property, Layout::workbench, model, path);
+    return decode(net, property, LocationCoding::workbench, model, path);
   } catch (const NoRun& e) {
     throw std::runtime_error(
         "this is a bug, please report it with both files: the solver's path for k = " +

@@ -43,8 +43,8 @@ PathBits pathBits(const std::vector<int>& firsts, int length, Value value) {
 std::vector<int> firstVariables(const NetTimedModel& model, int k);
 
 // The run; its goal is the first state with the property. Throws NoRun.
-Run decode(const Network& net, const Property& property, Layout layout, const NetTimedModel& model,
-           const PathBits& path);
+Run decode(const Network& net, const Property& property, LocationCoding coding,
+           const NetTimedModel& model, const PathBits& path);
 
 // The same for a path that a solver found and that satisfies the clauses of bound k: that it is no
 // run can only be a bug, and std::runtime_error says so.

@@ -61,14 +61,14 @@ EctlOper operatorOf(PropertyItem::Kind kind) {
 
 }  // namespace
 
-LocationCodes::LocationCodes(const Network& net, Layout layout) : layout_(layout) {
-  if (layout == Layout::core) return;
+LocationCodes::LocationCodes(const Network& net, LocationCoding coding) : coding_(coding) {
+  if (coding == LocationCoding::core) return;
   for (const Process& process : net.processes)
     locations_.emplace_back(process.locations.begin(), process.locations.end());
 }
 
 std::int64_t LocationCodes::of(std::size_t process, int location) const {
-  if (layout_ == Layout::core) return location;
+  if (coding_ == LocationCoding::core) return location;
   const std::vector<int>& all = locations_.at(process);
   return std::lower_bound(all.begin(), all.end(), location) - all.begin();
 }
@@ -81,25 +81,25 @@ EctlForm formulaOf(const Property& property) {
   return EctlForm(items);
 }
 
-void encode(const Network& net, const Property& property, Layout layout, NetTimedModel& model,
-            const Checkpoint& checkpoint) {
+void encode(const Network& net, const Property& property, LocationCoding coding,
+            NetTimedModel& model, const Checkpoint& checkpoint) {
   const std::int64_t largest = largestConstant(net);
   if (largest > mostConstant)
     throw std::runtime_error("the time " + std::to_string(largest) + " is too large: up to " +
                              std::to_string(mostConstant) + " can be checked");
-  const std::int64_t range = layout == Layout::core ? largestLatest(net) : largest;
+  const std::int64_t range = coding == LocationCoding::core ? largestLatest(net) : largest;
   model.nrOfProcs = static_cast<int>(net.processes.size());
   model.nrOfTrans = static_cast<int>(net.transitions.size());
   model.maxConst = static_cast<int>(range);
   model.timeIntervals.emplace_back(0, 0);  // transitions count from 1
-  const LocationCodes codes(net, layout);
+  const LocationCodes codes(net, coding);
   for (std::size_t t = 0; t < net.transitions.size(); ++t) {
     checkpoint.at(t);
     addTransition(net, t, codes, model);
   }
   for (std::size_t p = 0; p < net.processes.size(); ++p) {
     checkpoint();
-    if (layout == Layout::workbench) addLocations(net, p, codes, model);
+    if (coding == LocationCoding::workbench) addLocations(net, p, codes, model);
     addLabels(net, p, codes, model);
   }
   model.compNrOfBits();

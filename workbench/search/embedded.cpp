@@ -34,7 +34,7 @@ class EmbeddedCheck {
 
   Verdict run() {
     try {
-      encode(question_.net, question_.property, Layout::workbench, model_, checkpoint_);
+      encode(question_.net, question_.property, LocationCoding::workbench, model_, checkpoint_);
       return ask();
     } catch (const Interrupted&) {
       return unknown(watch_.reason());

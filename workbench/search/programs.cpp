@@ -48,7 +48,7 @@ class ProgramCheck {
 
   Verdict run() {
     try {
-      encode(question_.net, question_.property, Layout::workbench, model_, checkpoint_);
+      encode(question_.net, question_.property, LocationCoding::workbench, model_, checkpoint_);
       askAll();
     } catch (const Interrupted&) {
       giveUpAll();

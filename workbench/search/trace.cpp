@@ -146,9 +146,9 @@ int invariantTerms(const NetTimedModel& model, int k) {
 // The network, laid out in one of the two ways, as the map describes it.
 class TracedPath {
  public:
-  TracedPath(const Network& net, const Property& property, Layout layout, const Map& map)
-      : net_(net), property_(property), layout_(layout), map_(map) {
-    encode(net, property, layout, model_);
+  TracedPath(const Network& net, const Property& property, LocationCoding coding, const Map& map)
+      : net_(net), property_(property), coding_(coding), map_(map) {
+    encode(net, property, coding, model_);
   }
 
   // Can the map be this network's?
@@ -170,7 +170,7 @@ class TracedPath {
                                    static_cast<int>(model_.getSymStateLen()), value);
     std::string wrong = PathCheck(model_, map_.length).violation(path);
     try {
-      if (wrong.empty()) return decode(net_, property_, layout_, model_, path);
+      if (wrong.empty()) return decode(net_, property_, coding_, model_, path);
     } catch (const NoRun& e) {
       wrong = e.what();
     }
@@ -193,7 +193,7 @@ class TracedPath {
 
   const Network& net_;
   const Property& property_;
-  Layout layout_;
+  LocationCoding coding_;
   const Map& map_;
   NetTimedModel model_;
 };
@@ -225,8 +225,8 @@ Verdict traced(const Network& network, const Property& asked, const std::string&
   const Map of = readMap(map);
   const SolverAnswer said = readAnswer(answer);
   std::optional<NoRun> complaint;
-  for (const Layout layout : {Layout::core, Layout::workbench}) {
-    const TracedPath path(net, property, layout, of);
+  for (const LocationCoding coding : {LocationCoding::core, LocationCoding::workbench}) {
+    const TracedPath path(net, property, coding, of);
     if (!path.fits()) continue;
     if (said.status == SolverAnswer::unsatisfiable) return noneIn(of.length);
     if (said.status == SolverAnswer::unknown)

@@ -12,7 +12,7 @@
 
 namespace {
 
-using tpn::Layout;
+using tpn::LocationCoding;
 
 // Without the core's progress lines.
 void readQuietly(NetTimedModel& model, const std::string& file) {
@@ -31,7 +31,7 @@ TEST(Encode, GivesTheModelThatTheCoreReads) {
     readQuietly(read, place.folder() / "net");
     const Explored e = converted(net);
     NetTimedModel built;
-    tpn::encode(e.net, e.property, Layout::core, built);
+    tpn::encode(e.net, e.property, LocationCoding::core, built);
     EXPECT_EQ(built.nrOfProcs, read.nrOfProcs);
     EXPECT_EQ(built.nrOfTrans, read.nrOfTrans);
     EXPECT_EQ(built.maxConst, read.maxConst);
@@ -50,7 +50,7 @@ TEST(Encode, CountsLocationsByRank) {
   net.processes = {{{0, 5, 70}, {{70, {3}}}}};
   net.transitions = {{{0, 1}, {{0, 0, 5}}}, {{6, {}}, {{0, 5, 70}}}};
   NetTimedModel model;
-  tpn::encode(net, propertyOf("p3"), Layout::workbench, model);
+  tpn::encode(net, propertyOf("p3"), LocationCoding::workbench, model);
   EXPECT_EQ(model.localTrans.at({1, 2}), NetTimedModel::Pair(1, 2));
   EXPECT_EQ(model.valuation.begin()->first.second, 2U);
   EXPECT_EQ(model.totalNrVertBits, 2);
@@ -62,7 +62,7 @@ TEST(Encode, CountsLocationsThatNoMoveMentions) {
   net.processes = {{{0, 1, 2, 3, 4}, {{4, {3}}}}};
   net.transitions = {{{0, 1}, {{0, 0, 1}}}};
   NetTimedModel model;
-  tpn::encode(net, propertyOf("p3"), Layout::workbench, model);
+  tpn::encode(net, propertyOf("p3"), LocationCoding::workbench, model);
   EXPECT_EQ(model.totalNrVertBits, 3);
 }
 

@@ -18,7 +18,7 @@ TEST(Encode, TakesTimeLinearInTheLocations) {
     const tpn::Network net = tpn::ring(transitions);
     NetTimedModel model;
     return tpn::cpuSeconds(
-        [&] { tpn::encode(net, propertyOf("p1"), tpn::Layout::workbench, model); });
+        [&] { tpn::encode(net, propertyOf("p1"), tpn::LocationCoding::workbench, model); });
   };
   const double small = std::max(seconds(2000), seconds(2000));
   EXPECT_LT(seconds(40000), 200 * small);
@@ -28,8 +28,8 @@ TEST(Encode, EndsAtACheckpoint) {
   NetTimedModel model;
   int passed = 3;
   const tpn::Checkpoint checkpoint([&] { return passed-- == 0; });
-  EXPECT_THROW(tpn::encode(tpn::manyProcesses(100), propertyOf("p1"), tpn::Layout::workbench, model,
-                           checkpoint),
+  EXPECT_THROW(tpn::encode(tpn::manyProcesses(100), propertyOf("p1"),
+                           tpn::LocationCoding::workbench, model, checkpoint),
                tpn::Interrupted);
 }
 
@@ -37,7 +37,7 @@ TEST(Encode, EndsAtACheckpoint) {
 TEST(Model, EndsAStepAtACheckpoint) {
   const tpn::Network net = tpn::manyProcesses(3);
   NetTimedModel model;
-  tpn::encode(net, propertyOf("p1"), tpn::Layout::workbench, model);
+  tpn::encode(net, propertyOf("p1"), tpn::LocationCoding::workbench, model);
   std::size_t passed = 0;
   model.checkpoint = [&] { ++passed; };
   const auto length = static_cast<int>(model.getSymStateLen());
@@ -52,7 +52,7 @@ TEST(Model, EndsAStepAtACheckpoint) {
 TEST(StateLength, IsTheModels) {
   for (const tpn::Network& net : {tpn::manyProcesses(5), tpn::ring(9), tpn::parallel(3)}) {
     NetTimedModel model;
-    tpn::encode(net, propertyOf("p1"), tpn::Layout::core, model);
+    tpn::encode(net, propertyOf("p1"), tpn::LocationCoding::core, model);
     EXPECT_EQ(tpn::stateLength(net).variables, model.getSymStateLen());
   }
 }

@@ -15,7 +15,7 @@ namespace {
 class UnrolledCircle : public testing::Test {
  protected:
   void SetUp() override {
-    tpn::encode(circle(3), propertyOf("p1"), tpn::Layout::workbench, model_);
+    tpn::encode(circle(3), propertyOf("p1"), tpn::LocationCoding::workbench, model_);
   }
 
   NetTimedModel model_;
@@ -33,8 +33,9 @@ TEST_F(UnrolledCircle, ReachesItsPropertyAfterTwoActions) {
     const tpn::PathBits bits =
         tpn::pathBits(path.states(), static_cast<int>(model_.getSymStateLen()),
                       [&](int variable) { return solver->value(variable); });
-    EXPECT_EQ(tpn::decode(circle(3), propertyOf("p1"), tpn::Layout::workbench, model_, bits).goal,
-              2U);
+    EXPECT_EQ(
+        tpn::decode(circle(3), propertyOf("p1"), tpn::LocationCoding::workbench, model_, bits).goal,
+        2U);
   }
 }
 
