@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -39,13 +40,17 @@ std::string kindHint(std::string_view word) {
                       : "\"" + near + "\" is expected";
 }
 
+Place behind(const std::vector<Word>& all, const Line& line) {
+  return {line.number, all.back().column + static_cast<int>(all.back().text.size())};
+}
+
 // The number in a word of the line; nothing where there is none, which has been reported.
 std::optional<int> numberAt(const Line& line, const std::vector<Word>& all, std::size_t i,
                             Report& report) {
   const bool there = i < all.size();
   if (there && isNumber(all[i].text))
     if (const auto number = value(all[i].text)) return number;
-  report.add(Rule::nameLine, {line.number, there ? all[i].column : 0},
+  report.add(Rule::nameLine, there ? Place{line.number, all[i].column} : behind(all, line),
              there ? "a number is expected, not " + quoted(all[i].text)
                    : "a number and a name are expected on this line");
   return std::nullopt;
@@ -149,6 +154,24 @@ bool beginsNames(const Line& line) {
   return all.size() == 1 && all.front().text == "names";
 }
 
+std::optional<NameLine> processHeading(const Line& line, std::size_t number) {
+  const std::vector<Word> all = words(line);
+  if (all.size() != 2 || all[0].text != name(Keyword::process)) return std::nullopt;
+  const auto read = readName(all[1].text);
+  if (!read || read->length != all[1].text.size()) return std::nullopt;
+  const Place at{line.number, all[1].column};
+  return NameLine{NameLine::process, static_cast<int>(number), 0, read->name, at, at};
+}
+
+void addHeadings(const std::vector<NameLine>& headings, std::vector<NameLine>& names) {
+  std::map<std::string, int> counts;
+  for (const NameLine& heading : headings) ++counts[heading.name];
+  std::vector<NameLine> found;
+  for (const NameLine& heading : headings)
+    if (counts[heading.name] == 1) found.push_back(heading);
+  names.insert(names.begin(), found.begin(), found.end());
+}
+
 std::optional<NameLine> readNameLine(const Line& line, Report& report) {
   const std::vector<Word> all = words(line);
   const auto kind = kindCalled(all.front().text);
@@ -167,7 +190,7 @@ std::optional<NameLine> readNameLine(const Line& line, Report& report) {
     (i == 0 ? read.number : read.inner) = *number;
   }
   if (all.size() <= numbers + 1) {
-    report.add(Rule::nameLine, {line.number, 0}, "a name is missing at the end of this line");
+    report.add(Rule::nameLine, behind(all, line), "a name is missing at the end of this line");
     return std::nullopt;
   }
   read.nameAt = {line.number, all[numbers + 1].column};

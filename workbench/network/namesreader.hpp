@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,13 @@ struct NameLine {
 };
 
 bool beginsNames(const Line& line);
+
+// The name in a line "process NAME" that begins the process with this number; nothing where there
+// is none, or anything else: a remark.
+std::optional<NameLine> processHeading(const Line& line, std::size_t number);
+
+// Adds those that are names: a word that stands behind several processes is a remark.
+void addHeadings(const std::vector<NameLine>& headings, std::vector<NameLine>& names);
 
 // Reads a line of the section; nothing where it could not be read, which has been reported.
 std::optional<NameLine> readNameLine(const Line& line, Report& report);

@@ -44,6 +44,7 @@ class NetworkReader {
   void takeOther(const Line& line);
   void skip(const Line& line, const std::string& what);
   std::size_t goOnAfterEnd(std::size_t i);
+  void takeNames(std::size_t i);
   void reportEarlyEnd();
   void reportCarriageReturns();
 
@@ -60,6 +61,7 @@ class NetworkReader {
   Report& report_;
   const Checkpoint& checkpoint_;
   NetworkFile file_;
+  std::vector<NameLine> headings_;  // "process NAME"
   Section section_ = Section::heading;
   bool skipping_ = false;  // a keyword has been missed already
 };
@@ -73,6 +75,7 @@ NetworkFile NetworkReader::read() {
     take(i);
     i = section_ == Section::over ? goOnAfterEnd(i) : i + 1;
   }
+  addHeadings(headings_, file_.names);
   file_.complete = section_ == Section::over;
   if (!file_.complete) reportEarlyEnd();
   return std::move(file_);
@@ -142,9 +145,12 @@ void NetworkReader::skip(const Line& line, const std::string& what) {
 // processes.
 std::size_t NetworkReader::goOnAfterEnd(std::size_t i) {
   const auto rest = lines_.begin() + static_cast<std::ptrdiff_t>(i) + 1;
-  const auto isProcess = [](const Line& line) { return isJust(line, Keyword::process); };
-  const auto process = std::find_if(rest, lines_.end(), isProcess);
-  if (process != lines_.end()) {
+  const auto names = std::find_if(rest, lines_.end(), beginsNames);
+  const auto isProcess = [](const Line& line) {
+    return isJust(line, Keyword::process) || processHeading(line, 0);
+  };
+  const auto process = std::find_if(rest, names, isProcess);
+  if (process != names) {
     report_.add(Rule::endTooEarly, {process->number, words(*process).front().column},
                 "a process after the \"end\" that closes the file, in line " +
                     std::to_string(lines_[i].number) + "; zervan does not read it");
@@ -152,11 +158,21 @@ std::size_t NetworkReader::goOnAfterEnd(std::size_t i) {
     return static_cast<std::size_t>(process - lines_.begin());
   }
   const auto holdsWords = [](const Line& line) { return !words(line).empty(); };
-  const auto more = std::find_if(rest, lines_.end(), holdsWords);
-  if (more != lines_.end())
+  const auto more = std::find_if(rest, names, holdsWords);
+  if (more != names)
     report_.add(Rule::afterEnd, {more->number, 1},
-                "nothing after the \"end\" that closes the file is read");
+                "nothing after the \"end\" that closes the file is read, but names");
+  takeNames(static_cast<std::size_t>(names - lines_.begin()) + 1);
   return lines_.size();
+}
+
+// From the line behind "names" on.
+void NetworkReader::takeNames(std::size_t i) {
+  for (; i < lines_.size(); ++i) {
+    checkpoint_.at(i);
+    if (words(lines_[i]).empty()) continue;
+    if (auto name = readNameLine(lines_[i], report_)) file_.names.push_back(std::move(*name));
+  }
 }
 
 void NetworkReader::reportEarlyEnd() {
@@ -219,6 +235,8 @@ void NetworkReader::enterAfter(const Line& line, Keyword keyword) {
       break;
     case Keyword::process:
       file_.processes.push_back({{line.number, 1}, {}, {}});
+      if (auto name = processHeading(line, file_.processes.size()))
+        headings_.push_back(std::move(*name));
       section_ = Section::moves;
       break;
     case Keyword::valuation:

@@ -11,6 +11,7 @@
 
 #include "workbench/base/checkpoint.hpp"
 #include "workbench/network/lintrules.hpp"
+#include "workbench/network/namesreader.hpp"
 
 namespace tpn {
 
@@ -48,6 +49,7 @@ struct NetworkFile {
   std::string title;
   std::vector<DeclarationLine> declarations;
   std::vector<ProcessBlock> processes;
+  std::vector<NameLine> names;
   bool complete = false;  // the final "end" is there
 };
 

@@ -12,7 +12,10 @@ std::optional<Network> readNetwork(const std::string& file, const std::string& t
   const NetworkFile read = readNetworkFile(text, report, checkpoint);
   checkNumbers(read, report, checkpoint);
   if (report.hasErrors()) return std::nullopt;
-  return networkOf(read);
+  Network net = networkOf(read);
+  net.names = namesOf(read.names, net, report);
+  if (report.hasErrors()) return std::nullopt;
+  return net;
 }
 
 }  // namespace tpn

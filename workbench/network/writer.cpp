@@ -50,6 +50,27 @@ bool isTitle(const std::string& text) {
   return !text.empty() && text.back() != '\r' && text.find('\n') == std::string::npos;
 }
 
+std::string nameLine(const std::string& thing, const std::string& name) {
+  assert(!name.empty() && name.find('\n') == std::string::npos);
+  return thing + " " + writtenName(name) + "\n";
+}
+
+// The section, or nothing where nothing has a name.
+std::string namesSection(const Names& names) {
+  if (names == Names{}) return "";
+  std::string lines = "names\n";
+  for (const auto& [index, name] : names.processes)
+    lines += nameLine("process " + std::to_string(number(index)), name);
+  for (const auto& [spot, name] : names.locations)
+    lines += nameLine(
+        "location " + std::to_string(number(spot.first)) + " " + std::to_string(spot.second), name);
+  for (const auto& [index, name] : names.transitions)
+    lines += nameLine("transition " + std::to_string(number(index)), name);
+  for (const auto& [proposition, name] : names.propositions)
+    lines += nameLine("proposition " + std::to_string(proposition), name);
+  return lines;
+}
+
 }  // namespace
 
 std::string networkFile(const Network& net) {
@@ -66,7 +87,7 @@ std::string networkFile(const Network& net) {
     file += "process\n" + moves[p].lines + "valuation\n" + labelLines(net.processes[p]) +
             "endval\nend\n";
   }
-  return file + "end\n";
+  return file + "end\n" + namesSection(net.names);
 }
 
 }  // namespace tpn

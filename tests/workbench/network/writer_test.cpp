@@ -25,6 +25,25 @@ Network writable(SmallNets& nets) {
   return net;
 }
 
+// About every second thing has a name, any bytes but line ends.
+void addNames(Network& net, SmallNets& nets) {
+  int count = 0;
+  const auto add = [&](std::string& name) {
+    name = nets.upTo(1) == 0 ? "n" : "";
+    name += std::to_string(count++);
+    for (int i = nets.number(3); i > 0; --i) name += "a{}\\ _\r\x80"[nets.upTo(7)];
+  };
+  for (std::size_t p = 0; p < net.processes.size(); ++p) {
+    if (nets.upTo(1) == 0) add(net.names.processes[p]);
+    for (const int location : net.processes[p].locations)
+      if (nets.upTo(1) == 0) add(net.names.locations[{p, location}]);
+  }
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    if (nets.upTo(1) == 0) add(net.names.transitions[t]);
+  for (const int q : propositions(net))
+    if (nets.upTo(1) == 0) add(net.names.propositions[q]);
+}
+
 // Without location 0, or with a gap, the file is not in order: those are left out.
 bool inOrder(const Network& net) {
   for (std::size_t p = 0; p < net.processes.size(); ++p) {
@@ -50,7 +69,8 @@ TEST(NetworkFile, IsReadAsTheSameNetwork) {
   SmallNets nets(1);
   int compared = 0;
   for (int i = 0; i < 2000; ++i) {
-    const Network net = writable(nets);
+    Network net = writable(nets);
+    if (i % 2 == 1) addNames(net, nets);
     if (!inOrder(net)) continue;
     const auto read = readAgain(net);
     ASSERT_TRUE(read) << networkFile(net);
@@ -65,6 +85,18 @@ TEST(NetworkFile, LooksLikeThis) {
             "two\ntransitions\n1 1 2\n2 0 3\n3 2 -1\nendtran\n"
             "process\n1 0 1\n3 1 0\nvaluation\n1 7\nendval\nend\n"
             "process\n2 0 1\n3 1 0\nvaluation\n1 8 9\nendval\nend\nend\n");
+}
+
+TEST(NetworkFile, EndsWithNamesWhereThereAreAny) {
+  Network net = twoProcesses();
+  const std::string without = networkFile(net);
+  net.names.processes[1] = "{atleast}";
+  net.names.locations[{0, 1}] = "busy";
+  net.names.transitions[2] = "both";
+  net.names.propositions[8] = "true";
+  EXPECT_EQ(networkFile(net), without +
+                                  "names\nprocess 2 {\\{atleast\\}}\nlocation 1 1 busy\n"
+                                  "transition 3 both\nproposition 8 {true}\n");
 }
 
 TEST(NetworkFile, HoldsLargeNetworks) {
@@ -88,6 +120,9 @@ TEST(NetworkFileDeathTest, RefusesWhatAFileCannotSay) {
   net = twoProcesses();
   net.transitions[0].moves.clear();
   EXPECT_DEATH(networkFile(net), "moves");
+  net = twoProcesses();
+  net.names.processes[0] = "";
+  EXPECT_DEATH(networkFile(net), "name");
 }
 
 }  // namespace
