@@ -36,9 +36,9 @@ class ViewChoice {
     std::vector<CLI::Option*> flags;
     for (Row& row : rows_) {
       const std::string option = std::string("--") + row.view->name;
-      if (row.view->place == Place::file)
+      if (row.view->destination == Destination::file)
         app.add_option(option, row.file, row.view->help)->type_name("FILE");
-      if (row.view->place != Place::stream) continue;
+      if (row.view->destination != Destination::stream) continue;
       flags.push_back(app.add_flag(option, row.chosen, row.view->help));
       for (CLI::Option* other : flags)
         if (other != flags.back()) flags.back()->excludes(other);
@@ -78,8 +78,9 @@ class ViewChoice {
   };
 
   const View& usual() const {
-    const auto at = std::find_if(rows_.begin(), rows_.end(),
-                                 [](const Row& row) { return row.view->place == Place::usual; });
+    const auto at = std::find_if(rows_.begin(), rows_.end(), [](const Row& row) {
+      return row.view->destination == Destination::usual;
+    });
     return *at->view;
   }
 

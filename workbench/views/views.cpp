@@ -8,19 +8,19 @@ namespace tpn {
 namespace {
 
 constexpr RunView ofRuns[] = {
-    {"text", "txt", Place::usual, "the run as a table", runText},
-    {"json", "json", Place::stream, "print JSON instead of text",
+    {"text", "txt", Destination::usual, "the run as a table", runText},
+    {"json", "json", Destination::stream, "print JSON instead of text",
      [](const Network& net, const Property& property, const Run& run) {
        return jsonText(runJson(net, property, run));
      }},
-    {"vcd", "vcd", Place::file, "the run for a waveform viewer", runVcd},
-    {"svg", "svg", Place::file, "draw the run: time to the right, a lane a process", runSvg}};
+    {"vcd", "vcd", Destination::file, "the run for a waveform viewer", runVcd},
+    {"svg", "svg", Destination::file, "draw the run: time to the right, a lane a process", runSvg}};
 
 constexpr NetworkView ofNetworks[] = {
-    {"text", "txt", Place::usual, "the network as a list", networkText},
-    {"dot", "dot", Place::stream, "print it for Graphviz", networkDot},
-    {"svg", "svg", Place::file, "draw it, with Graphviz", networkSvg},
-    {"json", "json", Place::stream, "print JSON instead of text",
+    {"text", "txt", Destination::usual, "the network as a list", networkText},
+    {"dot", "dot", Destination::stream, "print it for Graphviz", networkDot},
+    {"svg", "svg", Destination::file, "draw it, with Graphviz", networkSvg},
+    {"json", "json", Destination::stream, "print JSON instead of text",
      [](const Network& net) { return jsonText(networkJson(net)); }}};
 
 }  // namespace

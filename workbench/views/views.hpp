@@ -16,7 +16,7 @@
 namespace tpn {
 
 // Where a subcommand puts a view.
-enum class Place {
+enum class Destination {
   usual,   // on standard output unless something else is asked for
   stream,  // there, with a flag --NAME
   file     // into a file of its own, with an option --NAME FILE
@@ -25,7 +25,7 @@ enum class Place {
 struct RunView {
   const char* name;
   const char* suffix;  // of files that hold it, without a dot
-  Place place;
+  Destination destination;
   const char* help;
   std::string (*print)(const Network& net, const Property& property, const Run& run);
 };
@@ -33,7 +33,7 @@ struct RunView {
 struct NetworkView {
   const char* name;
   const char* suffix;
-  Place place;
+  Destination destination;
   const char* help;
   std::string (*print)(const Network& net);
 };

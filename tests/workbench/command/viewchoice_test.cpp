@@ -13,15 +13,15 @@ namespace {
 struct View {
   const char* name;
   const char* suffix;
-  Place place;
+  Destination destination;
   const char* help;
 };
 
-constexpr View table[] = {{"plain", "txt", Place::usual, "as usual"},
-                          {"odd", "odd", Place::stream, "oddly"},
-                          {"even", "even", Place::stream, "evenly"},
-                          {"drawn", "svg", Place::file, "drawn"},
-                          {"sung", "wav", Place::file, "sung"}};
+constexpr View table[] = {{"plain", "txt", Destination::usual, "as usual"},
+                          {"odd", "odd", Destination::stream, "oddly"},
+                          {"even", "even", Destination::stream, "evenly"},
+                          {"drawn", "svg", Destination::file, "drawn"},
+                          {"sung", "wav", Destination::file, "sung"}};
 
 struct Chosen {
   explicit Chosen(const std::vector<std::string>& words) {

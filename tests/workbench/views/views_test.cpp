@@ -18,7 +18,7 @@ void expectNamesOnceAndOneUsual(std::span<const View> table) {
   std::set<std::string> names;
   for (const View& view : table) EXPECT_TRUE(names.insert(view.name).second) << view.name;
   EXPECT_EQ(std::count_if(table.begin(), table.end(),
-                          [](const View& view) { return view.place == Place::usual; }),
+                          [](const View& view) { return view.destination == Destination::usual; }),
             1);
 }
 
