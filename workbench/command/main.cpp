@@ -8,10 +8,12 @@
 #include <iostream>
 #include <new>
 #include <sstream>
+#include <string>
 
 #include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/command/version.hpp"
 
 namespace {
 
@@ -34,8 +36,6 @@ constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
   });
 }
 
-constexpr const char* version = "tpn " ZERVAN_VERSION;
-
 // What the parser says may quote anything that was given.
 int told(const CLI::App& app, const CLI::ParseError& e) {
   std::ostringstream out;
@@ -48,6 +48,7 @@ int told(const CLI::App& app, const CLI::ParseError& e) {
 
 int command(int argc, char** argv) {
   CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
+  const std::string version = std::string("tpn ") + versionText;
   app.set_version_flag("--version", version);
   app.require_subcommand(1);
   Action action;
