@@ -20,9 +20,9 @@ namespace {
 using namespace tpn;
 
 // As the help lists them.
-constexpr const Subcommand* subcommands[] = {&lintCommand,  &showCommand, &checkCommand,
-                                             &traceCommand, &runCommand,  &certifyCommand,
-                                             &exportCommand};
+constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand, &checkCommand,
+                                             &traceCommand,  &runCommand,  &certifyCommand,
+                                             &exportCommand, &makeCommand};
 
 constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
 

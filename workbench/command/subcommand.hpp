@@ -28,5 +28,6 @@ extern const Subcommand traceCommand;
 extern const Subcommand runCommand;
 extern const Subcommand certifyCommand;
 extern const Subcommand exportCommand;
+extern const Subcommand makeCommand;
 
 }  // namespace tpn
