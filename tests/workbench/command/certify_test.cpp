@@ -78,7 +78,7 @@ TEST_F(Certify, NamesTheLineItCannotRead) {
 TEST_F(Certify, TakesADeadlockInPlaceOfAProperty) {
   Diagnostics none;
   const Network net = *readNetwork("", readFile(examples + "fischer.tpn"), none);
-  file = {statement(net, {}), {}};
+  file = {statement(net, deadlockProperty()), {}};
   place.write("proof", certificateText(file));
   const Outcome outcome = place.run(TPN_BINARY, {"certify", "--deadlock", "fischer", "proof"});
   EXPECT_EQ(outcome.err, "proof: a goal state is inside\n");  // a process waits for a value
