@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/workbench/nets/writable.hpp"
+#include "workbench/nets/pnmlreader.hpp"
+#include "workbench/nets/pnmlwriter.hpp"
 #include "workbench/nets/tinareader.hpp"
 #include "workbench/nets/tinawriter.hpp"
 
@@ -45,6 +47,38 @@ TEST(Bridge, LeadsThroughTinasForm) {
     const auto again = back(*read, found);
     ASSERT_TRUE(again) << told(found) << file;
     ASSERT_EQ(*again, net) << file;
+  }
+}
+
+TEST(Bridge, LeadsThroughPnml) {
+  WritableNets nets(3);
+  for (int i = 0; i < 1000; ++i) {
+    const Network net = nets.next();
+    const std::string file = pnmlFile(petriNetOf(net));
+    Diagnostics found;
+    const auto read = readPnml("net", file, found);
+    ASSERT_TRUE(read) << told(found) << file;
+    ASSERT_TRUE(*read == petriNetOf(net)) << file;
+    const auto again = back(*read, found);
+    ASSERT_TRUE(again) << told(found) << file;
+    ASSERT_EQ(*again, net) << file;
+  }
+}
+
+TEST(Bridge, KeepsBlanksAroundATitle) {
+  Network net = twoProcesses();
+  net.title = "\t two ";
+  Diagnostics found;
+  const auto read = readPnml("net", pnmlFile(petriNetOf(net)), found);
+  ASSERT_TRUE(read) << told(found);
+  EXPECT_EQ(back(*read, found), net);
+}
+
+TEST(Bridge, RefusesInPnmlWhatXmlCannotSay) {
+  Network net = twoProcesses();
+  for (const std::string title : {"\x80", "a\x01", "a\r"}) {
+    net.title = title;
+    EXPECT_THROW(pnmlFile(petriNetOf(net)), Inexact);
   }
 }
 
