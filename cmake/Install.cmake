@@ -24,7 +24,7 @@ install(PROGRAMS examples/make DESTINATION ${ZERVAN_DOCUMENTS}/examples COMPONEN
 # --- Libraries, headers, and how they are found. ---
 
 set(core boolform boolformvect clock ectl model translation)
-set(rooms base network runs encoding solvers machine proof prover search views walking)
+set(rooms base network nets runs encoding solvers machine proof prover search views walking)
 
 # zervan_archive(NAME LIBRARIES library ... USES what its users link, too)
 function(zervan_archive name)
@@ -65,7 +65,8 @@ zervan_pkgconfig(zervan)
 if(ZERVAN_WORKBENCH)
   list(TRANSFORM rooms PREPEND tpn_ OUTPUT_VARIABLE libraries)
   zervan_archive(tpn LIBRARIES ${libraries}
-    USES archive_zervan nlohmann_json::nlohmann_json cadical bliss OpenSSL::Crypto)
+    USES archive_zervan nlohmann_json::nlohmann_json cadical bliss OpenSSL::Crypto
+      pugixml::pugixml)
   list(TRANSFORM rooms PREPEND workbench/ OUTPUT_VARIABLE folders)
   zervan_headers(${folders})
   zervan_pkgconfig(tpn)
