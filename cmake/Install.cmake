@@ -16,6 +16,22 @@ if(ZERVAN_WORKBENCH)
     install(FILES docs/${page}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
   endforeach()
 endif()
+if(ZERVAN_WORKBENCH)
+  set(completion ${PROJECT_BINARY_DIR}/workbench/command/tpn)
+  install(FILES ${completion}.bash COMPONENT programs RENAME tpn
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${completion}.fish COMPONENT programs
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+  # What a package of Debian's brings, and what an administrator adds, zsh looks for in two places.
+  install(CODE "
+    set(place site-functions)
+    if(CMAKE_INSTALL_PREFIX MATCHES \"/usr/?$\")
+      set(place vendor-completions)
+    endif()
+    file(INSTALL \"${completion}.zsh\" RENAME _tpn
+         DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${place}\")"
+    COMPONENT programs)
+endif()
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${ZERVAN_DOCUMENTS} COMPONENT programs)
 install(DIRECTORY docs examples DESTINATION ${ZERVAN_DOCUMENTS} COMPONENT programs
         PATTERN *.1 EXCLUDE PATTERN check EXCLUDE PATTERN make EXCLUDE)

@@ -1,7 +1,10 @@
 #include "workbench/base/fileplan.hpp"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -46,6 +49,18 @@ std::optional<std::string> identityOf(const std::string& name) {
   return identity(found);
 }
 
+// The system's reason why this could not be opened for writing; empty where there is none.
+std::string obstacle(const std::string& name) {
+  const fs::path end = followed(name);
+  std::error_code none;
+  if (fs::is_directory(end, none)) return std::strerror(EISDIR);
+  const fs::path folder = end.has_parent_path() ? end.parent_path() : fs::path(".");
+  if (!fs::exists(end, none) && fs::exists(folder, none) && !fs::is_directory(folder, none))
+    return std::strerror(ENOTDIR);
+  const fs::path& asked = fs::exists(end, none) ? end : folder;
+  return access(asked.c_str(), W_OK) == 0 ? "" : std::strerror(errno);
+}
+
 // Where it is redirected to is for whoever redirects it to know.
 bool isStream(const std::string& name) {
   for (const std::string_view whole : {"-", "/dev/stdout", "/dev/stderr"})
@@ -81,11 +96,14 @@ std::string FilePlan::refusal(const std::string& name) const {
     if (at != taken_.end()) return begin + "it is " + at->second;
   }
   const fs::path end = followed(name);
-  for (const Folder& folder : folders_)
-    if (folder.identity == folderIdentity(end.parent_path()) &&
-        folder.match(end.filename().string()))
+  for (const Folder& folder : folders_) {
+    if (folder.identity != folderIdentity(end.parent_path())) continue;
+    if (folder.match(end.filename().string()))
       return begin + "it is one of the files kept in " + folder.name;
-  return "";
+    if (!fs::exists(folder.name)) return "";  // it is going to be made
+  }
+  const std::string reason = obstacle(name);
+  return reason.empty() ? "" : begin + reason;
 }
 
 }  // namespace tpn

@@ -20,7 +20,8 @@ class FilePlan {
   // Inputs come before outputs.
   void reads(const std::string& name);
 
-  // Throws std::runtime_error where this file is taken.
+  // Throws std::runtime_error where this file is taken, or cannot be written as things are: no such
+  // folder, no permission.
   void writes(const std::string& name);
 
   // Files that lie in this folder, or will: those whose names match. Throws as writes does.

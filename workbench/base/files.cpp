@@ -15,9 +15,10 @@ namespace tpn {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& name, const std::string& what) {
+[[noreturn]] void fail(const std::string& name, const std::string& what,
+                       const std::string& between = ": ") {
   const std::string reason = errno == 0 ? "" : std::string(": ") + std::strerror(errno);
-  throw std::runtime_error(name + ": " + what + reason);
+  throw std::runtime_error(name + between + what + reason);
 }
 
 class Opened {
@@ -77,6 +78,15 @@ std::string readFile(const std::string& name, std::size_t most) {
   const Opened file(name, O_RDONLY);
   if (!file) fail(name, "cannot be opened");
   return readAll(file.descriptor(), name, most);
+}
+
+std::string readInput(const std::string& name) {
+  const std::string chosen = inputName(name);
+  const Opened file(chosen, O_RDONLY);
+  const bool bothTried = chosen == name && errno == ENOENT;
+  if (!file && bothTried) fail("neither " + name + " nor " + name + ".tpn", "can be opened", " ");
+  if (!file) fail(chosen, "cannot be opened");
+  return readAll(file.descriptor(), chosen, largestInput);
 }
 
 void writeFile(const std::string& name, const std::string& text) {

@@ -25,6 +25,10 @@ void writeFile(const std::string& name, const std::string& text);
 std::string readAll(int descriptor, const std::string& name, std::size_t most = anySize);
 void writeAll(int descriptor, const std::string& text, const std::string& name);
 
+// What a user names with or without .tpn; a failure to open it names both files where both were
+// tried.
+std::string readInput(const std::string& name);
+
 // NAME as the user gave it, or NAME.tpn where only that exists: zervan knows files by the shorter
 // name.
 std::string inputName(const std::string& name);

@@ -34,7 +34,7 @@ int certify(const Arguments& a) {
 int checkedArguments(Arguments& a) {
   if (a.deadlock && a.certificate.empty()) std::swap(a.certificate, a.files.phi);
   if (a.deadlock != a.files.phi.empty() || a.certificate.empty()) {
-    std::cerr << "tpn certify takes NET PHI FILE, or --deadlock NET FILE\n";
+    std::cerr << "tpn: certify takes NET PHI FILE, or --deadlock NET FILE\n";
     return misused;
   }
   return certify(a);

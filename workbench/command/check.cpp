@@ -9,7 +9,7 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
-#include <map>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -77,9 +77,11 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
   if (v.certificate && !a.certificate.empty())
-    writeFile(a.certificate,
-              certificateText({statement(asked.net, asked.goal),
-                               a.flat ? flattened(*v.certificate) : *v.certificate}));
+    attempted([&] {
+      writeFile(a.certificate,
+                certificateText({statement(asked.net, asked.goal),
+                                 a.flat ? flattened(*v.certificate) : *v.certificate}));
+    });
   print(a.views, q, v.run, text);
   return exitOf(v);
 }
@@ -153,11 +155,11 @@ FilePlan planOf(const Arguments& a) {
 
 int checked(const Arguments& a) {
   if (a.deadlock != a.files.phi.empty()) {
-    std::fputs("tpn check takes NET PHI, or --deadlock NET\n", stderr);
+    std::fputs("tpn: check takes NET PHI, or --deadlock NET\n", stderr);
     return misused;
   }
   if (a.deadlock && a.asksByBounds()) {
-    std::fputs("--deadlock is answered by the engines, without --solver and --keep\n", stderr);
+    std::fputs("tpn: --deadlock is answered by the engines, without --solver and --keep\n", stderr);
     return misused;
   }
   planOf(a);
@@ -171,28 +173,29 @@ void refuseBounds(const std::string& /*bound*/) {
 }
 
 void declareEngines(CLI::App& app, Arguments& a) {
-  const std::map<std::string, Engine> engines{{"both", Engine::both},
-                                              {"bmc", Engine::bounded},
-                                              {"ic3", Engine::prover},
-                                              {"abc", Engine::abc}};
-  app.add_option("--engine", a.engine, "both, bmc, ic3 or abc; both where nothing is said")
-      ->type_name("NAME")
-      ->transform(CLI::CheckedTransformer(engines));
+  app.add_option("--engine", a.engine, "who answers; both where nothing is said")
+      ->type_name("both|bmc|ic3|abc")
+      ->transform(oneOf({{"both", static_cast<int>(Engine::both)},
+                         {"bmc", static_cast<int>(Engine::bounded)},
+                         {"ic3", static_cast<int>(Engine::prover)},
+                         {"abc", static_cast<int>(Engine::abc)}}));
   app.add_flag("--shortest", a.shortest, "go on until the shortest run is sure");
-  app.add_option("--certificate", a.certificate, "write why it is never reached into this file")
-      ->type_name("FILE");
-  app.add_flag("--flat", a.flat, "the certificate with all clauses, and no symmetry");
+  CLI::Option* const certificate =
+      app.add_option("--certificate", a.certificate, "write why it is never reached into this file")
+          ->type_name("FILE");
+  app.add_flag("--flat", a.flat, "the certificate with all clauses, and no symmetry")
+      ->needs(certificate);
 }
 
 void declareBounds(CLI::App& app, CheckOptions& options) {
-  CLI::Option* const solver =
-      app.add_option("--solver", options.solver,
-                     "cadical, minisat, picosat, cryptominisat5 or a path, bound by bound")
-          ->type_name("NAME");
+  CLI::Option* const solver = app.add_option("--solver", options.solver,
+                                             "ask this program, by name or path, bound by bound")
+                                  ->type_name("cadical|minisat|picosat|cryptominisat5|PATH");
   app.add_option("--jobs", options.jobs, "bounds side by side, with --solver")
       ->type_name("N")
       ->capture_default_str()
-      ->check(CLI::PositiveNumber);
+      ->check(wholeNumber(1, std::numeric_limits<int>::max()))
+      ->needs(solver);
   CLI::Option* const keep =
       app.add_option("--keep", options.keep, "keep clause files, maps and answers here")
           ->type_name("DIR");
@@ -207,7 +210,7 @@ Action declare(CLI::App& app) {
   app.add_flag("--deadlock", a->deadlock, "can it be that no transition fires any more?");
   app.add_option("--max-transitions", a->maxTransitions, "the longest runs to search for")
       ->type_name("N")
-      ->check(CLI::Range(0, 500'000'000));
+      ->check(wholeNumber(0, 500'000'000));
   app.add_option("--timeout", a->timeout, "stop after S seconds")->type_name("S")->check(seconds());
   declareEngines(app, *a);
   declareBounds(app, a->byBounds);

@@ -66,7 +66,7 @@ int exportAiger(const Arguments& a) {
 
 int checkedArguments(const Arguments& a) {
   if (a.deadlock == a.files.phi.empty()) return exportAiger(a);
-  std::cerr << "tpn export takes NET PHI, or --deadlock NET\n";
+  std::cerr << "tpn: export takes NET PHI, or --deadlock NET\n";
   return misused;
 }
 
@@ -80,15 +80,17 @@ Action declare(CLI::App& app) {
         const std::string suffix = std::filesystem::path(file).extension();
         return suffix == ".aag" || suffix == ".aig" ? "" : file + " does not end in .aag or .aig";
       },
-      "FILE");
+      "");
   app.add_option("--aiger", a->aiger, "the circuit: text in .aag, bytes in .aig")
+      ->type_name("FILE")
       ->required()
       ->check(isAiger);
   CLI::Option* certificate = app.add_option("--certificate", a->certificate,
                                             "a proof to make the witness of, instead of a new one")
                                  ->type_name("FILE");
-  CLI::Option* witness =
-      app.add_option("--witness", a->witness, "the proof as a circuit")->check(isAiger);
+  CLI::Option* witness = app.add_option("--witness", a->witness, "the proof as a circuit")
+                             ->type_name("FILE")
+                             ->check(isAiger);
   certificate->needs(witness);
   return [a] { return checkedArguments(*a); };
 }

@@ -1,8 +1,11 @@
 // tpn lint: everything that is wrong with a network, and with a property of it.
 
+#include <limits>
 #include <memory>
 
 #include "workbench/base/files.hpp"
+#include "workbench/command/findings.hpp"
+#include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/encoding/lintbound.hpp"
@@ -16,6 +19,7 @@ namespace {
 struct Arguments {
   Files files;
   std::optional<int> bound;
+  bool all = false;
   bool json = false;
 };
 
@@ -27,13 +31,8 @@ int lint(const Arguments& a) {
     if (net && phi) lintTogether(*net, inputName(a.files.phi), *phi, diagnostics);
   }
   if (net && a.bound) lintBound(*net, inputName(a.files.net), *a.bound, diagnostics);
-  std::string out;
-  if (a.json) {
-    out = diagnosticsJson(diagnostics);
-  } else {
-    for (const Diagnostic& d : diagnostics) out += text(d) + "\n";
-  }
-  writeFile("-", out);
+  writeFile("-", a.json ? diagnosticsJson(diagnostics)
+                        : findingsText(diagnostics, a.all ? allFindings : usualFindings));
   return hasErrors(diagnostics) ? failed : done;
 }
 
@@ -41,7 +40,10 @@ Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
   addPhi(app, a->files, false);
-  app.add_option("--bound", a->bound, "would zervan take a path of K steps?")->type_name("K");
+  app.add_option("--bound", a->bound, "would zervan take a path of K steps?")
+      ->type_name("K")
+      ->check(wholeNumber(0, std::numeric_limits<int>::max()));
+  app.add_flag("--all", a->all, "more than the first 20 findings of a file; JSON has all");
   app.add_flag("--json", a->json, "print JSON instead of text");
   return [a] { return lint(*a); };
 }

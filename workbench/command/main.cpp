@@ -1,28 +1,23 @@
-// The command line of tpn: a row a subcommand, and how the program ends.
+// tpn: what the command line asks for, and how the program ends.
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
 #include <exception>
-#include <iostream>
 #include <new>
 #include <sstream>
 #include <string>
 
 #include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
-#include "workbench/command/subcommand.hpp"
+#include "workbench/command/commandline.hpp"
+#include "workbench/command/complain.hpp"
 #include "workbench/command/version.hpp"
 
 namespace {
 
 using namespace tpn;
-
-// As the help lists them.
-constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand, &checkCommand,
-                                             &traceCommand,  &runCommand,  &certifyCommand,
-                                             &exportCommand, &makeCommand};
 
 constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
 
@@ -36,39 +31,33 @@ constexpr const char* noMemory = "tpn: this needs more memory than there is\n";
   });
 }
 
-// What the parser says may quote anything that was given.
-int told(const CLI::App& app, const CLI::ParseError& e) {
+// Help and the version go to standard output; what makes no sense is told in one line, which may
+// quote anything that was given.
+int told(const CommandLine& line, const CLI::ParseError& e) {
+  if (e.get_exit_code() != 0) {
+    complain(line.complaint(e));
+    return misused;
+  }
   std::ostringstream out;
   std::ostringstream err;
-  const int status = app.exit(e, out, err);
-  std::cerr << printableLines(err.str());
+  line.app().exit(e, out, err);
   writeFile("-", printableLines(out.str()));
-  return status == 0 ? done : misused;
+  return done;
 }
 
 int command(int argc, char** argv) {
-  CLI::App app("From a network of timed processes to an answer one can see and trust.", "tpn");
-  const std::string version = std::string("tpn ") + versionText;
-  app.set_version_flag("--version", version);
-  app.require_subcommand(1);
-  Action action;
-  for (const Subcommand* row : subcommands) {
-    CLI::App* subcommand = app.add_subcommand(row->name, row->help);
-    subcommand->set_version_flag("--version", version);
-    subcommand->final_callback([&action, given = row->declare(*subcommand)] { action = given; });
-  }
+  CommandLine line(std::string("tpn ") + versionText);
   try {
-    app.parse(argc, argv);
+    return line.parsed(argc, argv)();
   } catch (const CLI::ParseError& e) {
-    return told(app, e);
+    return told(line, e);
   }
-  return action();
 }
 
-// Names of files may be any bytes.
-void complain(const char* what) {
+// For the last exception: the line itself may not fit.
+void tell(const std::exception& e) {
   try {
-    std::fprintf(stderr, "tpn: %s\n", printable(what).c_str());
+    complain(e.what());
   } catch (const std::bad_alloc&) {
     std::fputs("tpn: what went wrong does not fit into memory\n", stderr);
   }
@@ -83,7 +72,7 @@ int main(int argc, char** argv) {
   } catch (const std::bad_alloc&) {
     std::fputs(noMemory, stderr);
   } catch (const std::exception& e) {
-    complain(e.what());
+    tell(e);
   }
   return failed;
 }

@@ -3,17 +3,18 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
-#include <limits>
-#include <string>
+#include <functional>
+#include <optional>
 
 namespace tpn {
 
 namespace {
 
-bool isWhole(const std::string& text) {
+std::optional<std::uint64_t> whole(const std::string& text) {
   std::uint64_t value = 0;
   const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return failure == std::errc() && end == text.data() + text.size();
+  if (failure != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
 }
 
 // Not a number is not greater than 0 either.
@@ -25,11 +26,12 @@ bool isTime(const std::string& text) {
 
 }  // namespace
 
-CLI::Validator wholeNumber() {
-  return {[](const std::string& text) {
-            const std::string range =
-                "0 to " + std::to_string(std::numeric_limits<std::uint64_t>::max());
-            return isWhole(text) ? "" : text + " is no whole number from " + range;
+CLI::Validator wholeNumber(std::uint64_t least, std::uint64_t most) {
+  return {[least, most](const std::string& text) -> std::string {
+            const std::optional<std::uint64_t> value = whole(text);
+            if (value && *value >= least && *value <= most) return "";
+            return text + " is no whole number from " + std::to_string(least) + " to " +
+                   std::to_string(most);
           },
           ""};
 }
@@ -39,6 +41,25 @@ CLI::Validator seconds() {
             return isTime(text) ? "" : text + " is no number of seconds greater than 0";
           },
           ""};
+}
+
+CLI::Validator oneOf(const std::vector<std::pair<std::string, int>>& names) {
+  return CLI::Validator(std::function<std::string(std::string&)>([names](std::string& text) {
+                          std::string all;
+                          for (const auto& [name, value] : names) {
+                            if (name == text) {
+                              text = std::to_string(value);
+                              return std::string();
+                            }
+                            all += (all.empty() ? "" : ", ") + name;
+                          }
+                          return text + " is none of " + all;
+                        }),
+                        "");
+}
+
+CLI::Validator notEmpty() {
+  return {[](const std::string& text) { return text.empty() ? "the value is empty" : ""; }, ""};
 }
 
 }  // namespace tpn

@@ -1,15 +1,27 @@
-// What numbers an option takes, told in words where another one is given.
+// What values an option takes, told in words where another one is given.
 
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tpn {
 
-// A whole number from 0 to 2^64 - 1, in decimal digits.
-CLI::Validator wholeNumber();
+// A whole number in decimal digits, from `least` to `most`.
+CLI::Validator wholeNumber(std::uint64_t least = 0,
+                           std::uint64_t most = std::numeric_limits<std::uint64_t>::max());
 
 // A time in seconds, greater than 0; any length.
 CLI::Validator seconds();
+
+// One of these names; for a transform, by which the option gets the number that goes with it.
+CLI::Validator oneOf(const std::vector<std::pair<std::string, int>>& names);
+
+// Anything but nothing. For a transform, so that it comes before all others; it changes nothing.
+CLI::Validator notEmpty();
 
 }  // namespace tpn

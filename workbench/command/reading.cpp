@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "workbench/base/files.hpp"
+#include "workbench/command/findings.hpp"
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 
@@ -10,9 +11,7 @@ namespace tpn {
 
 namespace {
 
-void complain(const Diagnostics& diagnostics) {
-  for (const Diagnostic& d : diagnostics) std::cerr << text(d) << "\n";
-}
+void complain(const Diagnostics& diagnostics) { std::cerr << findingsText(diagnostics); }
 
 }  // namespace
 
@@ -25,13 +24,11 @@ void addPhi(CLI::App& app, Files& files, bool required) {
 }
 
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
-  const std::string name = inputName(files.net);
-  return readNetwork(name, readFile(name, largestInput), diagnostics);
+  return readNetwork(inputName(files.net), readInput(files.net), diagnostics);
 }
 
 std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics) {
-  const std::string name = inputName(files.phi);
-  return readProperty(name, readFile(name, largestInput), diagnostics);
+  return readProperty(inputName(files.phi), readInput(files.phi), diagnostics);
 }
 
 FilePlan planFor(const Files& files) {

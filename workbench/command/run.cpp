@@ -43,9 +43,10 @@ Walked walked(const Arguments& a, const Network& net, const std::string& script,
               const FilePlan& plan) {
   if (a.seed) return walkRandomly(net, *a.seed, a.steps);
   std::istringstream commands(script);
-  if (!byHand(a)) return walkScript(net, a.script, commands, std::cout);
-  return walk(net, std::cin, std::cout,
-              [&](const std::string& file) { return plan.refusal(file); });
+  // Where standard output gets the run for a program, it gets nothing else.
+  std::ostream& out = a.views.showsUsual() ? std::cout : std::cerr;
+  if (!byHand(a)) return walkScript(net, a.script, commands, out);
+  return walk(net, std::cin, out, [&](const std::string& file) { return plan.refusal(file); });
 }
 
 int run(const Arguments& a) {
@@ -58,10 +59,10 @@ int run(const Arguments& a) {
   // A walk by hand has shown its steps already.
   const bool silent = a.views.showsUsual() && !a.seed;
   const std::string text = silent ? "" : a.views.shown().print(q.net, q.property, made.run);
-  print(a.views, q, made.run, text);
+  const bool whole = print(a.views, q, made.run, text);
   if (!made.stuck.empty()) std::cerr << "tpn: " << made.stuck << "\n";
   if (!made.error.empty()) std::cerr << printable(made.error) << "\n";
-  return made.error.empty() ? done : failed;
+  return made.error.empty() && whole ? done : failed;
 }
 
 Action declare(CLI::App& app) {

@@ -20,11 +20,11 @@ int show(const Arguments& a) {
   a.views.addTo(plan);
   const std::optional<Network> net = networkOf(a.files);
   if (!net) return failed;
-  a.views.writeFiles([&](const NetworkView& view) { return view.print(*net); });
+  const bool whole = a.views.writeFiles([&](const NetworkView& view) { return view.print(*net); });
   // Whoever asks for a picture wants no list with it.
   const bool silent = a.views.showsUsual() && a.views.anyFile();
   if (!silent) writeFile("-", a.views.shown().print(*net));
-  return done;
+  return whole ? done : failed;
 }
 
 Action declare(CLI::App& app) {

@@ -34,7 +34,7 @@ std::string answerJson(const Inputs& q, const Answer& a) {
 
 Exit exitOf(const Answer& a) {
   if (a.kind == Answer::reachable) return yes;
-  return a.kind == Answer::unreachable ? no : undecided;
+  return a.kind == Answer::unreachable ? no : neither;
 }
 
 }  // namespace tpn

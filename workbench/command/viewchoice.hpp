@@ -14,6 +14,7 @@
 
 #include "workbench/base/fileplan.hpp"
 #include "workbench/base/files.hpp"
+#include "workbench/command/complain.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/runs/run.hpp"
 #include "workbench/views/views.hpp"
@@ -64,10 +65,14 @@ class ViewChoice {
       if (!row.file.empty()) plan.writes(row.file);
   }
 
-  // Writes them; `print` makes the text of a view.
-  void writeFiles(const std::function<std::string(const View&)>& print) const {
+  // Writes them; `print` makes the text of a view. What cannot be written is told, each in one
+  // line; false where there was something.
+  bool writeFiles(const std::function<std::string(const View&)>& print) const {
+    bool whole = true;
     for (const Row& row : rows_)
-      if (!row.file.empty()) writeFile(row.file, print(*row.view));
+      if (!row.file.empty())
+        whole = attempted([&] { writeFile(row.file, print(*row.view)); }) && whole;
+    return whole;
   }
 
  private:
@@ -91,8 +96,9 @@ using RunViews = ViewChoice<RunView>;
 using NetworkViews = ViewChoice<NetworkView>;
 
 // The files with views of the run, if there is one, then `text`: whoever reads only the first lines
-// of it still gets the pictures, and a picture that cannot be written does not cost the text.
-void print(const RunViews& views, const Inputs& inputs, const std::optional<Run>& run,
+// of it still gets the pictures. What cannot be written is told, each file in one line, and costs
+// neither the text nor the other files; false where there was something.
+bool print(const RunViews& views, const Inputs& inputs, const std::optional<Run>& run,
            const std::string& text);
 
 }  // namespace tpn

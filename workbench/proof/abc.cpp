@@ -13,9 +13,9 @@
 
 #include "workbench/base/child.hpp"
 #include "workbench/base/files.hpp"
+#include "workbench/base/programpath.hpp"
 #include "workbench/proof/abcanswer.hpp"
 #include "workbench/proof/checker.hpp"
-#include "workbench/runs/replay.hpp"
 #include "workbench/runs/replay.hpp"
 
 namespace tpn {
@@ -28,12 +28,8 @@ constexpr const char* program = "berkeley-abc";
 constexpr std::size_t mostClauses = 1000000;
 
 std::string pathOfAbc() {
-  const char* const path = std::getenv("PATH");
-  std::istringstream folders(path == nullptr ? "" : path);
-  for (std::string folder; std::getline(folders, folder, ':');) {
-    const std::string candidate = folder + "/" + program;
-    if (access(candidate.c_str(), X_OK) == 0) return candidate;
-  }
+  const std::string path = programPath(program);
+  if (!path.empty()) return path;
   throw std::runtime_error("there is no program berkeley-abc (the package of that name has it)");
 }
 

@@ -123,6 +123,15 @@ std::vector<std::optional<Window>> windows(const Network& net, const TimedState&
   return all;
 }
 
+std::string hindrance(const Network& net, const TimedState& state, std::size_t transition) {
+  const Transition& t = net.transitions.at(transition);
+  const auto limit = deadline(net, state);
+  assert(enabled(t, state.locations) && limit);
+  const Rational ready = Rational(t.interval.earliest) - sinceEnabling(t, state.clocks);
+  return "cannot fire before " + ready.text() + " has passed, and " + named(limit->transition) +
+         " has to fire within " + limit->delay.text();
+}
+
 std::string advance(const Network& net, const Step& step, TimedState& state) {
   assert(state.locations.size() == net.processes.size());
   assert(state.clocks.size() == net.processes.size());

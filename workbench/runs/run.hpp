@@ -53,6 +53,10 @@ std::optional<Window> window(const Network& net, const TimedState& state, std::s
 // The window of every transition, for the cost of a few.
 std::vector<std::optional<Window>> windows(const Network& net, const TimedState& state);
 
+// Why an enabled transition without a window cannot fire, in words that go on from "transition N":
+// what it waits for, and what does not wait so long.
+std::string hindrance(const Network& net, const TimedState& state, std::size_t transition);
+
 // One step; what is wrong with it, or empty and `state` is the state after it.
 std::string advance(const Network& net, const Step& step, TimedState& state);
 

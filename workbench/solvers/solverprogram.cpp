@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "workbench/base/files.hpp"
+#include "workbench/base/programpath.hpp"
 #include "workbench/solvers/boundfiles.hpp"
 #include "workbench/solvers/clausefile.hpp"
 
@@ -30,23 +31,6 @@ const std::vector<SolverProgram::Row>& programs() {
 constexpr int exitSatisfiable = 10;
 constexpr int exitUnsatisfiable = 20;
 
-bool isProgram(const std::string& path) {
-  std::error_code none;
-  return std::filesystem::is_regular_file(path, none) && access(path.c_str(), X_OK) == 0;
-}
-
-// Empty where there is no such program.
-std::string find(const std::string& nameOrPath) {
-  if (nameOrPath.find('/') != std::string::npos) return isProgram(nameOrPath) ? nameOrPath : "";
-  const char* const path = std::getenv("PATH");
-  std::istringstream folders(path == nullptr ? "" : path);
-  for (std::string candidate; std::getline(folders, candidate, ':');) {
-    candidate.append("/").append(nameOrPath);
-    if (isProgram(candidate)) return candidate;
-  }
-  return "";
-}
-
 // What it said last before it gave up, in brackets.
 std::string lastWords(const std::string& errFile) {
   std::error_code none;
@@ -62,7 +46,7 @@ std::string statusText(int exitStatus) { return "exit status " + std::to_string(
 
 }  // namespace
 
-SolverProgram::SolverProgram(const std::string& nameOrPath) : path_(find(nameOrPath)) {
+SolverProgram::SolverProgram(const std::string& nameOrPath) : path_(programPath(nameOrPath)) {
   if (path_.empty()) throw std::runtime_error("there is no solver program " + nameOrPath);
   name_ = std::filesystem::path(path_).filename();
   row_ = &*std::find_if(programs().begin(), programs().end(),

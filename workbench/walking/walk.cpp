@@ -81,7 +81,8 @@ void showTransitions(const Network& net, const TimedState& state, std::ostream& 
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     if (enabled(net.transitions[t], state.locations))
       out << std::right << std::setw(4) << number(t) << "  " << std::left << std::setw(16)
-          << delaysText(delays[t]) << "  " << movesText(net.transitions[t]) << "\n";
+          << delaysText(delays[t]) << "  " << movesText(net.transitions[t])
+          << (delays[t] ? "" : "; it " + hindrance(net, state, t)) << "\n";
 }
 
 // --- A session. ---
@@ -146,9 +147,17 @@ class Session {
     return take(step);
   }
 
+  // When a transition that did not fire could, to go on with after why it did not.
+  std::string when(std::size_t transition) const {
+    if (!enabled(net_.transitions[transition], state().locations)) return "";
+    if (const auto delays = window(net_, state(), transition))
+      return "; it can fire after a " + delaysText(delays);
+    return "; it " + hindrance(net_, state(), transition);
+  }
+
   std::string take(const Step& step) {
     std::string complaint = extend(net_, step, past_);
-    if (!complaint.empty()) return complaint;
+    if (!complaint.empty()) return complaint + when(step.transition);
     steps_.push_back(step);
     try {
       // What is shown next has to fit as well: a delay of 1/9223372036854775807 does, 2 less it
