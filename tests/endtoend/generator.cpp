@@ -1,81 +1,71 @@
 #include "tests/endtoend/generator.hpp"
 
 #include <algorithm>
-#include <cassert>
 #include <map>
-#include <random>
+
+#include "workbench/families/random.hpp"
 
 namespace {
 
 class Generator {
  public:
-  explicit Generator(unsigned seed) : random_(seed) {}
+  explicit Generator(unsigned seed) : networks_(shape(), tpn::scattered(seed)) {}
 
   Network network() {
-    net_.processes = 1 + upTo(3);
-    net_.transitions.resize(1 + std::max(upTo(5), upTo(5)));
-    for (Transition& t : net_.transitions) addMoves(t);
-    for (std::size_t p = 0; p < net_.processes; ++p) chooseLocations(p);
-    chooseIntervals();
-    net_.property = property(1 + static_cast<int>(upTo(1)));
+    const tpn::Network drawn = networks_.next();
+    net_.processes = drawn.processes.size();
+    for (const tpn::Transition& t : drawn.transitions) add(t);
+    keepEarliestInReach();
+    for (std::size_t p = 0; p < net_.processes; ++p) label(p);
+    net_.property = property(1 + number(0, 1));
     return net_;
   }
 
  private:
-  // Standard distributions differ between libraries; the slight bias of the remainder is harmless.
-  std::size_t upTo(std::size_t most) {
-    assert(most + 1 != 0);
-    return random_() % (most + 1);
+  static tpn::RandomShape shape() {
+    tpn::RandomShape shape;
+    shape.processes = {1, 4};
+    shape.locations = {2, 4};
+    shape.unlimited = 7;
+    shape.shared = 5;
+    return shape;
   }
+
   int number(int least, int most) {
-    return least + static_cast<int>(upTo(static_cast<std::size_t>(most - least)));
+    return least +
+           static_cast<int>(networks_.random().upTo(static_cast<std::size_t>(most - least)));
   }
-  bool percent(std::size_t chance) { return upTo(99) < chance; }
+  bool percent(int chance) { return number(0, 99) < chance; }
 
-  // One process always takes part, each other one sometimes.
-  void addMoves(Transition& t) {
-    const std::size_t always = upTo(net_.processes - 1);
-    for (std::size_t p = 0; p < net_.processes; ++p)
-      if (p == always || percent(20)) t.moves.push_back({p, 0, 0});
-  }
-
-  std::vector<Move*> movesOf(std::size_t process) {
-    std::vector<Move*> found;
-    for (Transition& t : net_.transitions)
-      for (Move& move : t.moves)
-        if (move.process == process) found.push_back(&move);
-    return found;
-  }
-
-  // Random ends, then numbered anew from 0 on in the order they were met, so that no number is
-  // left out. The first move leaves the initial location.
-  void chooseLocations(std::size_t process) {
-    const int most = number(1, 4);
-    std::map<int, int> numbered{{0, 0}};
-    const auto renumbered = [&](int location) {
-      return numbered.emplace(location, static_cast<int>(numbered.size())).first->second;
-    };
-    bool first = true;
-    for (Move* move : movesOf(process)) {
-      const int source = first || percent(25) ? 0 : number(0, most - 1);
-      first = false;
-      move->source = renumbered(source);
-      move->target = renumbered(number(0, most - 1));
+  // Locations are numbered anew from 0 on in the order they are met, so that no number is left out
+  // and the first move leaves the initial one.
+  void add(const tpn::Transition& t) {
+    std::vector<Move> moves;
+    for (const tpn::Move& move : t.moves) {
+      const int source = renumbered(move.process, move.source);
+      moves.push_back({move.process, source, renumbered(move.process, move.target)});
     }
-    for (int location = 0; location < static_cast<int>(numbered.size()); ++location)
+    const auto latest = t.interval.latest;
+    net_.transitions.push_back({static_cast<int>(t.interval.earliest),
+                                latest ? static_cast<int>(*latest) : noLatest, moves});
+  }
+
+  int renumbered(std::size_t process, int location) {
+    std::map<int, int>& known = numbers_[process];
+    return known.emplace(location, static_cast<int>(known.size())).first->second;
+  }
+
+  void keepEarliestInReach() {
+    const int largest = largestLatest(net_);
+    for (Transition& t : net_.transitions) t.earliest = std::min(t.earliest, largest);
+  }
+
+  void label(std::size_t process) {
+    const int locations = std::max(1, static_cast<int>(numbers_[process].size()));
+    for (int location = 0; location < locations; ++location)
       for (int proposition = 1; proposition <= 4; ++proposition)
         if (percent(location == 0 ? 8 : 35))
           net_.labels.push_back({process, location, proposition});
-  }
-
-  void chooseIntervals() {
-    const int most = number(1, 4);
-    for (Transition& t : net_.transitions) t.latest = percent(15) ? noLatest : number(0, most);
-    const int largest = largestLatest(net_);
-    for (Transition& t : net_.transitions) {
-      const bool free = t.latest == noLatest || percent(5);  // 5%: it may never be allowed to fire
-      t.earliest = number(0, free ? largest : t.latest);
-    }
   }
 
   std::string atom() {
@@ -90,7 +80,8 @@ class Generator {
     return left + right + (percent(65) ? "&" : "+");
   }
 
-  std::mt19937 random_;
+  tpn::RandomNetworks networks_;
+  std::map<std::size_t, std::map<int, int>> numbers_;  // process -> location as drawn -> as it is
   Network net_{};
 };
 

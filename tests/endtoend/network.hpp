@@ -1,9 +1,9 @@
 // A network of timed processes as plain data, and what one state of it means.
 //
-// Everything in this folder judges the program from outside: it shares no code with it, so that a
-// misreading has to be made twice to go unnoticed. The meaning is written here once, for clock
-// values counted in any unit: whole time units in the explorer, fixed-point steps in the checker of
-// decoded runs.
+// Everything in this folder judges the program from outside: it shares no code with it, but for the
+// generator of random networks, so that a misreading has to be made twice to go unnoticed. The
+// meaning is written here once, for clock values counted in any unit: whole time units in the
+// explorer, fixed-point steps in the checker of decoded runs.
 //
 // Processes and transitions count from 0 here and from 1 in the files; process p owns clock p.
 

@@ -1,10 +1,10 @@
 #include "tests/model/sample.hpp"
 
 #include <algorithm>
-#include <initializer_list>
-#include <vector>
+#include <iterator>
 
-#include "tests/model/networks.hpp"
+#include "workbench/families/random.hpp"
+#include "workbench/network/writer.hpp"
 
 // Clocks are mostly small: beyond the constants hardly anything is possible.
 PlainState Sampler::randomState() {
@@ -77,40 +77,21 @@ Bits Sampler::twoStates() {
 }
 
 std::string randomNetwork(unsigned seed) {
-  std::mt19937 engine(seed);
-  const auto below = [&](unsigned bound) { return static_cast<unsigned>(engine()) % bound; };
-  // Draws one after the other: operands of one sum would be drawn in either order.
-  const auto append = [&](std::string& line, std::initializer_list<unsigned> bounds) {
-    for (const unsigned bound : bounds) line.append(std::to_string(below(bound))).append(" ");
-  };
-
-  std::vector<std::string> moves(1 + below(3));
-  const unsigned transitions = 1 + below(5);
-  std::string intervals;
-  for (unsigned t = 1; t <= transitions; ++t) {
-    const std::string name = std::to_string(t) + " ";
-    intervals += name;
-    append(intervals, {4});
-    if (below(4) == 0)
-      intervals += "-1";
-    else
-      append(intervals, {5});
-    intervals += "\n";
-    const unsigned sure = below(static_cast<unsigned>(moves.size()));
-    for (unsigned p = 0; p < moves.size(); ++p) {
-      if (p != sure && below(3) != 0) continue;
-      moves[p] += name;
-      append(moves[p], {5, 5});
-      moves[p] += "\n";
+  tpn::RandomShape shape;
+  shape.transitions = {1, 5};
+  shape.locations = {1, 5};
+  shape.earliest = 3;
+  shape.careless = 1;
+  shape.shared = 3;
+  tpn::RandomNetworks networks(shape, tpn::scattered(seed));
+  tpn::Network net = networks.next();
+  tpn::keepMentioned(net);
+  const auto below = [&](std::size_t n) { return static_cast<int>(networks.random().below(n)); };
+  for (tpn::Process& process : net.processes)
+    for (int labels = 0; labels < 2; ++labels) {
+      const auto location = std::next(process.locations.begin(), below(process.locations.size()));
+      for (int propositions = 0; propositions < 2; ++propositions)
+        process.labels[*location].insert(below(3));
     }
-  }
-  std::string processes;
-  for (const std::string& move : moves) {
-    std::string labels;
-    append(labels, {5, 3, 3});
-    labels += "\n";
-    append(labels, {5});
-    processes += process(move, labels + "1\n");
-  }
-  return network(intervals, processes);
+  return tpn::networkFile(net);
 }

@@ -87,6 +87,13 @@ Network RandomNetworks::next() {
   return net;
 }
 
+void keepMentioned(Network& net) {
+  for (Process& process : net.processes) process.locations = {0};
+  for (const Transition& t : net.transitions)
+    for (const Move& move : t.moves)
+      net.processes[move.process].locations.insert({move.source, move.target});
+}
+
 Network dealtNetwork(std::size_t processes, std::size_t transitions, std::uint64_t seed) {
   assert(processes >= 2 && transitions >= 2 * processes);
   RandomShape shape;

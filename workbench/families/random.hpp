@@ -23,6 +23,11 @@ class Random {
   std::uint64_t state_;
 };
 
+// Seeds that have nothing to do with one another, for numbers that follow one another.
+constexpr std::uint64_t scattered(std::uint64_t number) {
+  return (number + 1) * 0x9e3779b97f4a7c15 >> 32U;
+}
+
 struct Range {
   std::size_t least;
   std::size_t most;  // included
@@ -66,6 +71,9 @@ class RandomNetworks {
   Random random_;
   std::vector<std::size_t> locations_;  // of each process of the network in the making
 };
+
+// Takes away the locations that no move mentions, but for 0: a file would not tell of them.
+void keepMentioned(Network& net);
 
 // Processes of 2 to 8 locations with constants up to 7. Proposition 1 holds where a process is in
 // its last location, 10 * i + 1 where process i is. REQUIRES: 2 processes, twice as many

@@ -2,11 +2,9 @@
 
 #pragma once
 
-#include <cstdint>
-#include <random>
-#include <set>
 #include <vector>
 
+#include "workbench/families/random.hpp"
 #include "workbench/machine/machine.hpp"
 
 namespace tpn {
@@ -33,25 +31,14 @@ inline Network counted(int trains) {
   return net;
 }
 
-// Up to `most` processes of up to 4 locations; most transitions have two processes or three.
+// 2 to `most` processes of 2 to 4 locations; most transitions have two processes or three.
 inline Network randomUntimed(unsigned seed, std::size_t most) {
-  std::mt19937 random(seed);
-  const auto upTo = [&](std::size_t n) { return static_cast<std::size_t>(random() % (n + 1)); };
-  Network net;
-  net.processes.resize(2 + upTo(most - 2));
-  for (Process& process : net.processes)
-    for (int l = 0; l <= static_cast<int>(1 + upTo(2)); ++l) process.locations.insert(l);
-  const std::size_t transitions = 1 + upTo(5);
-  for (std::size_t t = 0; t < transitions; ++t) {
-    std::vector<Move> moves;
-    const std::size_t left = net.processes.size();
-    for (std::size_t p = 0; p < left; ++p) {
-      if (upTo(left) > 1 && p + 1 != left) continue;
-      const std::size_t last = net.processes[p].locations.size() - 1;
-      moves.push_back({p, static_cast<int>(upTo(last)), static_cast<int>(upTo(last))});
-    }
-    net.transitions.push_back(untimed(moves));
-  }
+  RandomShape shape;
+  shape.processes = {2, most};
+  shape.locations = {2, 4};
+  shape.shared = 4;
+  Network net = RandomNetworks(shape, scattered(seed)).next();
+  for (Transition& t : net.transitions) t.interval = {0, {}};
   return net;
 }
 

@@ -2,10 +2,7 @@
 
 #pragma once
 
-#include <algorithm>
-#include <random>
-
-#include "workbench/network/network.hpp"
+#include "workbench/families/random.hpp"
 
 namespace tpn {
 
@@ -23,45 +20,21 @@ inline Network twoProcesses() {
   return net;
 }
 
-// Standard distributions differ between libraries, the engine does not.
+// Random networks of 1 to 3 processes of 1 to 3 locations, 1 to 6 transitions; now and then an
+// interval is empty. And random numbers beside.
 class SmallNets {
  public:
   static constexpr int largest = 4;  // of all constants
 
-  explicit SmallNets(unsigned seed) : random_(seed) {}
+  explicit SmallNets(unsigned seed) : nets_({}, seed) {}
 
-  std::size_t upTo(std::size_t most) { return random_() % (most + 1); }
+  std::size_t upTo(std::size_t most) { return nets_.random().upTo(most); }
   int number(int most) { return static_cast<int>(upTo(static_cast<std::size_t>(most))); }
 
-  // 1 to 3 processes of 1 to 3 locations, 1 to 6 transitions; now and then an interval is empty.
-  Network next() {
-    Network net;
-    net.processes.resize(1 + upTo(2));
-    for (Process& process : net.processes)
-      for (int location = number(2); location >= 0; --location) process.locations.insert(location);
-    net.transitions.resize(1 + std::max(upTo(5), upTo(5)));
-    for (Transition& t : net.transitions) t = transition(net);
-    return net;
-  }
+  Network next() { return nets_.next(); }
 
  private:
-  Transition transition(const Network& net) {
-    Transition t;
-    t.interval.earliest = number(largest);
-    if (upTo(3) != 0)
-      t.interval.latest = std::min<std::int64_t>(largest, t.interval.earliest + number(3));
-    if (upTo(19) == 0) t.interval.latest = number(largest);
-    const std::size_t always = upTo(net.processes.size() - 1);
-    for (std::size_t p = 0; p < net.processes.size(); ++p)
-      if (p == always || upTo(3) == 0) {
-        const int last = *net.processes[p].locations.rbegin();
-        const int source = number(last);
-        t.moves.push_back({p, source, number(last)});
-      }
-    return t;
-  }
-
-  std::mt19937 random_;
+  RandomNetworks nets_;
 };
 
 }  // namespace tpn

@@ -15,10 +15,7 @@ namespace {
 Network writable(SmallNets& nets) {
   Network net = nets.next();
   net.title = nets.upTo(1) == 0 ? "transitions" : "a title, \x80 in it";
-  for (Process& process : net.processes) process.locations = {0};
-  for (const Transition& t : net.transitions)
-    for (const Move& move : t.moves)
-      net.processes[move.process].locations.insert({move.source, move.target});
+  keepMentioned(net);
   for (Process& process : net.processes)
     for (const int location : process.locations)
       for (int q = nets.number(3); q > 0; --q) process.labels[location].insert(nets.number(20));
