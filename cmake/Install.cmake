@@ -12,7 +12,7 @@ install(TARGETS zervan COMPONENT programs)
 install(FILES docs/zervan.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
 if(ZERVAN_WORKBENCH)
   install(TARGETS tpn COMPONENT programs)
-  foreach(page tpn tpn-certify tpn-check tpn-export tpn-lint tpn-run tpn-show tpn-trace)
+  foreach(page tpn tpn-certify tpn-check tpn-export tpn-lint tpn-make tpn-run tpn-show tpn-trace)
     install(FILES docs/${page}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
   endforeach()
 endif()
@@ -34,13 +34,12 @@ if(ZERVAN_WORKBENCH)
 endif()
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION ${ZERVAN_DOCUMENTS} COMPONENT programs)
 install(DIRECTORY docs examples DESTINATION ${ZERVAN_DOCUMENTS} COMPONENT programs
-        PATTERN *.1 EXCLUDE PATTERN check EXCLUDE PATTERN make EXCLUDE)
-install(PROGRAMS examples/make DESTINATION ${ZERVAN_DOCUMENTS}/examples COMPONENT programs)
+        PATTERN *.1 EXCLUDE PATTERN check EXCLUDE)
 
 # --- Libraries, headers, and how they are found. ---
 
 set(core boolform boolformvect clock ectl model translation)
-set(rooms base network nets runs encoding solvers machine proof prover search views walking)
+set(rooms base network families nets runs encoding solvers machine proof prover search views walking)
 
 # zervan_archive(NAME LIBRARIES library ... USES what its users link, too)
 function(zervan_archive name)
