@@ -4,9 +4,9 @@
 #include <cassert>
 #include <map>
 #include <set>
-#include <unordered_set>
 #include <utility>
 
+#include "workbench/nets/distinct.hpp"
 #include "workbench/nets/namelines.hpp"
 
 namespace tpn {
@@ -14,18 +14,6 @@ namespace tpn {
 namespace {
 
 // --- To a net. ---
-
-// Names as nets want them: none twice.
-class Distinct {
- public:
-  std::string name(std::string wanted) {
-    while (!taken_.insert(wanted).second) wanted += "'";
-    return wanted;
-  }
-
- private:
-  std::unordered_set<std::string> taken_;
-};
 
 bool isNamed(const Network& net, std::size_t process, int location) {
   return net.names.processes.contains(process) || net.names.locations.contains({process, location});
@@ -51,7 +39,7 @@ class ToNet {
     result_.name = net_.title;
     result_.origin.emplace().names = nameLines(net_.names);
     for (std::size_t p = 0; p < net_.processes.size(); ++p) addPlaces(p);
-    Distinct names;
+    DistinctNames names;
     for (std::size_t t = 0; t < net_.transitions.size(); ++t)
       addTransition(net_.transitions[t], names.name(transitionWord(net_, t)));
     return std::move(result_);
@@ -88,7 +76,7 @@ class ToNet {
 
   const Network& net_;
   PetriNet result_;
-  Distinct placeNames_;
+  DistinctNames placeNames_;
   std::vector<std::map<int, std::size_t>> places_;  // [process], by location
 };
 

@@ -27,17 +27,27 @@ struct Interval {
 };
 
 // What a transition does to one of its processes.
+//
+// Moves of network files count and reset. Those of nets from outside need not, where a process is a
+// place that holds a token or none:
+// - A move that does not count is a token that is put down. Whether its process is in the source
+//   makes no difference to when the transition is enabled and how long it has been: it is asked
+//   when the transition fires, which it cannot do where the process is elsewhere.
+// - A move that does not reset is a token that is looked at: the process stays where it is, and its
+//   clock goes on.
 struct Move {
   std::size_t process = 0;  // index
   int source = 0;           // location numbers
-  int target = 0;
+  int target = 0;           // the source where it does not reset
+  bool counts = true;
+  bool resets = true;
 
   friend bool operator==(const Move&, const Move&) = default;
 };
 
 struct Transition {
   Interval interval;
-  std::vector<Move> moves;  // by process, ascending; at least one
+  std::vector<Move> moves;  // by process, ascending; at least one of them counts
 
   friend bool operator==(const Transition&, const Transition&) = default;
 };
