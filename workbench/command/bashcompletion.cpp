@@ -64,6 +64,10 @@ std::string valueRows(const CompletedCommand& command) {
   return rows;
 }
 
+std::string plainRow(const CompletedCommand& command) {
+  return "      " + command.name + ") " + action(plainWords(command)) + " ;;\n";
+}
+
 std::string optionRow(const CompletedCommand& command) {
   std::string names;
   for (const CompletedOption& option : command.options)
@@ -77,15 +81,18 @@ std::string bashCompletion(const std::vector<CompletedCommand>& commands) {
   std::string names;
   std::string values;
   std::string options;
+  std::string plain;
   for (const CompletedCommand& command : commands) {
     names += command.name + " ";
     values += valueRows(command);
     options += optionRow(command);
+    plain += plainRow(command);
   }
   return head + std::string("  if [ \"$COMP_CWORD\" -eq 1 ]; then\n    _tpn_words '") + names +
          "--help --version'\n    return\n  fi\n  case \"$command $before\" in\n" + values +
          "  esac\n  if [[ $word == -* ]]; then\n    case $command in\n" + options +
-         "    esac\n  else\n    _tpn_networks\n  fi\n}\ncomplete -o filenames -F _tpn tpn\n";
+         "    esac\n  else\n    case $command in\n" + plain +
+         "    esac\n  fi\n}\ncomplete -o filenames -F _tpn tpn\n";
 }
 
 }  // namespace tpn

@@ -44,7 +44,8 @@ Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
   addPhi(app, a->files, false);
-  app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it");
+  app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it")
+      ->type_name("FILE");
   app.add_flag("--deadlock", a->deadlock, "it is about a deadlock; there is no PHI");
   return [a] { return checkedArguments(*a); };
 }

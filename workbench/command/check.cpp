@@ -175,10 +175,10 @@ void refuseBounds(const std::string& /*bound*/) {
 void declareEngines(CLI::App& app, Arguments& a) {
   app.add_option("--engine", a.engine, "who answers; both where nothing is said")
       ->type_name("both|bmc|ic3|abc")
-      ->transform(oneOf({{"both", static_cast<int>(Engine::both)},
-                         {"bmc", static_cast<int>(Engine::bounded)},
-                         {"ic3", static_cast<int>(Engine::prover)},
-                         {"abc", static_cast<int>(Engine::abc)}}));
+      ->transform(numberOf({{"both", static_cast<int>(Engine::both)},
+                            {"bmc", static_cast<int>(Engine::bounded)},
+                            {"ic3", static_cast<int>(Engine::prover)},
+                            {"abc", static_cast<int>(Engine::abc)}}));
   app.add_flag("--shortest", a.shortest, "go on until the shortest run is sure");
   CLI::Option* const certificate =
       app.add_option("--certificate", a.certificate, "write why it is never reached into this file")

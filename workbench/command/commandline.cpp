@@ -64,12 +64,12 @@ std::string CommandLine::complaint(const CLI::ParseError& error) const {
     return what + " (tpn --help lists them)";
   }
   const CLI::App& command = *app_.get_subcommands().front();
-  const std::string name = "tpn " + command.get_name();
+  const std::string& name = command.get_name();
   const std::vector<std::string> remaining = app_.remaining(true);
   const bool foreign = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
   const std::string what =
       foreign && !remaining.empty() ? unexpected(command, name, remaining.front()) : error.what();
-  return what + " (" + name + " --help tells more)";
+  return what + " (tpn " + name + " --help tells more)";
 }
 
 }  // namespace tpn

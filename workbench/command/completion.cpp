@@ -25,8 +25,7 @@ CompletedValue valueOf(const CLI::Option& option, const std::string& type) {
   if (type == "DIR") return {CompletedValue::folder, {}, false};
   const std::string& name = option.get_name(true);
   if (name == "NET" || name == "PHI") return {CompletedValue::network, {}, false};
-  const bool isFile = type == "FILE" || option.get_positional();
-  return {isFile ? CompletedValue::file : CompletedValue::unknown, {}, false};
+  return {type == "FILE" ? CompletedValue::file : CompletedValue::unknown, {}, false};
 }
 
 CompletedOption completed(const CLI::Option& option) {
@@ -39,6 +38,10 @@ CompletedOption completed(const CLI::Option& option) {
 }
 
 }  // namespace
+
+CompletedValue plainWords(const CompletedCommand& command) {
+  return command.positionals.empty() ? CompletedValue{} : command.positionals.front().value;
+}
 
 std::vector<CompletedCommand> completedCommands(const CLI::App& app) {
   std::vector<CompletedCommand> commands;

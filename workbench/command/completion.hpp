@@ -33,6 +33,10 @@ struct CompletedCommand {
   std::vector<CompletedOption> positionals;
 };
 
+// Where options and their values are not meant: files, or the choices of the first word that it
+// takes.
+CompletedValue plainWords(const CompletedCommand& command);
+
 // Of the subcommands; without what --help does not show.
 std::vector<CompletedCommand> completedCommands(const CLI::App& app);
 

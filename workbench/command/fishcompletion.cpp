@@ -26,13 +26,20 @@ std::string flags(const CompletedOption& option) {
   return all;
 }
 
+std::string wordsOf(const CompletedValue& value) {
+  std::string words;
+  for (const std::string& choice : value.choices) words += (words.empty() ? "" : " ") + choice;
+  return inQuotes(words);
+}
+
+std::string plain(const CompletedValue& value) {
+  return value.kind == CompletedValue::choice ? " -a " + wordsOf(value) : " -F";
+}
+
 std::string value(const CompletedValue& value) {
   switch (value.kind) {
-    case CompletedValue::choice: {
-      std::string words;
-      for (const std::string& choice : value.choices) words += (words.empty() ? "" : " ") + choice;
-      return std::string(value.orFile ? " -r -F -a " : " -x -a ") + inQuotes(words);
-    }
+    case CompletedValue::choice:
+      return std::string(value.orFile ? " -r -F -a " : " -x -a ") + wordsOf(value);
     case CompletedValue::file:
     case CompletedValue::network:
       return " -r -F";
@@ -56,7 +63,7 @@ std::string fishCompletion(const std::vector<CompletedCommand>& commands) {
   for (const CompletedCommand& command : commands) {
     all += "\ncomplete -c tpn -n __fish_use_subcommand -a " + command.name + " -d " +
            inQuotes(command.help) + "\n";
-    if (!command.positionals.empty()) all += within(command) + " -F\n";
+    all += within(command) + plain(plainWords(command)) + "\n";
     for (const CompletedOption& option : command.options)
       all += within(command) + flags(option) + value(option.value) + " -d " +
              inQuotes(option.help) + "\n";

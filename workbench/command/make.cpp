@@ -1,11 +1,10 @@
 // tpn make: example networks of any size, and questions about them.
 
 #include <array>
-#include <iostream>
 #include <memory>
 
 #include "workbench/base/files.hpp"
-#include "workbench/base/printable.hpp"
+#include "workbench/command/complain.hpp"
 #include "workbench/command/ranges.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/families/families.hpp"
@@ -43,7 +42,7 @@ struct Wanted {
 };
 
 int refused(const std::string& message) {
-  std::cerr << "tpn make: " << printable(message) << "\n";
+  complain("make: " + message);
   return misused;
 }
 
@@ -117,24 +116,26 @@ int make(const Arguments& a) {
 
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
-  const auto upTo = [](std::uint64_t most) { return CLI::Range(std::uint64_t{1}, most); };
-  CLI::Option* name = app.add_option("NAME", a->name, "the family; without it, list what there is");
+  std::string known;
+  for (const Family& family : families()) known += std::string(family.name) + "|";
+  CLI::Option* name = app.add_option("NAME", a->name, "the family; without it, list what there is")
+                          ->type_name(known + randomName);
   CLI::Option* size = app.add_option("SIZE", a->size, "how many of what the family is made of")
-                          ->check(wholeNumber())
-                          ->check(upTo(largestSize));
+                          ->type_name("N")
+                          ->check(wholeNumber(1, largestSize));
   app.add_option("PROPERTY", a->question, "print this property of the network instead of it");
   name->needs(size);
   app.add_option("--seed", a->seed, "of a random network (1)")
-      ->check(wholeNumber())
-      ->check(upTo(largestSeed))
+      ->check(wholeNumber(1, largestSeed))
       ->type_name("N");
   app.add_option("--transitions", a->transitions, "of a random network (ten a process)")
-      ->check(wholeNumber())
-      ->check(upTo(largestSize))
+      ->check(wholeNumber(1, largestSize))
       ->type_name("N");
   std::vector<std::string> names;
   for (const Format& format : formats) names.emplace_back(format.name);
-  app.add_option("--format", a->format, "of the network")->check(CLI::IsMember(names));
+  app.add_option("--format", a->format, "of the network: tpn")
+      ->type_name("NAME")
+      ->check(oneOf(names));
   app.add_flag("--infix", a->infix, "print the property in infix notation, with names");
   return [a] { return make(*a); };
 }

@@ -43,19 +43,31 @@ CLI::Validator seconds() {
           ""};
 }
 
-CLI::Validator oneOf(const std::vector<std::pair<std::string, int>>& names) {
-  return CLI::Validator(std::function<std::string(std::string&)>([names](std::string& text) {
-                          std::string all;
-                          for (const auto& [name, value] : names) {
-                            if (name == text) {
-                              text = std::to_string(value);
-                              return std::string();
-                            }
-                            all += (all.empty() ? "" : ", ") + name;
-                          }
-                          return text + " is none of " + all;
-                        }),
-                        "");
+CLI::Validator oneOf(const std::vector<std::string>& names) {
+  return {[names](const std::string& text) -> std::string {
+            std::string all;
+            for (const std::string& name : names) {
+              if (name == text) return "";
+              all += (all.empty() ? "" : ", ") + name;
+            }
+            return text + " is none of " + all;
+          },
+          ""};
+}
+
+CLI::Validator numberOf(const std::vector<std::pair<std::string, int>>& names) {
+  std::vector<std::string> known;
+  for (const auto& row : names) known.push_back(row.first);
+  const std::function<std::string(std::string&)> exchange = [=](std::string& text) {
+    std::string complaint = oneOf(known)(text);
+    for (const auto& [name, number] : names)
+      if (name == text) {
+        text = std::to_string(number);
+        break;
+      }
+    return complaint;
+  };
+  return CLI::Validator(exchange, "");
 }
 
 CLI::Validator notEmpty() {

@@ -18,8 +18,11 @@ CLI::Validator wholeNumber(std::uint64_t least = 0,
 // A time in seconds, greater than 0; any length.
 CLI::Validator seconds();
 
-// One of these names; for a transform, by which the option gets the number that goes with it.
-CLI::Validator oneOf(const std::vector<std::pair<std::string, int>>& names);
+// One of these names.
+CLI::Validator oneOf(const std::vector<std::string>& names);
+
+// The same for a transform, by which the option gets the number that goes with it.
+CLI::Validator numberOf(const std::vector<std::pair<std::string, int>>& names);
 
 // Anything but nothing. For a transform, so that it comes before all others; it changes nothing.
 CLI::Validator notEmpty();

@@ -16,11 +16,15 @@ void complain(const Diagnostics& diagnostics) { std::cerr << findingsText(diagno
 }  // namespace
 
 void addNet(CLI::App& app, Files& files) {
-  app.add_option("NET", files.net, "network file, with or without .tpn")->required();
+  app.add_option("NET", files.net, "network file, with or without .tpn")
+      ->type_name("FILE")
+      ->required();
 }
 
 void addPhi(CLI::App& app, Files& files, bool required) {
-  app.add_option("PHI", files.phi, "property file, with or without .tpn")->required(required);
+  app.add_option("PHI", files.phi, "property file, with or without .tpn")
+      ->type_name("FILE")
+      ->required(required);
 }
 
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {

@@ -40,8 +40,9 @@ Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
   addPhi(app, a->files, true);
-  app.add_option("MAP", a->map, "variable map, NETkK.lck")->required();
+  app.add_option("MAP", a->map, "variable map, NETkK.lck")->type_name("FILE")->required();
   app.add_option("ANSWER", a->answer, "what the solver said: v lines, or MiniSat's file")
+      ->type_name("FILE")
       ->required();
   a->views.declare(app);
   return [a] { return trace(*a); };

@@ -52,8 +52,21 @@ TEST_F(FilePlans, EveryNameOfAnOutputIsRefusedAlsoBeforeItExists) {
 
 TEST_F(FilePlans, OtherFilesAreFree) {
   plan.reads(in("in"));
-  for (const std::string name : {"in.svg", "folder/in", "out", "none/out"})
+  for (const std::string name : {"in.svg", "folder/in", "out"})
     EXPECT_NO_THROW(plan.writes(in(name))) << name;
+}
+
+TEST_F(FilePlans, WhatCannotBeWrittenIsToldWithTheSystemsReason) {
+  for (const auto& [name, reason] : {std::pair{"none/out", "No such file or directory"},
+                                     {"in/out", "Not a directory"},
+                                     {"folder", "Is a directory"}})
+    EXPECT_EQ(plan.refusal(in(name)), in(name) + ": cannot be written: " + reason);
+}
+
+TEST_F(FilePlans, FolderThatWillBeMadeTakesOtherFiles) {
+  plan.writesLike(in("new"), [](std::string_view name) { return name == "kept"; });
+  EXPECT_EQ(plan.refusal(in("new/other")), "");
+  EXPECT_NE(plan.refusal(in("new/kept")), "");
 }
 
 TEST_F(FilePlans, DevicesAndStreamsTakeAnything) {
