@@ -78,8 +78,8 @@ Bits Sampler::twoStates() {
 
 std::string randomNetwork(unsigned seed) {
   tpn::RandomShape shape;
-  shape.transitions = {1, 5};
-  shape.locations = {1, 5};
+  shape.transitions = {2, 5};
+  shape.locations = {3, 5};
   shape.earliest = 3;
   shape.careless = 1;
   shape.shared = 3;

@@ -29,6 +29,6 @@ class Sampler {
   std::mt19937 engine_;
 };
 
-// The file of a network of 1..3 processes with 1..5 locations, maybe not numbered on end, and 1..5
-// transitions; constants up to 4.
+// The file of a network of 1..3 processes with up to 5 locations, maybe not numbered on end,
+// and 2..5 transitions; constants up to 4.
 std::string randomNetwork(unsigned seed);
