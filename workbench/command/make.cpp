@@ -9,6 +9,9 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/families/families.hpp"
 #include "workbench/families/random.hpp"
+#include "workbench/nets/bridge.hpp"
+#include "workbench/nets/pnmlwriter.hpp"
+#include "workbench/nets/tinawriter.hpp"
 #include "workbench/network/writer.hpp"
 
 namespace tpn {
@@ -33,7 +36,10 @@ struct Format {
   const char* name;
   std::string (*text)(const Network& net);
 };
-constexpr std::array formats{Format{"tpn", networkFile}};
+constexpr std::array formats{
+    Format{"tpn", networkFile},
+    Format{"net", [](const Network& net) { return tinaFile(petriNetOf(net)); }},
+    Format{"pnml", [](const Network& net) { return pnmlFile(petriNetOf(net)); }}};
 
 // What a command line asks for, wherever the network comes from.
 struct Wanted {

@@ -42,6 +42,13 @@ TEST_F(Tpn, MakeDrawsRandomNetworksByTheirSeed) {
   EXPECT_THAT(tpn({"make", "random", "3", "--seed", "2"}).out, StartsWith("random 3 30 2\n"));
 }
 
+TEST_F(Tpn, MakePrintsNetsOfOtherForms) {
+  const std::string net = tpn({"make", "handshake", "1", "--format", "net"}).out;
+  EXPECT_THAT(net, HasSubstr("\ntr give_up1 [4,4] "));
+  const std::string pnml = tpn({"make", "handshake", "1", "--format", "pnml"}).out;
+  EXPECT_THAT(pnml, StartsWith("<?xml"));
+}
+
 TEST_F(Tpn, MakeRefusesWhatThereIsNot) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> refused{
       {{"fish", "3"}, "tpn make: there is no fish; without arguments, it lists what there is\n"},
