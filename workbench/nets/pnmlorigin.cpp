@@ -93,7 +93,7 @@ class OriginReader {
 };
 
 std::string attribute(const char* name, const std::string& value) {
-  return std::string(" ") + name + "=\"" + xmlText(value) + "\"";
+  return std::string(" ") + name + "=\"" + xmlEscaped(value) + "\"";
 }
 
 std::string nameElement(const NameLine& line) {
@@ -120,7 +120,7 @@ void readPnmlOrigin(const XmlDocument& document, const std::vector<Node>& places
   }
 }
 
-std::string xmlText(const std::string& text) {
+std::string xmlEscaped(const std::string& text) {
   std::string written;
   for (const char c : text) {
     if (c == '&')

@@ -24,7 +24,7 @@ void readPnmlOrigin(const XmlDocument& document, const std::vector<pugi::xml_nod
                     const std::vector<pugi::xml_node>& tools, PetriNet& net, NetReport& report);
 
 // A text as it may stand in an attribute or between tags.
-std::string xmlText(const std::string& text);
+std::string xmlEscaped(const std::string& text);
 
 // The element of a place; the one of the net. Both need an origin.
 std::string pnmlSpot(const PetriNet::Spot& spot);

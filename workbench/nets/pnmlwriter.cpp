@@ -32,7 +32,7 @@ const std::string& trimmed(const std::string& name) {
 }
 
 std::string textElement(const char* tag, const std::string& text) {
-  return std::string("<") + tag + "><text>" + xmlText(inXml(text)) + "</text></" + tag + ">";
+  return std::string("<") + tag + "><text>" + xmlEscaped(inXml(text)) + "</text></" + tag + ">";
 }
 
 std::string id(char kind, std::size_t index) { return kind + std::to_string(index + 1); }
@@ -107,14 +107,14 @@ class Writer {
   // All below one root, which claims nothing.
   void addUnits() {
     text_ += "<toolspecific tool=\"nupn\" version=\"1.1\"><structure root=\"" +
-             xmlText(inXml(net_.units.front().name)) + "\" units=\"" +
+             xmlEscaped(inXml(net_.units.front().name)) + "\" units=\"" +
              std::to_string(net_.units.size()) + "\" safe=\"false\">\n";
     for (const PetriNet::Unit& unit : net_.units) addUnit(unit);
     text_ += "</structure></toolspecific>\n";
   }
 
   void addUnit(const PetriNet::Unit& unit) {
-    text_ += "<unit id=\"" + xmlText(inXml(unit.name)) + "\"><places>";
+    text_ += "<unit id=\"" + xmlEscaped(inXml(unit.name)) + "\"><places>";
     for (const std::size_t p : unit.places) text_ += (p == unit.places[0] ? "" : " ") + id('p', p);
     text_ += "</places><subunits/></unit>\n";
   }
