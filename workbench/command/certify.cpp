@@ -30,11 +30,12 @@ int certify(const Arguments& a) {
   return failed;
 }
 
-// With --deadlock there is no property: what stands in its place is the certificate.
+// With --deadlock or -p there is no PHI: what stands in its place is the certificate.
 int checkedArguments(Arguments& a) {
-  if (a.deadlock && a.certificate.empty()) std::swap(a.certificate, a.files.phi);
-  if (a.deadlock != a.files.phi.empty() || a.certificate.empty()) {
-    std::cerr << "tpn: certify takes NET PHI FILE, or --deadlock NET FILE\n";
+  if ((a.deadlock || a.files.property) && a.certificate.empty())
+    std::swap(a.certificate, a.files.phi);
+  if (!asksOnce(a.files, a.deadlock) || a.certificate.empty()) {
+    std::cerr << "tpn: certify takes NET PHI FILE, NET -p TEXT FILE or --deadlock NET FILE\n";
     return misused;
   }
   return certify(a);
@@ -43,7 +44,7 @@ int checkedArguments(Arguments& a) {
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  addPhi(app, a->files, false);
+  addPhi(app, a->files);
   app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it")
       ->type_name("FILE");
   app.add_flag("--deadlock", a->deadlock, "it is about a deadlock; there is no PHI");

@@ -154,8 +154,8 @@ FilePlan planOf(const Arguments& a) {
 }
 
 int checked(const Arguments& a) {
-  if (a.deadlock != a.files.phi.empty()) {
-    std::fputs("tpn: check takes NET PHI, or --deadlock NET\n", stderr);
+  if (!asksOnce(a.files, a.deadlock)) {
+    std::fputs("tpn: check takes NET PHI, NET -p TEXT or --deadlock NET\n", stderr);
     return misused;
   }
   if (a.deadlock && a.asksByBounds()) {
@@ -206,7 +206,7 @@ void declareBounds(CLI::App& app, CheckOptions& options) {
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  addPhi(app, a->files, false);
+  addPhi(app, a->files);
   app.add_flag("--deadlock", a->deadlock, "can it be that no transition fires any more?");
   app.add_option("--max-transitions", a->maxTransitions, "the longest runs to search for")
       ->type_name("N")

@@ -65,15 +65,15 @@ int exportAiger(const Arguments& a) {
 }
 
 int checkedArguments(const Arguments& a) {
-  if (a.deadlock == a.files.phi.empty()) return exportAiger(a);
-  std::cerr << "tpn: export takes NET PHI, or --deadlock NET\n";
+  if (asksOnce(a.files, a.deadlock)) return exportAiger(a);
+  std::cerr << "tpn: export takes NET PHI, NET -p TEXT or --deadlock NET\n";
   return misused;
 }
 
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  addPhi(app, a->files, false);
+  addPhi(app, a->files);
   app.add_flag("--deadlock", a->deadlock, "what is bad is a deadlock; there is no PHI");
   const auto isAiger = CLI::Validator(
       [](const std::string& file) {

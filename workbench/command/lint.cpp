@@ -1,5 +1,6 @@
 // tpn lint: everything that is wrong with a network, and with a property of it.
 
+#include <iostream>
 #include <limits>
 #include <memory>
 
@@ -9,7 +10,7 @@
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/encoding/lintbound.hpp"
-#include "workbench/network/propertyreader.hpp"
+#include "workbench/network/questionreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {
@@ -24,11 +25,15 @@ struct Arguments {
 };
 
 int lint(const Arguments& a) {
+  if (a.files.asks() && !asksOnce(a.files, false)) {
+    std::cerr << "tpn: lint takes NET, NET PHI or NET -p TEXT\n";
+    return misused;
+  }
   Diagnostics diagnostics;
   const std::optional<Network> net = networkOf(a.files, diagnostics);
-  if (!a.files.phi.empty()) {
-    const std::optional<Property> phi = propertyOf(a.files, diagnostics);
-    if (net && phi) lintTogether(*net, inputName(a.files.phi), *phi, diagnostics);
+  if (a.files.asks()) {
+    const auto phi = propertyOf(a.files, net ? &*net : nullptr, diagnostics);
+    if (phi && !a.files.property) lintNotation(inputName(a.files.phi), *phi, diagnostics);
   }
   if (net && a.bound) lintBound(*net, inputName(a.files.net), *a.bound, diagnostics);
   writeFile("-", a.json ? diagnosticsJson(diagnostics)
@@ -39,7 +44,7 @@ int lint(const Arguments& a) {
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  addPhi(app, a->files, false);
+  addPhi(app, a->files);
   app.add_option("--bound", a->bound, "would zervan take a path of K steps?")
       ->type_name("K")
       ->check(wholeNumber(0, std::numeric_limits<int>::max()));

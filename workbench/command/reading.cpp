@@ -5,6 +5,7 @@
 #include "workbench/base/files.hpp"
 #include "workbench/command/findings.hpp"
 #include "workbench/network/propertyreader.hpp"
+#include "workbench/network/questionreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {
@@ -21,18 +22,32 @@ void addNet(CLI::App& app, Files& files) {
       ->required();
 }
 
-void addPhi(CLI::App& app, Files& files, bool required) {
-  app.add_option("PHI", files.phi, "property file, with or without .tpn")
-      ->type_name("FILE")
-      ->required(required);
+void addPhi(CLI::App& app, Files& files) {
+  app.add_option("PHI", files.phi, "property file, with or without .tpn")->type_name("FILE");
+  app.add_option("-p,--property", files.property, "the property itself, in place of PHI")
+      ->type_name("TEXT");
+}
+
+bool asksOnce(const Files& files, bool deadlock) {
+  const int ways = (files.phi.empty() ? 0 : 1) + (files.property ? 1 : 0) + (deadlock ? 1 : 0);
+  return ways == 1;
 }
 
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
   return readNetwork(inputName(files.net), readInput(files.net), diagnostics);
 }
 
-std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics) {
-  return readProperty(inputName(files.phi), readInput(files.phi), diagnostics);
+std::optional<Property> propertyOf(const Files& files, const Network* net,
+                                   Diagnostics& diagnostics) {
+  if (files.property) {
+    const auto given = readGivenQuestion(*files.property, net, diagnostics);
+    if (given) lintTogether(*net, commandLine, *given, diagnostics);
+    return given;
+  }
+  const std::string name = inputName(files.phi);
+  const auto read = readQuestion(name, readInput(files.phi), net, diagnostics);
+  if (read && net != nullptr) lintTogether(*net, name, *read, diagnostics);
+  return read;
 }
 
 FilePlan planFor(const Files& files) {
@@ -52,15 +67,14 @@ std::optional<Network> networkOf(const Files& files) {
 std::optional<Inputs> inputsOf(const Files& files) {
   Diagnostics diagnostics;
   std::optional<Network> net = networkOf(files, diagnostics);
-  std::optional<Property> phi = propertyOf(files, diagnostics);
-  if (net && phi) lintTogether(*net, inputName(files.phi), *phi, diagnostics);
+  std::optional<Property> phi = propertyOf(files, net ? &*net : nullptr, diagnostics);
   complain(diagnostics);
   if (hasErrors(diagnostics) || !net || !phi) return std::nullopt;
   return Inputs{std::move(*net), std::move(*phi)};
 }
 
 std::optional<Asked> askedOf(const Files& files) {
-  if (!files.phi.empty()) {
+  if (files.asks()) {
     std::optional<Inputs> inputs = inputsOf(files);
     if (!inputs) return std::nullopt;
     return Asked{std::move(inputs->net), std::move(inputs->property)};

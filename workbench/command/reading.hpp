@@ -17,7 +17,10 @@ namespace tpn {
 // As the command line gives them, with or without .tpn.
 struct Files {
   std::string net;
-  std::string phi;  // may be empty where a property is not required
+  std::string phi;                      // empty: none is named
+  std::optional<std::string> property;  // itself, in place of a file
+
+  bool asks() const { return property || !phi.empty(); }
 };
 
 struct Inputs {
@@ -31,12 +34,16 @@ struct Asked {
 };
 
 void addNet(CLI::App& app, Files& files);
-void addPhi(CLI::App& app, Files& files, bool required);
+void addPhi(CLI::App& app, Files& files);  // and -p; neither is required
+
+// Is there just one question: a file, -p or --deadlock?
+bool asksOnce(const Files& files, bool deadlock);
 
 // A file's value, its mistakes appended; nothing where they leave none. The property may be read
-// only where one is named.
+// only where there is one; `net` is null where it could not be read.
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics);
-std::optional<Property> propertyOf(const Files& files, Diagnostics& diagnostics);
+std::optional<Property> propertyOf(const Files& files, const Network* net,
+                                   Diagnostics& diagnostics);
 
 // What they are read from, for the outputs to be compared with.
 FilePlan planFor(const Files& files);

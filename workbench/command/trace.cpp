@@ -2,7 +2,9 @@
 
 #include "workbench/search/trace.hpp"
 
+#include <iostream>
 #include <memory>
+#include <utility>
 
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
@@ -36,16 +38,26 @@ int trace(const Arguments& a) {
   return exitOf(v);
 }
 
+// With -p there is no PHI, and the others move up.
+int checkedArguments(Arguments& a) {
+  if (a.files.property && a.answer.empty()) {
+    a.answer = std::exchange(a.map, a.files.phi);
+    a.files.phi.clear();
+  }
+  if (asksOnce(a.files, false) && !a.map.empty() && !a.answer.empty()) return trace(a);
+  std::cerr << "tpn: trace takes NET PHI MAP ANSWER, or NET -p TEXT MAP ANSWER\n";
+  return misused;
+}
+
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
   addNet(app, a->files);
-  addPhi(app, a->files, true);
-  app.add_option("MAP", a->map, "variable map, NETkK.lck")->type_name("FILE")->required();
+  addPhi(app, a->files);
+  app.add_option("MAP", a->map, "variable map, NETkK.lck")->type_name("FILE");
   app.add_option("ANSWER", a->answer, "what the solver said: v lines, or MiniSat's file")
-      ->type_name("FILE")
-      ->required();
+      ->type_name("FILE");
   a->views.declare(app);
-  return [a] { return trace(*a); };
+  return [a] { return checkedArguments(*a); };
 }
 
 }  // namespace

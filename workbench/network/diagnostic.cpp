@@ -1,6 +1,7 @@
 #include "workbench/network/diagnostic.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <nlohmann/json.hpp>
 
 #include "workbench/base/json.hpp"
@@ -24,6 +25,27 @@ Json toJson(const Diagnostic& d) {
   return object;
 }
 
+// Does a character begin here? Of UTF-8.
+bool begins(char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80; }
+
+std::size_t characters(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins));
+}
+
+// Two lines: the source, of a long one what is about the column, and a caret.
+std::string shownSource(std::string source, int column) {
+  constexpr std::size_t mostBefore = 48;
+  constexpr std::size_t mostBehind = 32;
+  std::replace(source.begin(), source.end(), '\t', ' ');
+  const std::size_t at = std::min(static_cast<std::size_t>(std::max(column, 1)) - 1, source.size());
+  std::string before = source.substr(0, at);
+  std::string behind = source.substr(at);
+  if (before.size() > mostBefore) before = "..." + before.substr(before.size() - mostBefore);
+  if (behind.size() > mostBehind) behind = behind.substr(0, mostBehind) + "...";
+  before = printable(before);
+  return "  " + before + printable(behind) + "\n  " + std::string(characters(before), ' ') + "^";
+}
+
 }  // namespace
 
 bool hasErrors(const Diagnostics& diagnostics) {
@@ -34,7 +56,9 @@ std::string text(const Diagnostic& d) {
   std::string place = d.file;
   if (d.line > 0) place += ":" + std::to_string(d.line);
   if (d.line > 0 && d.column > 0) place += ":" + std::to_string(d.column);
-  return printable(place + ": " + severityName(d) + ": " + d.message + " [" + d.id + "]");
+  const std::string said =
+      printable(place + ": " + severityName(d) + ": " + d.message + " [" + d.id + "]");
+  return d.source.empty() ? said : said + "\n" + shownSource(d.source, d.column);
 }
 
 std::string diagnosticsJson(const Diagnostics& diagnostics) {

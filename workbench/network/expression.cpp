@@ -148,7 +148,7 @@ class Parser {
       takeCounter(first.text, node);
     } else {
       takeParts(first, node);
-      node.kind = node.parts.size() == 1 ? Expression::name : Expression::spot;
+      node.kind = node.parts.size() == 1 ? Expression::named : Expression::spot;
       refusePattern(node);
     }
     node.end = end_;

@@ -43,7 +43,7 @@ struct Expression {
     truth,
     falsity,
     deadlock,
-    name,      // parts[0]
+    named,     // parts[0]
     spot,      // parts[0], parts[1]: process, location
     counter,   // least .. most of what parts stand for: one part, propositions; two, locations
     negation,  // of left

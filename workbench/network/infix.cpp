@@ -75,7 +75,7 @@ class Writer {
       case Expression::deadlock:
         add(positive ? PropertyItem::deadlock : PropertyItem::noDeadlock, 0, node);
         break;
-      case Expression::name:
+      case Expression::named:
         add(positive ? PropertyItem::proposition : PropertyItem::negated,
             resolver_.proposition(node.parts[0]), node);
         break;
@@ -149,6 +149,7 @@ Property readInfix(std::string_view text, const Network& net) {
   const Expression tree = parseExpression(text);
   Property property;
   property.text = text;
+  property.infix = true;
   property.items = Writer(tree, net).write();
   return property;
 }

@@ -78,6 +78,9 @@ const std::vector<RuleInfo>& lintRules() {
       {Rule::temporalOperator, "temporal-operator", error},
       {Rule::propertyGoesOn, "property-goes-on", warning},
       {Rule::propositionUnknown, "proposition-unknown", warning},
+      {Rule::propertyInfix, "property-infix", warning},
+      {Rule::infixMalformed, "infix-malformed", error},
+      {Rule::infixUnknown, "infix-unknown", error},
       {Rule::boundTooSmall, "bound-too-small", error},
       {Rule::tooManyVariables, "too-many-variables", error},
       {Rule::variablesFold, "variables-fold", error},
@@ -95,10 +98,10 @@ Report::~Report() {
   });
 }
 
-void Report::add(Rule rule, Place at, std::string message) {
+void Report::add(Rule rule, Place at, std::string message, std::string source) {
   const RuleInfo& known = info(rule);
-  found_.push_back(
-      {file_, at.line, at.column, known.severity, std::string(known.id), std::move(message)});
+  found_.push_back({file_, at.line, at.column, known.severity, std::string(known.id),
+                    std::move(message), std::move(source)});
 }
 
 std::string quoted(std::string_view piece) {

@@ -66,6 +66,9 @@ enum class Rule {
   temporalOperator,
   propertyGoesOn,
   propositionUnknown,
+  propertyInfix,
+  infixMalformed,
+  infixUnknown,
   // A path length.
   boundTooSmall,
   tooManyVariables,
@@ -89,7 +92,8 @@ class Report {
   Report(const Report&) = delete;
   Report& operator=(const Report&) = delete;
 
-  void add(Rule rule, Place at, std::string message);
+  // `source`: as in a diagnostic.
+  void add(Rule rule, Place at, std::string message, std::string source = "");
   bool hasErrors() const { return tpn::hasErrors(found_); }
 
  private:

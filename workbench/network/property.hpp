@@ -44,6 +44,7 @@ struct Property {
   std::string text;                 // as in the file
   std::vector<PropertyItem> items;  // postfix; evaluates to one value
   int line = 1;                     // of the file
+  bool infix = false;               // so it was written
 };
 
 int operandsOf(const PropertyItem& item);  // 0 for those that say something themselves

@@ -178,16 +178,16 @@ void PropertyReader::takeOperands(const Token& token, Place at) {
 // Blanks and carriage returns alone: the property is likely to follow.
 bool holdsNothing(const Line& line) { return words(line).empty(); }
 
-bool isAllTokens(const Line& line) {
-  for (std::size_t at = 0; at < line.text.size();) {
-    const Token token = tokenAt(line.text.substr(at));
+}  // namespace
+
+bool isAllPostfix(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const Token token = tokenAt(text.substr(at));
     if (token.kind == Token::unknown || token.kind == Token::strayE) return false;
     at += token.text.size();
   }
   return true;
 }
-
-}  // namespace
 
 std::optional<Property> readProperty(const std::string& file, const std::string& text,
                                      Diagnostics& diagnostics) {
@@ -202,7 +202,7 @@ std::optional<Property> readProperty(const std::string& file, const std::string&
     return std::nullopt;
   }
   property = PropertyReader(lines[i], report).read();
-  if (++i < lines.size() && isAllTokens(lines[i]))
+  if (++i < lines.size() && isAllPostfix(lines[i].text))
     report.add(Rule::propertyGoesOn, {lines[i].number, 1},
                "looks like more of the property; only the first line that is not empty is read");
   if (report.hasErrors()) return std::nullopt;

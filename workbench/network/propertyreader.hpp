@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "workbench/network/diagnostic.hpp"
 #include "workbench/network/network.hpp"
@@ -14,6 +15,9 @@ namespace tpn {
 // As readNetwork (strictread.hpp): a value where no error was found, and everything that is wrong.
 std::optional<Property> readProperty(const std::string& file, const std::string& text,
                                      Diagnostics& diagnostics);
+
+// Nothing but items of postfix, in whatever order.
+bool isAllPostfix(std::string_view text);
 
 // What needs both files: propositions that label nothing.
 void lintTogether(const Network& net, const std::string& propertyFile, const Property& property,

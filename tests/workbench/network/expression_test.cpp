@@ -22,7 +22,7 @@ std::string shape(const Expression& e, std::size_t i) {
       return "F";
     case Expression::deadlock:
       return "D";
-    case Expression::name:
+    case Expression::named:
       return n.parts[0].text;
     case Expression::spot:
       return n.parts[0].text + "." + n.parts[1].text;

@@ -95,7 +95,8 @@ TEST_P(LintRule, HasAFileWithJustThisMistake) {
   ASSERT_EQ(expected.count(id), 1U);
   const tpn::Diagnostics found = diagnosticsOf(id);
   ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(text(found.front()), expected.at(id));
+  const std::string said = text(found.front());
+  EXPECT_EQ(said.substr(0, said.find('\n')), expected.at(id));
 }
 
 std::string testName(const testing::TestParamInfo<tpn::RuleInfo>& rule) {

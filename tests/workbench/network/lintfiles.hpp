@@ -15,6 +15,7 @@
 #include "workbench/encoding/lintbound.hpp"
 #include "workbench/network/lintrules.hpp"
 #include "workbench/network/propertyreader.hpp"
+#include "workbench/network/questionreader.hpp"
 #include "workbench/network/strictread.hpp"
 
 namespace tpn {
@@ -45,9 +46,11 @@ inline tpn::Diagnostics diagnosticsOf(const std::string& id) {
   const std::string propertyFile = id + ".property.tpn";
   if (existsInLintFolder(netFile))
     net = tpn::readNetwork(netFile, contents(lintFolder / netFile), all);
+  const tpn::Network* known = net ? &*net : nullptr;
   if (existsInLintFolder(propertyFile))
-    property = tpn::readProperty(propertyFile, contents(lintFolder / propertyFile), all);
+    property = tpn::readQuestion(propertyFile, contents(lintFolder / propertyFile), known, all);
   if (net && property) tpn::lintTogether(*net, propertyFile, *property, all);
+  if (property) tpn::lintNotation(propertyFile, *property, all);
   const auto bound = bounds.find(id);
   if (net && bound != bounds.end()) tpn::lintBound(*net, netFile, bound->second, all);
   return all;
