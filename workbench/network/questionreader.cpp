@@ -1,6 +1,7 @@
 #include "workbench/network/questionreader.hpp"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "workbench/base/printable.hpp"
@@ -20,12 +21,24 @@ const Line* propertyLine(const std::vector<Line>& lines) {
   return found == lines.end() ? nullptr : &*found;
 }
 
-// Nothing but items of postfix and blanks, and no operator of infix among blanks: what is wrong
-// with it is wrong with postfix.
+// Nothing but the letters of postfix and blanks, and no operator of infix among blanks.
 bool looksLikePostfix(const Line& line) {
   const std::vector<Word> all = words(line);
-  return std::all_of(all.begin(), all.end(),
-                     [](const Word& word) { return word.text != "&&" && isAllPostfix(word.text); });
+  return std::all_of(all.begin(), all.end(), [](const Word& word) {
+    return word.text != "&&" &&
+           word.text.find_first_not_of("TpEGXUFK0123456789&+-") == std::string_view::npos;
+  });
+}
+
+// Is it in order as infix? Without the network: can it be, and is it more than a name?
+bool isInfix(const Line& line, const Network* net) {
+  try {
+    if (net == nullptr) return parseExpression(line.text).nodes.size() > 1;
+    readInfix(line.text, *net);
+    return true;
+  } catch (const ExpressionError&) {
+    return false;
+  }
 }
 
 void tell(Rule rule, const ExpressionError& error, const Line& line, Report& report) {
@@ -59,7 +72,7 @@ std::optional<Property> readQuestion(const std::string& file, const std::string&
   std::optional<Property> postfix = readProperty(file, text, ofPostfix);
   const std::vector<Line> lines = nonEmptyLines(text);
   const Line* const line = propertyLine(lines);
-  if (postfix || line == nullptr || looksLikePostfix(*line)) {
+  if (postfix || line == nullptr || (looksLikePostfix(*line) && !isInfix(*line, net))) {
     diagnostics.insert(diagnostics.end(), ofPostfix.begin(), ofPostfix.end());
     return postfix;
   }
@@ -70,7 +83,10 @@ std::optional<Property> readQuestion(const std::string& file, const std::string&
 std::optional<Property> readGivenQuestion(const std::string& text, const Network* net,
                                           Diagnostics& diagnostics) {
   Report report(commandLine, diagnostics);
-  return readInfixLine({text, 1, false}, net, report);
+  std::string line = text;
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  return readInfixLine({line, 1, false}, net, report);
 }
 
 void lintNotation(const std::string& file, const Property& property, Diagnostics& diagnostics) {

@@ -12,9 +12,10 @@
 
 namespace tpn {
 
-// As readProperty: a file that is in order as postfix is postfix; any other is infix, unless it
-// holds nothing but what postfix is made of. `net` may be null where the network could not be read:
-// then infix is looked at without its names, and has no value.
+// As readProperty: a file that is in order as postfix is postfix; any other is infix. One that is
+// in order as neither is told what is wrong as postfix, if it holds nothing but what that is made
+// of. `net` may be null where the network could not be read: then infix is looked at without its
+// names, and has no value.
 std::optional<Property> readQuestion(const std::string& file, const std::string& text,
                                      const Network* net, Diagnostics& diagnostics);
 

@@ -81,6 +81,8 @@ TEST(Question, WithoutItsNetworkIsLookedAtForItsForm) {
   EXPECT_FALSE(tpn::readQuestion("phi", "shines &&", nullptr, found));
   EXPECT_EQ(found.size(), 1U);
   EXPECT_TRUE(tpn::readQuestion("phi", "p4", nullptr, found));
+  EXPECT_FALSE(tpn::readQuestion("phi", "p4&&p5", nullptr, found));
+  EXPECT_EQ(found.size(), 1U);
 }
 
 TEST(GivenQuestion, IsInfix) {
