@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/workbench/network/smallnets.hpp"
+#include "workbench/network/propertyreader.hpp"
+
 namespace tpn {
 namespace {
 
@@ -93,6 +96,83 @@ TEST(Infix, CountersCountPropositionsAndProcesses) {
     }
     EXPECT_GE(named, 0);
   });
+}
+
+// A random property in both notations. Postfix has no "not" but that of propositions.
+class BothNotations {
+ public:
+  explicit BothNotations(unsigned seed) : chance_(seed) {}
+
+  struct Text {
+    std::string infix;
+    int strength = 0;  // of its outermost operator: 1 ->, 2 ||, 3 &&, 4 the rest
+    std::string postfix;
+    std::string negated;  // in postfix
+  };
+
+  Text next(int depth) {
+    if (depth == 0) return leaf();
+    switch (chance_.upTo(4)) {
+      case 0:
+        return leaf();
+      case 1: {
+        const Text a = next(depth - 1);
+        return {"!" + within(a, 4), 4, a.negated, a.postfix};
+      }
+      case 2: {
+        const Text a = next(depth - 1);
+        const Text b = next(depth - 1);
+        return {within(a, 2) + " -> " + within(b, 1), 1, a.negated + b.postfix + "+",
+                a.postfix + b.negated + "&"};
+      }
+      case 3: {
+        const Text a = next(depth - 1);
+        const Text b = next(depth - 1);
+        return {within(a, 2) + "||" + within(b, 3), 2, a.postfix + b.postfix + "+",
+                a.negated + b.negated + "&"};
+      }
+      default: {
+        const Text a = next(depth - 1);
+        const Text b = next(depth - 1);
+        return {within(a, 3) + "&& " + within(b, 4), 3, a.postfix + b.postfix + "&",
+                a.negated + b.negated + "+"};
+      }
+    }
+  }
+
+ private:
+  Text leaf() {
+    static const std::vector<std::string> names{"works_1", "works_2", "works_3"};
+    const std::size_t i = chance_.upTo(2);
+    const std::string number = std::to_string(10 + i);
+    return {chance_.upTo(1) == 0 ? names[i] : "p" + number, 4, "p" + number, "p-" + number};
+  }
+
+  // In parentheses where they are needed, and now and then where they are not.
+  std::string within(const Text& text, int strength) {
+    const bool plain = text.strength >= strength && chance_.upTo(3) != 0;
+    return plain ? text.infix : "( " + text.infix + ")";
+  }
+
+  SmallNets chance_;
+};
+
+TEST(Infix, SaysTheSameAsPostfix) {
+  const Network net = stations();
+  BothNotations random(1);
+  for (int i = 0; i < 2000; ++i) {
+    const auto [infix, strength, postfix, negated] = random.next(1 + i % 5);
+    Diagnostics found;
+    const auto expected = readProperty("phi", postfix, found);
+    ASSERT_TRUE(expected) << postfix;
+    const Property property = readInfix(infix, net);
+    forAllStates([&](const Locations& at) {
+      const std::set<int> held = propositionsAt(net, at);
+      EXPECT_EQ(holds(property, {held, at, false}), holds(*expected, {held, at, false}))
+          << infix << " and " << postfix;
+    });
+    if (HasFailure()) return;
+  }
 }
 
 TEST(Infix, UnknownNamesAreToldWithWhatWouldFit) {
