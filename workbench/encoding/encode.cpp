@@ -83,6 +83,7 @@ EctlForm formulaOf(const Property& property) {
 
 void encode(const Network& net, const Property& property, LocationCoding coding,
             NetTimedModel& model, const Checkpoint& checkpoint) {
+  requirePlainMoves(net, "a clause file");
   const std::int64_t largest = largestConstant(net);
   if (largest > mostConstant)
     throw std::runtime_error("the time " + std::to_string(largest) + " is too large: up to " +

@@ -21,7 +21,7 @@ namespace tpn {
 enum class LocationCoding { workbench, core };
 
 // Fills a fresh model, widths and property included. Throws std::runtime_error where a constant is
-// too large for the clock range.
+// too large for the clock range, or a move does not count or does not reset.
 void encode(const Network& net, const Property& property, LocationCoding coding,
             NetTimedModel& model, const Checkpoint& checkpoint = {});
 

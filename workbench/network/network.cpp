@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <stdexcept>
 
 namespace tpn {
 
@@ -54,7 +55,39 @@ const Move* unmetPrecondition(const Transition& t, const Locations& at) {
 }
 
 bool enabled(const Transition& t, const Locations& at) {
-  return unmetPrecondition(t, at) == nullptr;
+  return std::all_of(t.moves.begin(), t.moves.end(), [&](const Move& move) {
+    return !move.counts || at[move.process] == move.source;
+  });
+}
+
+bool isValid(const Transition& t) {
+  return std::any_of(t.moves.begin(), t.moves.end(), [](const Move& m) { return m.counts; }) &&
+         std::all_of(t.moves.begin(), t.moves.end(),
+                     [](const Move& m) { return m.resets || m.source == m.target; });
+}
+
+bool hasPlainMoves(const Network& net) {
+  return std::all_of(net.transitions.begin(), net.transitions.end(), [](const Transition& t) {
+    return std::all_of(t.moves.begin(), t.moves.end(),
+                       [](const Move& m) { return m.counts && m.resets; });
+  });
+}
+
+void requirePlainMoves(const Network& net, const std::string& what) {
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    for (const Move& move : net.transitions[t].moves) {
+      if (move.counts && move.resets) continue;
+      const std::string place = processName(net, move.process);
+      throw std::runtime_error(what + " cannot say what transition " + transitionName(net, t) +
+                               " does: it " + (move.counts ? "reads " : "puts a token on ") + place +
+                               (move.counts ? " without taking its token" : " without taking one"));
+    }
+}
+
+bool mayBeUnsafe(const Network& net) {
+  return std::any_of(net.transitions.begin(), net.transitions.end(), [](const Transition& t) {
+    return std::any_of(t.moves.begin(), t.moves.end(), [](const Move& m) { return !m.counts; });
+  });
 }
 
 std::set<int> propositionsAt(const Network& net, const Locations& at) {

@@ -86,10 +86,19 @@ std::int64_t largestLatest(const Network& net);    // of the finite latest times
 
 // The most that can be encoded: twice it and 2 more is counted in 31 bits.
 constexpr std::int64_t mostConstant = (std::int64_t{1} << 30) - 2;
-// Is each of its processes in the source of its move?
+// Is each of its processes, as far as its moves count, in the source of its move?
 bool enabled(const Transition& t, const Locations& at);
-// The first of its moves whose process is elsewhere; null where it is enabled.
+// The first of its moves, counting or not, whose process is elsewhere; null where there is none.
 const Move* unmetPrecondition(const Transition& t, const Locations& at);
+
+// Do its moves keep what is said of them above?
+bool isValid(const Transition& t);
+// Do all moves count and reset? Network files and clause files know no others.
+bool hasPlainMoves(const Network& net);
+// Throws std::runtime_error with the reason, one line, where they do not: "what" cannot say it.
+void requirePlainMoves(const Network& net, const std::string& what);
+// Has it a move that does not count? Then it may be unsafe.
+bool mayBeUnsafe(const Network& net);
 
 std::set<int> propositionsAt(const Network& net, const Locations& at);  // those that hold
 std::set<int> propositions(const Network& net);  // those that label any location

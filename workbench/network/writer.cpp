@@ -74,6 +74,7 @@ std::string namesSection(const Names& names) {
 }  // namespace
 
 std::string networkFile(const Network& net) {
+  requirePlainMoves(net, "a network file");
   assert(isTitle(net.title));
   std::string file = net.title + "\ntransitions\n";
   for (std::size_t t = 0; t < net.transitions.size(); ++t) {

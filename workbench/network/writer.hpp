@@ -13,6 +13,7 @@ namespace tpn {
 // that each process has the location 0, the ends of its moves and no other, with propositions where
 // it has labels, and that names are no line ends and not empty. Names stand behind the last "end";
 // what they name has to be there, and two of a kind differ, or the file will be refused.
+// Throws std::runtime_error with the reason where a move does not count or does not reset.
 std::string networkFile(const Network& net);
 
 }  // namespace tpn

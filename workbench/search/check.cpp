@@ -21,6 +21,7 @@ void expectReplay(const Network& net, const Property& property, const Run& run) 
 
 Verdict check(const Network& net, const Property& property, const CheckOptions& options,
               const std::atomic<bool>& stop, const std::function<void(const Progress&)>& report) {
+  requirePlainMoves(net, "a clause file");
   Watch watch(options.timeout, stop, report);
   const Strategy strategy = options.solver.empty() ? checkEmbedded : checkWithProgram;
   try {
