@@ -12,10 +12,10 @@ namespace {
 using Spot = std::pair<std::size_t, std::size_t>;  // process, rank
 
 // What a transition does to one of its processes, whoever the others are.
-using Role =
-    std::tuple<std::int64_t, std::optional<std::int64_t>, std::size_t, std::size_t, std::size_t>;
+using Role = std::tuple<std::int64_t, std::optional<std::int64_t>, std::size_t, std::size_t,
+                        std::size_t, bool, bool>;
 Role roleIn(const Machine::Transition& t, const Machine::Move& move) {
-  return {t.earliest, t.latest, t.moves.size(), move.source, move.target};
+  return {t.earliest, t.latest, t.moves.size(), move.source, move.target, move.counts, move.resets};
 }
 
 const Machine::Move& moveOf(const Machine::Transition& t, std::size_t process) {
@@ -120,15 +120,16 @@ class Inference {
 };
 
 // Transitions as values, to look up their images among those of a process.
-using Value = std::tuple<std::int64_t, std::optional<std::int64_t>,
-                         std::vector<std::tuple<std::size_t, std::size_t, std::size_t>>>;
+using Value =
+    std::tuple<std::int64_t, std::optional<std::int64_t>,
+               std::vector<std::tuple<std::size_t, std::size_t, std::size_t, bool, bool>>>;
 
 Value imageOf(const Machine::Transition& t, const Exchange& exchange) {
   Value value{t.earliest, t.latest, {}};
   for (const Machine::Move& move : t.moves)
-    std::get<2>(value).emplace_back(exchange.process(move.process),
-                                    exchange.rank(move.process, move.source),
-                                    exchange.rank(move.process, move.target));
+    std::get<2>(value).emplace_back(
+        exchange.process(move.process), exchange.rank(move.process, move.source),
+        exchange.rank(move.process, move.target), move.counts, move.resets);
   std::sort(std::get<2>(value).begin(), std::get<2>(value).end());
   return value;
 }

@@ -78,6 +78,7 @@ void FusedRuns::addInitial() {
 void FusedRuns::addDeadline(const Machine::Transition& t) {
   Clause clause;
   for (const Machine::Move& move : t.moves) {
+    if (!move.counts) continue;
     clause.push_back(-location(states_.back(), move.process, move.source));
     clause.push_back(-(states_.back() + layout_.clock(move.process, *t.latest + 1)));
   }
@@ -92,7 +93,7 @@ void FusedRuns::addEffect(std::size_t transition) {
     sink_.add({-selector(transition), location(states_.back(), move.process, move.target)});
     if (move.source != move.target)
       sink_.add({-selector(transition), -location(states_.back(), move.process, move.source)});
-    if (t.earliest > 0)
+    if (t.earliest > 0 && move.counts)
       sink_.add({-selector(transition), from + layout_.clock(move.process, t.earliest)});
   }
 }
@@ -153,7 +154,7 @@ std::vector<int> FusedRuns::explanation(std::size_t process,
 
 int FusedRuns::movedIn(std::size_t process) {
   std::vector<int> movers;
-  for (const std::size_t t : machine_.processes[process].movers) movers.push_back(selector(t));
+  for (const std::size_t t : machine_.processes[process].resetters) movers.push_back(selector(t));
   return sink_.any(movers);
 }
 

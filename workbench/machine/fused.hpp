@@ -28,7 +28,7 @@ class FusedRuns {
   FusedRuns(const Machine& machine, Solver& solver, std::int64_t unaryLimit);
 
   // From now on, only runs in which the processes of each class move for the first time in their
-  // order (or two of them at once). Before the first step.
+  // order (or two of them at once); a move that does not reset is none. Before the first step.
   void keepOrder(std::vector<std::vector<std::size_t>> classes);
 
   const StateLayout& layout() const { return layout_; }

@@ -66,6 +66,7 @@ class Prospects {
       } else {
         hopeful_.push_back(enabled);
         ready_.push_back(builder_.all(joined(enabled, allAtLeast(t, t.earliest))));
+        readied_.push_back(&t);
       }
     }
   }
@@ -80,17 +81,38 @@ class Prospects {
 
   int oneFires() { return builder_.any(ready_); }
 
+  // One may fire now, but for a move that does not count.
+  int oneCollides() {
+    std::vector<int> some;
+    for (std::size_t i = 0; i < ready_.size(); ++i)
+      for (const Machine::Move& move : readied_[i]->moves) {
+        if (move.counts) continue;
+        std::vector<int> all{ready_[i], -layout_.location(move.process, move.source)};
+        if (mayBeLate(*readied_[i]))
+          all.push_back(-builder_.all(allAtLeast(*readied_[i], *readied_[i]->latest + 1)));
+        some.push_back(builder_.all(all));
+      }
+    return builder_.any(some);
+  }
+
  private:
+  // Can clocks tell that it is late? It never is, but an invariant would have to say so.
+  bool mayBeLate(const Machine::Transition& t) const {
+    return t.latest && std::all_of(t.moves.begin(), t.moves.end(), [&](const auto& move) {
+             return !move.counts || machine_.processes[move.process].cap > *t.latest;
+           });
+  }
   std::vector<int> sources(const Machine::Transition& t) const {
     std::vector<int> result;
     for (const Machine::Move& move : t.moves)
-      result.push_back(layout_.location(move.process, move.source));
+      if (move.counts) result.push_back(layout_.location(move.process, move.source));
     return result;
   }
   std::vector<int> allAtLeast(const Machine::Transition& t, std::int64_t least) const {
     std::vector<int> result;
     if (least == 0) return result;
-    for (const Machine::Move& move : t.moves) result.push_back(layout_.clock(move.process, least));
+    for (const Machine::Move& move : t.moves)
+      if (move.counts) result.push_back(layout_.clock(move.process, least));
     return result;
   }
   static std::vector<int> joined(int first, std::vector<int> rest) {
@@ -101,8 +123,9 @@ class Prospects {
   const Machine& machine_;
   const StateLayout& layout_;
   Builder& builder_;
-  std::vector<int> hopeful_;  // enabled, and may fire some time
-  std::vector<int> ready_;    // ... now
+  std::vector<int> hopeful_;                         // enabled, and may fire some time
+  std::vector<int> ready_;                           // ... now
+  std::vector<const Machine::Transition*> readied_;  // of ready_
   std::vector<int> stopping_;
 };
 
@@ -145,6 +168,8 @@ class PropertyLiterals {
         return Prospects(machine_, layout_, builder_).deadEnd();
       case PropertyItem::noDeadlock:
         return Prospects(machine_, layout_, builder_).oneFires();
+      case PropertyItem::unsafe:
+        return Prospects(machine_, layout_, builder_).oneCollides();
       default:
         return builder_.any({});
     }

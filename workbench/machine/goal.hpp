@@ -7,9 +7,10 @@
 //   deadline comes before its earliest time). A transition that is not hopeless and at its
 //   deadline may fire.
 // Likewise a state that is no deadlock leads by a delay to one in which a transition may fire now,
-// and that is what stands for it: a delay changes nothing else that a property speaks of. So a
+// and an unsafe one to one in which it may but for what is in its way; and that is what stands for
+// it: a delay changes nothing else that a property speaks of. So a
 // property with deadlocks is reached where the formula is, if not in the very same states. That
-// needs them to be under no negation, which is so: there is an item for each of the two.
+// needs them to be under no negation, which is so: there is an item for each.
 
 #pragma once
 

@@ -36,7 +36,7 @@ struct Columns {
 // is 0.
 SparseRow equation(const Machine& machine, const Columns& columns, const Machine::Transition& t) {
   SparseRow row;
-  for (const auto& [process, source, target] : t.moves) {
+  for (const auto& [process, source, target, counts, resets] : t.moves) {
     if (source == target) continue;
     const std::size_t initial = machine.processes[process].initial;
     if (source != initial) row.emplace_back(columns.of(machine, process, source), -1);

@@ -17,12 +17,19 @@ void append(Clauses& clauses, Clauses more) {
                  std::make_move_iterator(more.end()));
 }
 
+bool counts(const Machine::Transition& t, std::size_t process) {
+  return std::any_of(t.moves.begin(), t.moves.end(), [process](const Machine::Move& move) {
+    return move.process == process && move.counts;
+  });
+}
+
 // What the clock of a process is compared with, ascending: earliest times, deadlines and what is
 // past them.
 std::vector<std::int64_t> compared(const Machine& machine, std::size_t process) {
   std::set<std::int64_t> values;
   for (const std::size_t t : machine.processes[process].movers) {
     const Machine::Transition& transition = machine.transitions[t];
+    if (!counts(transition, process)) continue;
     values.insert(transition.earliest);
     if (transition.latest) values.insert({*transition.latest, *transition.latest + 1});
   }

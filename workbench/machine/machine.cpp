@@ -28,12 +28,14 @@ Machine::Process bare(const Process& process) {
 }
 
 Machine::Transition translated(const Machine& machine, const Transition& t) {
+  assert(isValid(t));
   Machine::Transition result;
   result.earliest = t.interval.earliest / machine.unit;
   if (t.interval.latest) result.latest = *t.interval.latest / machine.unit;
   for (const Move& move : t.moves) {
     const Machine::Process& process = machine.processes[move.process];
-    result.moves.push_back({move.process, process.rank(move.source), process.rank(move.target)});
+    result.moves.push_back({move.process, process.rank(move.source), process.rank(move.target),
+                            move.counts, move.resets});
   }
   return result;
 }
@@ -45,9 +47,11 @@ void enter(Machine& machine) {
   for (const Machine::Move& move : t.moves) {
     Machine::Process& process = machine.processes[move.process];
     process.movers.push_back(index);
+    if (move.resets) process.resetters.push_back(index);
     process.locations[move.target].entering.push_back(index);
     Machine::Location& source = process.locations[move.source];
     source.leaving.push_back(index);
+    if (!move.counts) continue;
     source.cap = std::max({source.cap, t.earliest, t.latest.value_or(0)});
     process.cap = std::max(process.cap, source.cap);
     process.reach = std::max({process.reach, t.earliest, t.latest ? *t.latest + 1 : 0});

@@ -6,8 +6,8 @@
 // greatest common divisor of all constants of the network (1 where all are 0).
 //
 // A clock is capped: once it has reached the largest constant that any transition out of its
-// process's location compares it with (a move that stays counts too), it stays there. So a clock
-// that nobody reads is always 0.
+// process's location compares it with (a move that stays counts too, one whose clock does not count
+// does not), it stays there. So a clock that nobody reads is always 0.
 
 #pragma once
 
@@ -24,12 +24,14 @@ struct Machine {
   struct Move {
     std::size_t process = 0;
     std::size_t source = 0;  // ranks
-    std::size_t target = 0;
+    std::size_t target = 0;  // the source where it does not reset
+    bool counts = true;      // as in the network
+    bool resets = true;
   };
   struct Transition {
     std::int64_t earliest = 0;  // units
     std::optional<std::int64_t> latest;
-    std::vector<Move> moves;  // by process, ascending; at least one
+    std::vector<Move> moves;  // by process, ascending; at least one of them counts
 
     // Its deadline comes before it may fire: it never does, and may stop time.
     bool hopeless() const { return latest && *latest < earliest; }
@@ -46,6 +48,7 @@ struct Machine {
     std::int64_t cap = 0;                // largest of its locations
     std::int64_t reach = 0;              // largest earliest time or latest time + 1 that reads it
     std::vector<std::size_t> movers;     // transitions that have it, ascending
+    std::vector<std::size_t> resetters;  // those of them that reset its clock
     std::size_t rank(int number) const;  // asserts that there is such a location
   };
 

@@ -11,21 +11,22 @@ namespace tpn {
 namespace {
 
 using Interval = std::pair<std::int64_t, std::optional<std::int64_t>>;
-using Moves = std::vector<std::tuple<std::size_t, std::size_t, std::size_t>>;
+using MoveValue = std::tuple<std::size_t, std::size_t, std::size_t, bool, bool>;
+using Moves = std::vector<MoveValue>;
 using Shape = std::pair<Interval, Moves>;  // of a transition; moves by process
 
 Shape shapeOf(const Machine::Transition& t) {
   Shape shape{{t.earliest, t.latest}, {}};
-  for (const auto& [process, source, target] : t.moves)
-    shape.second.emplace_back(process, source, target);
+  for (const auto& [process, source, target, counts, resets] : t.moves)
+    shape.second.emplace_back(process, source, target, counts, resets);
   return shape;
 }
 
 Shape imageOf(const Machine::Transition& t, const Symmetry& s) {
   Shape shape{{t.earliest, t.latest}, {}};
-  for (const auto& [process, source, target] : t.moves)
+  for (const auto& [process, source, target, counts, resets] : t.moves)
     shape.second.emplace_back(s.process[process], s.ranks[process][source],
-                              s.ranks[process][target]);
+                              s.ranks[process][target], counts, resets);
   std::sort(shape.second.begin(), shape.second.end());
   return shape;
 }
@@ -33,7 +34,8 @@ Shape imageOf(const Machine::Transition& t, const Symmetry& s) {
 // The graph: a vertex a process, a location, a transition; two for what a move does, shared by all
 // transitions that have it: its source side and its target side, or one where it stays. process -
 // location, transition - source side, source side - source, source side - target side, target side
-// - target. (A vertex for each move of each transition takes three times as many.)
+// - target. (A vertex for each move of each transition takes three times as many.) What sides there
+// are tells moves apart that count, or reset, from others.
 class SymmetryGraph {
  public:
   explicit SymmetryGraph(const Machine& machine) : machine_(machine) {
@@ -55,8 +57,18 @@ class SymmetryGraph {
     sourceSide,
     targetSide,
     staying,
+    idleSourceSide,  // of a move that does not count
+    idleStaying,
+    reading,  // of one that does not reset
+    idleReading,
     transitions
   };
+
+  static Colour sideOf(const Machine::Move& move) {
+    if (move.source != move.target) return move.counts ? sourceSide : idleSourceSide;
+    if (move.resets) return move.counts ? staying : idleStaying;
+    return move.counts ? reading : idleReading;
+  }
 
   void addProcess(const Machine::Process& p) {
     const unsigned vertex = graph_.add_vertex(ofProcess);
@@ -70,15 +82,14 @@ class SymmetryGraph {
     const auto colour = colours_.emplace(Interval{t.earliest, t.latest},
                                          transitions + static_cast<unsigned>(colours_.size()));
     const unsigned vertex = graph_.add_vertex(colour.first->second);
-    for (const auto& [p, source, target] : t.moves)
-      graph_.add_edge(vertex, moveVertex(p, source, target));
+    for (const Machine::Move& move : t.moves) graph_.add_edge(vertex, moveVertex(move));
   }
 
-  unsigned moveVertex(std::size_t p, std::size_t source, std::size_t target) {
-    const auto [entry, isNew] = moves_.try_emplace({p, source, target}, 0);
+  unsigned moveVertex(const Machine::Move& move) {
+    const auto& [p, source, target, counts, resets] = move;
+    const auto [entry, isNew] = moves_.try_emplace({p, source, target, counts, resets}, 0);
     if (!isNew) return entry->second;
-    const unsigned from = entry->second =
-        graph_.add_vertex(source == target ? staying : sourceSide);
+    const unsigned from = entry->second = graph_.add_vertex(sideOf(move));
     graph_.add_edge(from, locations_[p] + static_cast<unsigned>(source));
     if (source == target) return from;
     const unsigned to = graph_.add_vertex(targetSide);
@@ -109,7 +120,7 @@ class SymmetryGraph {
   std::vector<unsigned> processes_;
   std::vector<unsigned> locations_;  // [process]: the first one's vertex
   std::map<Interval, unsigned> colours_;
-  std::map<std::tuple<std::size_t, std::size_t, std::size_t>, unsigned> moves_;
+  std::map<MoveValue, unsigned> moves_;
   std::vector<Symmetry> found_;
 };
 

@@ -162,6 +162,8 @@ class Plainer {
       case PropertyItem::deadlock:
       case PropertyItem::noDeadlock:
         throw std::runtime_error("no proposition says deadlock");
+      case PropertyItem::unsafe:
+        throw std::runtime_error("no proposition says that the net is not safe");
       default:
         return item;
     }

@@ -23,6 +23,8 @@ bool leafHolds(const PropertyItem& item, const StateFacts& state) {
       return state.deadlock;
     case PropertyItem::noDeadlock:
       return !state.deadlock;
+    case PropertyItem::unsafe:
+      return state.unsafe;
     default:
       return false;
   }
@@ -57,6 +59,26 @@ bool asksDeadlock(const Property& property) {
   return std::any_of(property.items.begin(), property.items.end(), [](const PropertyItem& item) {
     return item.kind == PropertyItem::deadlock || item.kind == PropertyItem::noDeadlock;
   });
+}
+
+bool asksSafety(const Property& property) {
+  return std::any_of(property.items.begin(), property.items.end(),
+                     [](const PropertyItem& item) { return item.kind == PropertyItem::unsafe; });
+}
+
+Property orUnsafe(Property property) {
+  for (const auto kind : {PropertyItem::unsafe, PropertyItem::disjunction}) {
+    property.items.emplace_back();
+    property.items.back().kind = kind;
+    property.items.back().end = property.text.size();
+  }
+  return property;
+}
+
+Property withoutSafety(Property property) {
+  if (asksSafety(property) && property.items.size() > 2)
+    property.items.resize(property.items.size() - 2);
+  return property;
 }
 
 std::vector<bool> values(const Property& property, const StateFacts& state) {

@@ -23,7 +23,11 @@ struct PropertyItem {
     notAt,
     deadlock,  // no transition can fire, now or after any delay
     noDeadlock,
-    counter  // of the operands before it, least .. most hold
+    counter,  // of the operands before it, least .. most hold
+    // Nobody says it: it is added to what is asked of a net that may be unsafe. A transition can
+    // fire, now or after some delay, but for a move that does not count, whose process is not in
+    // its source: a token would be put where one is.
+    unsafe
   } kind = truth;
   int number = 0;           // of the proposition, or of the location
   std::size_t process = 0;  // index: at, notAt
@@ -54,11 +58,17 @@ bool isLeaf(const PropertyItem& item);
 bool asksDeadlock(const Property& property);
 Property deadlockProperty();  // which says that alone
 
+bool asksSafety(const Property& property);
+// What is asked for, or else that the net is unsafe; and the former alone again.
+Property orUnsafe(Property property);
+Property withoutSafety(Property property);  // as it is where nothing was added
+
 // What a state is to a property.
 struct StateFacts {
   const std::set<int>& propositions;  // those that hold
   const std::vector<int>& locations;  // of every process
   bool deadlock = false;              // needed where asksDeadlock
+  bool unsafe = false;                // needed where asksSafety
 };
 bool holds(const Property& property, const StateFacts& state);
 

@@ -5,8 +5,8 @@
 //   - the clauses, and all their images under the group that the generators generate,
 //   - what every state obeys: a process is in one location; a clock that has reached c has reached
 //     all below c; a clock is at most the cap of its process's location (the largest earliest or
-//     finite latest time, in units, of any transition that takes the process from there; 0 where
-//     there is none).
+//     finite latest time, in units, of any transition that takes the process from there, by a move
+//     that counts; 0 where there is none).
 // It holds in the initial state, every step preserves it (a unit of time that passes, clocks ending
 // at their caps; or a transition), and no goal state is inside. The unit is the greatest common
 // divisor of all constants, 1 where all are 0.

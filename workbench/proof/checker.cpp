@@ -16,13 +16,15 @@ namespace {
 
 struct Stopped {};
 
-// A transition that moves processes of a clause, as the clause sees it.
+// A transition that moves processes of a clause, as the clause sees it. A move that does not reset
+// leaves all as it is.
 class Touched {
  public:
   Touched(const AtomClause& clause, const Transition& t) {
     for (const Atom& atom : clause) {
-      const auto move = std::find_if(t.moves.begin(), t.moves.end(),
-                                     [&](const Move& m) { return m.process == atom.process; });
+      const auto move = std::find_if(t.moves.begin(), t.moves.end(), [&](const Move& m) {
+        return m.process == atom.process && m.resets;
+      });
       if (move == t.moves.end()) {
         untouched_.push_back(atom);
         continue;

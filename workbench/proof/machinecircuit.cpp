@@ -25,7 +25,7 @@ class StepBuilder {
     const Literal unit = circuit_.both(selected, unitMayPass());
     for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
       moveProcess(p);
-      const Literal stays = Circuit::inverted(anyFires(machine_.processes[p].movers));
+      const Literal stays = Circuit::inverted(anyFires(machine_.processes[p].resetters));
       if (state_.unary(p))
         moveUnaryClock(p, stays, unit);
       else
@@ -36,14 +36,14 @@ class StepBuilder {
   Literal enabled(const Machine::Transition& t) {
     std::vector<Literal> sources;
     for (const Machine::Move& move : t.moves)
-      sources.push_back(state_.at(move.process, move.source));
+      if (move.counts) sources.push_back(state_.at(move.process, move.source));
     return circuit_.all(sources);
   }
 
   Literal allReached(const Machine::Transition& t, std::int64_t units) {
     std::vector<Literal> clocks;
     for (const Machine::Move& move : t.moves)
-      clocks.push_back(state_.reached(circuit_, move.process, units));
+      if (move.counts) clocks.push_back(state_.reached(circuit_, move.process, units));
     return circuit_.all(clocks);
   }
 
@@ -52,12 +52,25 @@ class StepBuilder {
     return circuit_.both(here, allReached(t, t.earliest));
   }
 
-  // No run leads past the latest time; it is asked all the same, so that an invariant need not say
-  // so.
-  Literal mayFire(const Machine::Transition& t) {
+  // As far as moves that count say. No run leads past the latest time; it is asked all the same, so
+  // that an invariant need not say so.
+  Literal isInTime(const Machine::Transition& t) {
     const Literal ripe = isRipe(t);
     if (!t.latest) return ripe;
     return circuit_.both(ripe, Circuit::inverted(allReached(t, *t.latest + 1)));
+  }
+
+  // Nothing is in the way of moves that do not count.
+  Literal isFree(const Machine::Transition& t) {
+    std::vector<Literal> sources;
+    for (const Machine::Move& move : t.moves)
+      if (!move.counts) sources.push_back(state_.at(move.process, move.source));
+    return circuit_.all(sources);
+  }
+
+  Literal mayFire(const Machine::Transition& t) {
+    const Literal inTime = isInTime(t);
+    return circuit_.both(inTime, isFree(t));
   }
 
  private:
@@ -176,7 +189,18 @@ Literal deadlockSignal(MachineCircuit& m) {
 Literal firingSignal(MachineCircuit& m) {
   StepBuilder builder(m.machine, m.state, m.circuit);
   std::vector<Literal> some;
-  for (const Machine::Transition& t : m.machine.transitions) some.push_back(builder.mayFire(t));
+  for (const Machine::Transition& t : m.machine.transitions) some.push_back(builder.isInTime(t));
+  return m.circuit.any(some);
+}
+
+// One may fire now, but something is in the way.
+Literal collisionSignal(MachineCircuit& m) {
+  StepBuilder builder(m.machine, m.state, m.circuit);
+  std::vector<Literal> some;
+  for (const Machine::Transition& t : m.machine.transitions) {
+    const Literal inTime = builder.isInTime(t);
+    some.push_back(m.circuit.both(inTime, Circuit::inverted(builder.isFree(t))));
+  }
   return m.circuit.any(some);
 }
 
@@ -200,6 +224,8 @@ Literal leafSignal(const Network& net, const PropertyItem& item, MachineCircuit&
       return deadlockSignal(m);
     case PropertyItem::noDeadlock:
       return firingSignal(m);
+    case PropertyItem::unsafe:
+      return collisionSignal(m);
     default:
       return Circuit::no;
   }

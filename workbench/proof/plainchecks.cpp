@@ -28,7 +28,7 @@ std::string numbered(const char* what, std::size_t index) {
 struct Shape {
   std::int64_t earliest;
   std::optional<std::int64_t> latest;
-  std::vector<std::array<std::int64_t, 3>> moves;
+  std::vector<std::array<std::int64_t, 5>> moves;
 
   friend auto operator<=>(const Shape&, const Shape&) = default;
 };
@@ -38,7 +38,8 @@ Shape shape(const Transition& t, const Generator& g) {
   for (const Move& move : t.moves) {
     const Spot from = g.image(Spot{move.process, move.source});
     const Spot to = g.image(Spot{move.process, move.target});
-    result.moves.push_back({static_cast<std::int64_t>(from.process), from.location, to.location});
+    result.moves.push_back({static_cast<std::int64_t>(from.process), from.location, to.location,
+                            move.counts ? 1 : 0, move.resets ? 1 : 0});
   }
   std::sort(result.moves.begin(), result.moves.end());
   return result;

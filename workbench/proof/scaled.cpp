@@ -22,6 +22,7 @@ std::vector<std::map<int, std::int64_t>> clockCaps(const Network& net) {
     for (const int location : net.processes[p].locations) caps[p][location] = 0;
   for (const Transition& t : net.transitions)
     for (const Move& move : t.moves) {
+      if (!move.counts) continue;
       std::int64_t& cap = caps[move.process][move.source];
       cap = std::max({cap, t.interval.earliest, t.interval.latest.value_or(0)});
     }

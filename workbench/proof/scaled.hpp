@@ -15,7 +15,7 @@ namespace tpn {
 Network inUnits(const Network& net);
 
 // [process][location]: the largest earliest or finite latest time of any transition that takes the
-// process from there; 0 where there is none.
+// process from there, by a move that counts; 0 where there is none.
 std::vector<std::map<int, std::int64_t>> clockCaps(const Network& net);
 
 }  // namespace tpn

@@ -22,6 +22,7 @@ Thresholds thresholds(const Network& net, const std::vector<AtomClause>& clauses
       }
   for (const Transition& t : net.transitions)
     for (const Move& move : t.moves) {
+      if (!move.counts) continue;
       put(move.process, t.interval.earliest);
       if (!t.interval.latest) continue;
       put(move.process, *t.interval.latest);

@@ -31,7 +31,7 @@ std::string meaning(const Transition& t) {
   text += t.interval.latest ? std::to_string(*t.interval.latest) : "-1";
   for (const Move& move : t.moves)
     text += " " + std::to_string(number(move.process)) + ":" + std::to_string(move.source) + ">" +
-            std::to_string(move.target);
+            std::to_string(move.target) + (move.counts ? "" : "+") + (move.resets ? "" : "?");
   return text + "\n";
 }
 
@@ -92,6 +92,8 @@ std::string itemMeaning(const Network& net, const PropertyItem& item) {
       return "deadlock";
     case PropertyItem::noDeadlock:
       return "not deadlock";
+    case PropertyItem::unsafe:
+      return "unsafe";
     case PropertyItem::counter:
       return std::to_string(item.least) + " to " + std::to_string(item.most) + " of " +
              std::to_string(item.operands);

@@ -31,6 +31,7 @@ int implyingAll(StateClauses& state, const std::vector<int>& literals) {
 std::vector<int> never(const StateClauses& state, const Transition& t, std::int64_t units) {
   std::vector<int> clause;
   for (const Move& move : t.moves) {
+    if (!move.counts) continue;
     clause.push_back(-source(state, move));
     clause.push_back(-state.reached(move.process, units));
   }
@@ -57,7 +58,8 @@ int deadlockLiteral(const Network& net, StateClauses& state) {
     cannotFire.push_back(-dead);
     state.add(cannotFire);
     std::vector<int> disabled{-noneEnabled};
-    for (const Move& move : t.moves) disabled.push_back(-source(state, move));
+    for (const Move& move : t.moves)
+      if (move.counts) disabled.push_back(-source(state, move));
     state.add(disabled);
   }
   const int stuck = timeIsStuck(net, state);
@@ -85,7 +87,21 @@ int firingLiteral(const Network& net, StateClauses& state) {
   StepConditions conditions(net, state);
   std::vector<int> some;
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
-    some.push_back(implyingAll(state, conditions.firing(t)));
+    some.push_back(implyingAll(state, conditions.inTime(t)));
+  return implying(state, some);
+}
+
+// One may fire now, but for a process that is not in the source of a move that does not count.
+int collisionLiteral(const Network& net, StateClauses& state) {
+  StepConditions conditions(net, state);
+  std::vector<int> some;
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    for (const Move& move : net.transitions[t].moves) {
+      if (move.counts) continue;
+      std::vector<int> all = conditions.inTime(t);
+      all.push_back(-source(state, move));
+      some.push_back(implyingAll(state, all));
+    }
   return implying(state, some);
 }
 
@@ -107,6 +123,8 @@ int leafLiteral(const Network& net, const PropertyItem& item, StateClauses& stat
       return deadlockLiteral(net, state);
     case PropertyItem::noDeadlock:
       return firingLiteral(net, state);
+    case PropertyItem::unsafe:
+      return collisionLiteral(net, state);
     default:
       throw std::logic_error("an operator is no leaf");
   }
@@ -163,17 +181,25 @@ int propertyLiteral(const Network& net, const Property& property, StateClauses& 
 }  // namespace
 
 std::vector<int> StepConditions::firing(std::size_t transition) {
+  std::vector<int> assumed = inTime(transition);
+  for (const Move& move : net_.transitions[transition].moves)
+    if (!move.counts) assumed.push_back(source(state_, move));
+  return assumed;
+}
+
+std::vector<int> StepConditions::inTime(std::size_t transition) {
   const Transition& t = net_.transitions[transition];
   notPast_.resize(net_.transitions.size());
   std::vector<int> assumed;
   for (const Move& move : t.moves) {
+    if (!move.counts) continue;
     assumed.push_back(source(state_, move));
     assumed.push_back(state_.reached(move.process, t.interval.earliest));
   }
   if (t.interval.latest && notPast_[transition] == 0) {
     std::vector<int> one;
     for (const Move& move : t.moves)
-      one.push_back(-state_.reached(move.process, *t.interval.latest + 1));
+      if (move.counts) one.push_back(-state_.reached(move.process, *t.interval.latest + 1));
     notPast_[transition] = implying(state_, one);
   }
   if (t.interval.latest) assumed.push_back(notPast_[transition]);

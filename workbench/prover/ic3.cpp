@@ -181,10 +181,10 @@ class Prover {
       for (const std::size_t t : machine_.processes[reached[i]].movers) {
         if (seen[t]) continue;
         seen[t] = true;
-        for (const auto& [process, source, target] : machine_.transitions[t].moves) {
-          if (distance[process] < far) continue;
-          distance[process] = distance[reached[i]] + 1;
-          reached.push_back(process);
+        for (const Machine::Move& move : machine_.transitions[t].moves) {
+          if (distance[move.process] < far) continue;
+          distance[move.process] = distance[reached[i]] + 1;
+          reached.push_back(move.process);
         }
       }
     return distance;
@@ -211,8 +211,8 @@ class Prover {
 
   std::vector<std::size_t> aboutAlso(std::vector<std::size_t> about, const Way& way) const {
     if (way.isDelay()) return about;
-    for (const auto& [process, source, target] : machine_.transitions[way.transition].moves)
-      about.push_back(process);
+    for (const Machine::Move& move : machine_.transitions[way.transition].moves)
+      about.push_back(move.process);
     std::sort(about.begin(), about.end());
     about.erase(std::unique(about.begin(), about.end()), about.end());
     return about;
@@ -243,9 +243,15 @@ class Prover {
 
   ProverResult reached(std::size_t index) {
     result_.answer = ProverResult::reachable;
-    for (std::optional<std::size_t> at = index; obligations_[*at].next; at = obligations_[*at].next)
-      if (!obligations_[*at].way.isDelay())
-        result_.transitions.push_back(obligations_[*at].way.transition);
+    result_.delays = {0};
+    for (std::optional<std::size_t> at = index; obligations_[*at].next;
+         at = obligations_[*at].next) {
+      const Way& way = obligations_[*at].way;
+      result_.delays.back() += way.delay;
+      if (way.isDelay()) continue;
+      result_.transitions.push_back(way.transition);
+      result_.delays.push_back(0);
+    }
     return result_;
   }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@ struct ProverProgress {
 struct ProverResult {
   enum Answer { reachable, unreachable, undecided } answer = undecided;
   std::vector<std::size_t> transitions;  // reachable: of a run to the goal, in order
+  std::vector<std::int64_t> delays;      // and before each of them and after the last, units
   std::vector<Cube> invariant;           // unreachable: no reachable state is in any image of these
   std::size_t frames = 0;                // no goal within so many steps, delays counted
   bool symmetric = false;                // images: under the generators that were given

@@ -121,10 +121,10 @@ Interchange::Interchange(const Machine& machine, const StateLayout& layout, cons
     return;
   }
   for (std::size_t t = 0; t < machine.transitions.size(); ++t) {
-    for (const auto& [process, source, target] : machine.transitions[t].moves)
-      for (const std::size_t rank : {source, target})
+    for (const Machine::Move& move : machine.transitions[t].moves)
+      for (const std::size_t rank : {move.source, move.target})
         for (const std::size_t block :
-             owners_[static_cast<std::size_t>(layout.location(process, rank))])
+             owners_[static_cast<std::size_t>(layout.location(move.process, rank))])
           touched_[t].push_back(block);
     sortUnique(touched_[t]);
   }

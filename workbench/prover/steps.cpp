@@ -14,9 +14,11 @@ bool contains(const std::vector<int>& literals, int literal) {
   return std::find(literals.begin(), literals.end(), literal) != literals.end();
 }
 
+// What changes the process; null where nothing does.
 const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
-  const auto found = std::find_if(t.moves.begin(), t.moves.end(),
-                                  [&](const Machine::Move& m) { return m.process == process; });
+  const auto found = std::find_if(t.moves.begin(), t.moves.end(), [&](const Machine::Move& m) {
+    return m.process == process && m.resets;
+  });
   return found == t.moves.end() ? nullptr : &*found;
 }
 
@@ -48,13 +50,14 @@ void Steps::addFiring(std::size_t transition) {
   Firing firing{transition, {}, 0};
   Clause inTime;
   bool always = !t.latest;
-  for (const auto& [process, source, target] : t.moves) {
+  for (const auto& [process, source, target, counts, resets] : t.moves) {
     const std::int64_t cap = machine_.processes[process].locations[source].cap;
     firing.guard.push_back(layout_.location(process, source));
+    if (resets) firingsOf_[process].push_back(firings_.size());
+    if (!counts) continue;
     if (t.earliest > 0) firing.guard.push_back(layout_.clock(process, t.earliest));
     if (t.latest && cap > *t.latest) inTime.push_back(-layout_.clock(process, *t.latest + 1));
     always = always || (t.latest && cap <= *t.latest);
-    firingsOf_[process].push_back(firings_.size());
   }
   if (!always) {
     firing.inTime = ++last_;
@@ -69,7 +72,8 @@ void Steps::addFiring(std::size_t transition) {
 Clause Steps::deadline(const Machine::Transition& t, std::int64_t delay) const {
   Clause clause;
   const std::int64_t late = *t.latest - delay + 1;
-  for (const auto& [process, source, target] : t.moves) {
+  for (const auto& [process, source, target, counts, resets] : t.moves) {
+    if (!counts) continue;
     clause.push_back(-layout_.location(process, source));
     if (late >= 1) clause.push_back(-layout_.clock(process, late));
   }
@@ -142,7 +146,7 @@ bool Steps::askTransition(std::size_t index, const Cube& cube, std::vector<int>&
       violated = literal;
     } else if (!m.isClock) {
       outside = outside || (static_cast<std::size_t>(m.value) == move->source) != (literal > 0);
-    } else if (t.earliest >= m.value) {
+    } else if (move->counts && t.earliest >= m.value) {
       outside = true;
     } else if (machine_.processes[m.process].locations[move->source].cap >= m.value) {
       residual.push_back(-literal);
@@ -208,8 +212,9 @@ Cube Steps::beforeTransition(const Cube& cube, std::size_t transition,
     if (moveOf(t, words_.meaning(literal).process) == nullptr) result.push_back(literal);
   int inTime = 0;
   bool always = !t.latest;
-  for (const auto& [process, source, target] : t.moves) {
+  for (const auto& [process, source, target, counts, resets] : t.moves) {
     result.push_back(layout_.location(process, source));
+    if (!counts) continue;
     if (t.earliest > 0) result.push_back(layout_.clock(process, t.earliest));
     if (!t.latest) continue;
     if (machine_.processes[process].locations[source].cap <= *t.latest) {

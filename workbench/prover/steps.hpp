@@ -3,7 +3,8 @@
 //
 // - A transition leads into a cube if the cube's literals about the processes that it moves hold in
 //   their targets with clocks at 0. Then the states from which it does are those where it may fire
-//   and where the cube's other literals hold.
+//   and where the cube's other literals hold. A move that does not reset moves nothing: it is a
+//   condition only.
 // - A delay leaves locations alone and moves clocks up to their caps. What is at least v after it
 // is
 //   at least v less the delay before it, in a location whose cap is v or more: a few auxiliary

@@ -1,5 +1,6 @@
-// The smallest of its processes' clocks is the time since a transition was enabled, where it is:
-// "all have reached the earliest" and "one is not past the latest" both speak of it.
+// The smallest of its processes' clocks, as far as their moves count, is the time since a
+// transition was enabled, where it is: "all have reached the earliest" and "one is not past the
+// latest" both speak of it.
 
 #include "workbench/runs/run.hpp"
 
@@ -13,10 +14,11 @@ namespace tpn {
 namespace {
 
 Rational sinceEnabling(const Transition& t, const std::vector<Rational>& clocks) {
-  assert(!t.moves.empty());
-  Rational least = clocks[t.moves.front().process];
-  for (const Move& move : t.moves) least = std::min(least, clocks[move.process]);
-  return least;
+  assert(isValid(t));
+  std::optional<Rational> least;
+  for (const Move& move : t.moves)
+    if (move.counts && (!least || clocks[move.process] < *least)) least = clocks[move.process];
+  return *least;
 }
 
 // How long this transition lets time pass; no limit where it is not enabled or may wait for ever.
@@ -44,7 +46,7 @@ std::string named(std::size_t transition) {
 }
 
 std::string wrongPlace(const Step& step, const Move& move, const Locations& at) {
-  return named(step.transition) + " is not enabled: process " +
+  return named(step.transition) + (move.counts ? " is not enabled" : " is blocked") + ": process " +
          std::to_string(number(move.process)) + " is in location " +
          std::to_string(at[move.process]) + ", not " + std::to_string(move.source);
 }
@@ -91,6 +93,7 @@ std::optional<Window> windowUpTo(const std::optional<Rational>& longest, const T
 TimedState after(const Transition& t, const Rational& delay, TimedState state) {
   for (Rational& clock : state.clocks) clock = clock + delay;
   for (const Move& move : t.moves) {
+    if (!move.resets) continue;
     state.locations[move.process] = move.target;
     state.clocks[move.process] = 0;
   }
@@ -110,6 +113,13 @@ std::optional<Rational> longestDelay(const Network& net, const TimedState& state
 
 std::optional<Window> window(const Network& net, const TimedState& state, std::size_t transition) {
   const Transition& t = net.transitions.at(transition);
+  if (unmetPrecondition(t, state.locations) != nullptr) return std::nullopt;
+  return windowUpTo(longestDelay(net, state), t, state);
+}
+
+std::optional<Window> windowOfCounting(const Network& net, const TimedState& state,
+                                       std::size_t transition) {
+  const Transition& t = net.transitions.at(transition);
   if (!enabled(t, state.locations)) return std::nullopt;
   return windowUpTo(longestDelay(net, state), t, state);
 }
@@ -118,7 +128,7 @@ std::vector<std::optional<Window>> windows(const Network& net, const TimedState&
   const std::optional<Rational> longest = longestDelay(net, state);
   std::vector<std::optional<Window>> all(net.transitions.size());
   for (std::size_t t = 0; t < all.size(); ++t)
-    if (enabled(net.transitions[t], state.locations))
+    if (unmetPrecondition(net.transitions[t], state.locations) == nullptr)
       all[t] = windowUpTo(longest, net.transitions[t], state);
   return all;
 }

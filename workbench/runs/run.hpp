@@ -7,6 +7,10 @@
 // least one of them is not past its latest. It moves its processes and sets their clocks to 0. Time
 // may pass as long as every enabled transition with a latest time has a process whose clock is not
 // past it.
+//
+// "Its processes" are, in all of this, those of moves that count. The process of one that does not
+// has to be in its source as well for the transition to fire, whenever that is; it is moved, and
+// its clock set to 0. A move that does not reset leaves process and clock alone.
 
 #pragma once
 
@@ -49,6 +53,9 @@ struct Window {
   std::optional<Rational> to;
 };
 std::optional<Window> window(const Network& net, const TimedState& state, std::size_t transition);
+// The same as far as moves that count say.
+std::optional<Window> windowOfCounting(const Network& net, const TimedState& state,
+                                       std::size_t transition);
 
 // The window of every transition, for the cost of a few.
 std::vector<std::optional<Window>> windows(const Network& net, const TimedState& state);

@@ -1,5 +1,5 @@
 // Firing times from firing order. With T[i] the time of firing i, T[0] = 0 and r(t) the last firing
-// before i that moved a process of t, or 0:
+// before i that reset the clock of a process that counts for t, or 0:
 //
 // (1) T[i] >= T[i - 1];
 // (2) T[i] >= T[r(t)] + earliest(t) for the transition t that fires;
@@ -41,9 +41,10 @@ class Firings {
   explicit Firings(const Network& net)
       : net_(net), at_(initialLocations(net)), last_(net.processes.size(), 0) {}
 
-  // False where the transition is not enabled.
+  // False where the transition cannot fire.
   bool fire(std::size_t transition) {
-    if (transition >= net_.transitions.size() || !enabled(net_.transitions[transition], at_))
+    if (transition >= net_.transitions.size() ||
+        unmetPrecondition(net_.transitions[transition], at_) != nullptr)
       return false;
     const Transition& fired = net_.transitions[transition];
     ++count_;
@@ -52,6 +53,7 @@ class Firings {
     for (const Transition& t : net_.transitions)
       if (t.interval.latest && enabled(t, at_)) setDeadline(reset(t), *t.interval.latest);
     for (const Move& move : fired.moves) {
+      if (!move.resets) continue;
       at_[move.process] = move.target;
       last_[move.process] = count_;
     }
@@ -74,7 +76,8 @@ class Firings {
  private:
   std::size_t reset(const Transition& t) const {
     std::size_t latest = 0;
-    for (const Move& move : t.moves) latest = std::max(latest, last_[move.process]);
+    for (const Move& move : t.moves)
+      if (move.counts) latest = std::max(latest, last_[move.process]);
     return latest;
   }
 
@@ -105,7 +108,7 @@ class Firings {
 
   const Network& net_;
   Locations at_;
-  std::vector<std::size_t> last_;  // of every process: the firing that moved it last
+  std::vector<std::size_t> last_;  // of every process: the firing that reset it last
   std::size_t count_ = 0;
   std::vector<Bound> forward_;          // (1) and (2)
   std::vector<Bound> backward_;         // (3)

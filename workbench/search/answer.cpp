@@ -1,6 +1,8 @@
 #include "workbench/search/answer.hpp"
 
 #include "workbench/base/printable.hpp"
+#include "workbench/runs/deadend.hpp"
+#include "workbench/runs/replay.hpp"
 
 namespace tpn {
 
@@ -35,6 +37,11 @@ std::string undecidedText(const Answer& a) {
   return text + "\n";
 }
 
+std::string lengthText(const Answer& a) {
+  const int length = static_cast<int>(a.run->steps.size());
+  return length == 0 ? "at the start" : "after " + transitions(length);
+}
+
 // All lengths below the first bound without an answer have one.
 int answeredBelow(const Verdict& v) {
   if (v.shortest) return static_cast<int>(v.run->steps.size()) - 1;
@@ -42,6 +49,16 @@ int answeredBelow(const Verdict& v) {
 }
 
 }  // namespace
+
+std::string unsafety(const Network& net, const Goal& goal, const Run& run) {
+  if (!asksSafety(goal)) return "";
+  const TimedState last = replay(net, goal, run).states.back();
+  const auto found = collision(net, last);
+  if (!found || holds(net, withoutSafety(goal), last)) return "";
+  const std::string when = found->delay > 0 ? "after a delay of " + found->delay.text() + " " : "";
+  return when + "transition " + transitionName(net, found->transition) +
+         " would put a second token on " + processName(net, found->move.process);
+}
 
 Answer answerOf(const Verdict& v) {
   Answer answer;
@@ -62,6 +79,8 @@ Answer answerOf(const Verdict& v) {
 std::string headline(const Answer& a) {
   if (a.kind == Answer::reachable) return reachableText(a);
   if (a.kind == Answer::undecided) return undecidedText(a);
+  if (a.kind == Answer::unsafe)
+    return "the net is not safe: " + lengthText(a) + ", " + printable(a.reason) + "\n";
   return "unreachable" + (a.reason.empty() ? "" : ": " + printable(a.reason)) + "\n";
 }
 

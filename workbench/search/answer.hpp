@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "workbench/network/goal.hpp"
+#include "workbench/network/network.hpp"
 #include "workbench/proof/certificate.hpp"
 #include "workbench/runs/run.hpp"
 #include "workbench/search/verdict.hpp"
@@ -14,15 +16,21 @@
 namespace tpn {
 
 struct Answer {
-  enum Kind { reachable, unreachable, undecided } kind = undecided;
-  std::optional<Run> run;                  // reachable: replayed, it ends at its goal
+  // Unsafe: a token would be put where one is before anything that was asked for is reached, and so
+  // there is no answer.
+  enum Kind { reachable, unreachable, undecided, unsafe } kind = undecided;
+  std::optional<Run> run;                  // reachable: replayed, it ends at its goal; or unsafe
   bool shortest = false;                   // reachable: no shorter run does it
   int noRunUpTo = -1;                      // no run of up to so many transitions does it
   std::optional<Certificate> certificate;  // unreachable: rechecked
   std::string reason;                      // undecided: one line; empty where all was asked that
-                                           // should be
+                                           // should be. unsafe: what would happen after the run
   std::vector<Unanswered> unanswered;      // as in a verdict
 };
+
+// What a run to a goal with safety in it shows of that: what would happen after it, one line; empty
+// where it is one to what was asked for.
+std::string unsafety(const Network& net, const Goal& goal, const Run& run);
 
 // Of a search bound by bound.
 Answer answerOf(const Verdict& verdict);

@@ -89,9 +89,10 @@ class BoundedSearch {
   }
 
   Run replayed() const {
-    // Where time decides on dead ends, firing as early as can be need not lead to one.
+    // Where time decides on the goal, firing as early as can be need not lead to one.
     std::vector<std::int64_t> delays;
-    if (asksDeadlock(goal_) && hasHopeless(machine_)) delays = runs_.delays();
+    if (asksSafety(goal_) || (asksDeadlock(goal_) && hasHopeless(machine_)))
+      delays = runs_.delays();
     for (std::int64_t& delay : delays) delay *= machine_.unit;
     return foundRun(net_, goal_, runs_.transitions(), delays);
   }

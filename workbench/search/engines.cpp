@@ -146,6 +146,8 @@ class Race {
     if (answer_.kind == Answer::reachable) {
       runLength_ = static_cast<int>(answer_.run->steps.size());
       answer_.shortest = shortestIsKnown();
+      answer_.reason = unsafety(net_, goal_, *answer_.run);
+      if (!answer_.reason.empty()) answer_.kind = Answer::unsafe;
     }
     if (answer_.kind != Answer::undecided) return std::move(answer_);
     if (failure_) throw std::runtime_error(message(failure_) + knownSoFar());

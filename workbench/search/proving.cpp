@@ -8,7 +8,6 @@
 #include "workbench/machine/symmetry.hpp"
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
-#include "workbench/search/bounded.hpp"
 #include "workbench/search/foundrun.hpp"
 
 namespace tpn {
@@ -53,17 +52,12 @@ class Proving {
   }
 
  private:
-  // Where time decides on dead ends, the earliest times need not lead to one: then the bounded
-  // search says what does, in as many transitions or fewer.
-  std::optional<Run> runOf(const ProverResult& result) const {
-    if (!asksDeadlock(goal_) || !hasHopeless(machine_))
-      return foundRun(net_, goal_, result.transitions);
-    BoundedOptions options;
-    options.maxTransitions = static_cast<int>(result.transitions.size());
-    const BoundedVerdict verdict = searchBounded(net_, goal_, options, over_, {});
-    if (verdict.answer == BoundedVerdict::exhausted || verdict.answer == BoundedVerdict::stuck)
-      throw std::runtime_error("the prover found a dead end that is not there");
-    return verdict.run;
+  // Where time decides on the goal, the earliest times need not lead to one.
+  Run runOf(const ProverResult& result) const {
+    std::vector<std::int64_t> delays;
+    if (asksSafety(goal_) || (asksDeadlock(goal_) && hasHopeless(machine_))) delays = result.delays;
+    for (std::int64_t& delay : delays) delay *= machine_.unit;
+    return foundRun(net_, goal_, result.transitions, delays);
   }
 
   std::optional<Certificate> checked(const ProverResult& result) const {

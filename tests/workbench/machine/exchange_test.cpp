@@ -71,6 +71,25 @@ TEST(Exchange, FindsNoneWhereTheInitialStateTellsThemApart) {
   EXPECT_FALSE(tpn::exchange(tpn::makeMachine(net), 0, 1));
 }
 
+// Three pairs whose senders stay where they start: what they do to their receivers, and to
+// themselves, has to be the same.
+TEST(Exchange, FindsNoneWhereOneMoveDoesNotCountOrReset) {
+  tpn::Network net = pairs(3);
+  for (std::size_t i = 0; i < 3; ++i) {
+    net.transitions[3 * i].moves[0].target = 0;
+    net.transitions.push_back({{0, 2}, {{2 * i + 1, 0, 0}}});
+  }
+  EXPECT_TRUE(tpn::exchange(tpn::makeMachine(net), 0, 2));
+  tpn::Network putting = net;
+  putting.transitions[0].moves[1].counts = false;
+  EXPECT_FALSE(tpn::exchange(tpn::makeMachine(putting), 0, 2));
+  EXPECT_TRUE(tpn::exchange(tpn::makeMachine(putting), 2, 4));
+  tpn::Network reading = net;
+  reading.transitions[0].moves[0].resets = false;
+  EXPECT_FALSE(tpn::exchange(tpn::makeMachine(reading), 0, 2));
+  EXPECT_TRUE(tpn::exchange(tpn::makeMachine(reading), 2, 4));
+}
+
 TEST(Exchange, CountsTransitionsThatAreThereTwice) {
   tpn::Network net = pairs(2);
   net.transitions.push_back(net.transitions[0]);

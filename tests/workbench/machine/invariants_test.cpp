@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <numeric>
+#include <random>
 
 #include "tests/workbench/machine/nets.hpp"
 #include "workbench/machine/sparserow.hpp"
@@ -32,7 +33,7 @@ bool holds(const Machine& machine, const PlaceInvariant& invariant) {
     if (value[p][machine.processes[p].initial] != 0) return false;
   return std::all_of(machine.transitions.begin(), machine.transitions.end(), [&](const auto& t) {
     std::int64_t change = 0;
-    for (const auto& [process, source, target] : t.moves)
+    for (const auto& [process, source, target, counts, resets] : t.moves)
       change += value[process][target] - value[process][source];
     return change == 0;
   });
@@ -72,7 +73,7 @@ Dense incidence(const Machine& machine) {
     rows.emplace_back();
     for (std::size_t p = 0; p < machine.processes.size(); ++p) {
       std::vector<double> effect(machine.processes[p].locations.size(), 0);
-      for (const auto& [process, source, target] : t.moves)
+      for (const auto& [process, source, target, counts, resets] : t.moves)
         if (process == p && source != target) effect[source] = -1, effect[target] = 1;
       rows.back().insert(rows.back().end(), effect.begin(), effect.end());
     }

@@ -75,6 +75,16 @@ TEST(Layout, NamesOnlyWhatIsComparedWhereClocksAreWide) {
   EXPECT_EQ(layout.width(1), 4);
 }
 
+TEST(Layout, NamesNothingThatMovesThatDoNotCountCompare) {
+  Network net;
+  net.processes = {{{0}, {}}, {{0}, {}}};
+  net.transitions = {{{1, 50}, {{0, 0, 0}, {1, 0, 0, false}}}, {{20, {}}, {{1, 0, 0}}}};
+  const StateLayout layout = StateLayout::delayed(makeMachine(net), 10);
+  EXPECT_EQ(layout.width(0), 3);
+  ASSERT_EQ(layout.width(1), 1);
+  EXPECT_EQ(layout.value(1, 0), 20);
+}
+
 TEST(Layout, ClocksPastAnyNumberAreNotNamed) {
   Network net;
   net.processes = {{{0}, {}}};

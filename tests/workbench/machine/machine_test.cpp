@@ -66,6 +66,25 @@ TEST(Machine, KnowsWhatLeavesAndEnters) {
   EXPECT_EQ(machine.processes[0].movers, (std::vector<std::size_t>{0, 1, 2}));
 }
 
+TEST(Machine, CapsAClockAtWhatMovesThatCountRead) {
+  Network net = gaps();
+  net.transitions[1].moves[0].counts = false;
+  const Machine machine = makeMachine(net);
+  EXPECT_EQ(machine.processes[0].locations[1].cap, 0);
+  EXPECT_EQ(machine.processes[0].cap, 2);
+  EXPECT_EQ(machine.processes[1].cap, 3);
+  EXPECT_EQ(machine.processes[0].reach, 3);  // one past 6 / 3, as before
+}
+
+TEST(Machine, KnowsWhatResetsAClock) {
+  Network net = gaps();
+  net.transitions[1].moves[0].resets = false;
+  const Machine machine = makeMachine(net);
+  EXPECT_EQ(machine.processes[0].movers, (std::vector<std::size_t>{0, 1, 2}));
+  EXPECT_EQ(machine.processes[0].resetters, (std::vector<std::size_t>{0, 2}));
+  EXPECT_EQ(machine.processes[0].locations[1].cap, 3);
+}
+
 TEST(Machine, FindsTransitionsThatNeverFire) {
   Network net = gaps();
   EXPECT_FALSE(hasHopeless(makeMachine(net)));

@@ -60,6 +60,56 @@ TEST(Property, IsEvaluatedInPostfix) {
   }
 }
 
+// Transition 3 of the two, its second move changed.
+Network changed(bool counts, bool resets, int target) {
+  Network net = twoProcesses();
+  net.transitions[2].moves[1] = {1, 1, target, counts, resets};
+  return net;
+}
+
+TEST(Moves, CountAndResetInFiles) {
+  EXPECT_TRUE(hasPlainMoves(twoProcesses()));
+  EXPECT_FALSE(hasPlainMoves(changed(false, true, 0)));
+  EXPECT_FALSE(hasPlainMoves(changed(true, false, 1)));
+  EXPECT_TRUE(mayBeUnsafe(changed(false, true, 0)));
+  EXPECT_FALSE(mayBeUnsafe(changed(true, false, 1)));
+}
+
+TEST(Moves, ThatDoNotResetStay) {
+  EXPECT_TRUE(isValid(changed(true, false, 1).transitions[2]));
+  EXPECT_FALSE(isValid(changed(true, false, 0).transitions[2]));
+}
+
+TEST(Moves, CountOnceAtLeast) {
+  Network net = changed(false, true, 0);
+  EXPECT_TRUE(isValid(net.transitions[2]));
+  net.transitions[2].moves[0].counts = false;
+  EXPECT_FALSE(isValid(net.transitions[2]));
+}
+
+TEST(Moves, ThatDoNotCountEnableNothing) {
+  const Network net = changed(false, true, 0);
+  EXPECT_TRUE(enabled(net.transitions[2], {1, 0}));
+  EXPECT_FALSE(enabled(net.transitions[2], {0, 1}));
+  ASSERT_NE(unmetPrecondition(net.transitions[2], {1, 0}), nullptr);
+  EXPECT_EQ(unmetPrecondition(net.transitions[2], {1, 0})->process, 1U);
+}
+
+TEST(Property, HoldsAsWellWhereTheNetIsUnsafe) {
+  const Property seven{"p7", {{PropertyItem::proposition, 7}}};
+  const Property both = orUnsafe(seven);
+  for (const bool unsafe : {false, true})
+    for (const Set& propositions : {Set{}, Set{7}}) {
+      EXPECT_EQ(holds(both, {propositions, {}, false, unsafe}), unsafe || !propositions.empty());
+      EXPECT_EQ(holds(withoutSafety(both), {propositions, {}, false, unsafe}),
+                !propositions.empty());
+    }
+  EXPECT_TRUE(asksSafety(both));
+  EXPECT_FALSE(asksSafety(seven));
+  EXPECT_EQ(withoutSafety(both).items, seven.items);
+  EXPECT_EQ(withoutSafety(seven).items, seven.items);
+}
+
 TEST(Property, CanBeTrueAlways) {
   EXPECT_TRUE(holds({"T", {{PropertyItem::truth, 0}}}, {{}, {}, false}));
 }

@@ -101,6 +101,14 @@ TEST(NetworkFile, HoldsLargeNetworks) {
     EXPECT_EQ(readAgain(net), net);
 }
 
+TEST(NetworkFile, CannotSayThatATokenIsPutDownOrRead) {
+  Network net = twoProcesses();
+  net.transitions[2].moves[1].counts = false;
+  EXPECT_THROW(networkFile(net), std::runtime_error);
+  net.transitions[2].moves[1] = {1, 1, 1, true, false};
+  EXPECT_THROW(networkFile(net), std::runtime_error);
+}
+
 TEST(NetworkFile, MayHoldNoProcess) {
   Network nothing;
   nothing.title = "nothing";

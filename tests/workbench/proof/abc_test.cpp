@@ -11,8 +11,8 @@
 namespace tpn {
 namespace {
 
-TEST(AbcEngine, AgreesWithTheStatesOfRandomNetworks) {
-  Samples samples(21);
+void expectAgreement(MoveKinds kinds) {
+  Samples samples(21, kinds);
   int never = 0;
   for (int i = 0; i < 40; ++i) {
     const Sample sample = samples.next();
@@ -25,6 +25,10 @@ TEST(AbcEngine, AgreesWithTheStatesOfRandomNetworks) {
   EXPECT_GT(never, 5);
   EXPECT_LT(never, 35);
 }
+
+TEST(AbcEngine, AgreesWithTheStatesOfRandomNetworks) { expectAgreement(MoveKinds::plain); }
+
+TEST(AbcEngine, AgreesWhereMovesNeedNotCountOrReset) { expectAgreement(MoveKinds::all); }
 
 TEST(AbcEngine, ProvesFischer) {
   const AbcAnswer answer = askAbc(fischer::network(3), fischer::violation(3), {});

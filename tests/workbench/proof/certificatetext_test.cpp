@@ -105,6 +105,15 @@ TEST(Statement, TellsNetworksAndGoalsApart) {
   Network larger = net;
   larger.processes[0].locations.insert(2);
   EXPECT_NE(statement(larger, goal).network, about.network);
+  Network putting = net;
+  putting.transitions[2].moves[1].counts = false;
+  EXPECT_NE(statement(putting, goal).network, about.network);
+  Network staying = net;
+  staying.transitions[2].moves[1] = {1, 1, 1};
+  Network reading = net;
+  reading.transitions[2].moves[1] = {1, 1, 1, true, false};
+  EXPECT_NE(statement(reading, goal).network, statement(staying, goal).network);
+  EXPECT_NE(statement(net, orUnsafe(goal)).goal, about.goal);
   EXPECT_NE(statement(net, deadlockProperty()).goal, about.goal);
   EXPECT_NE(statement(net, {"", {{PropertyItem::negated, 7}}, 1}).goal, about.goal);
 }

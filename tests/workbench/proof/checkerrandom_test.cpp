@@ -25,12 +25,14 @@ bool keepsItsPromise(const Sample& s, const Certificate& certificate) {
 // With a deadlock for its goal a certificate may pass whose invariant holds deadlocks that no run
 // leads to: those before the last unit of time in them.
 bool isAsGoodAsItSays(const Sample& s, const Certificate& certificate) {
-  if (asksDeadlock(s.goal)) return keepsItsPromise(s, certificate);
+  if (asksWhatComes(s.goal)) return keepsItsPromise(s, certificate);
   return states::proves(s.scaled, s.goal, flattened(certificate));
 }
 
-TEST(RandomNetworks, AreProvedByTheirReachableStatesExactlyWhereTheGoalIsNone) {
-  Samples samples(1);
+class RandomNetworks : public testing::TestWithParam<MoveKinds> {};
+
+TEST_P(RandomNetworks, AreProvedByTheirReachableStatesExactlyWhereTheGoalIsNone) {
+  Samples samples(1, GetParam());
   int never = 0;
   for (int i = 0; i < 400; ++i) {
     const Sample s = samples.next();
@@ -41,8 +43,8 @@ TEST(RandomNetworks, AreProvedByTheirReachableStatesExactlyWhereTheGoalIsNone) {
   EXPECT_LT(never, 350);
 }
 
-TEST(RandomNetworks, AreProvedByOneClauseOfEachOrbit) {
-  Samples samples(2);
+TEST_P(RandomNetworks, AreProvedByOneClauseOfEachOrbit) {
+  Samples samples(2, GetParam());
   std::size_t spared = 0;
   for (int i = 0; i < 100; ++i) {
     const Sample s = samples.nextSymmetric();
@@ -51,6 +53,9 @@ TEST(RandomNetworks, AreProvedByOneClauseOfEachOrbit) {
   }
   EXPECT_GT(spared, 100U);
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, RandomNetworks,
+                         testing::Values(MoveKinds::plain, MoveKinds::all));
 
 // One thing about the certificate changed.
 Certificate damaged(Certificate c, Samples& random, const Certificate& another) {
@@ -93,28 +98,31 @@ Count judgeDamaged(Samples& samples, bool symmetric, int rounds) {
   return count;
 }
 
-TEST(DamagedCertificates, PassOnlyWhereTheyAreRight) {
-  Samples samples(3);
+class DamagedCertificates : public testing::TestWithParam<MoveKinds> {};
+
+TEST_P(DamagedCertificates, PassOnlyWhereTheyAreRight) {
+  Samples samples(3, GetParam());
   const Count count = judgeDamaged(samples, false, 400);
   EXPECT_GT(count.passed, 100);
   EXPECT_GT(count.refused, 1000);
 }
 
-TEST(DamagedCertificates, WithSymmetryPassOnlyWhereTheyAreRight) {
-  Samples samples(4);
+TEST_P(DamagedCertificates, WithSymmetryPassOnlyWhereTheyAreRight) {
+  Samples samples(4, GetParam());
   const Count count = judgeDamaged(samples, true, 60);
   EXPECT_GT(count.passed, 20);
   EXPECT_GT(count.refused, 100);
 }
 
 // The other way round: what proves the goal unreachable is accepted.
-TEST(DamagedCertificates, PassWhereTheyAreRight) {
-  Samples samples(5);
+TEST_P(DamagedCertificates, PassWhereTheyAreRight) {
+  Samples samples(5, GetParam());
+  const int count = GetParam() == MoveKinds::plain ? 300 : 2000;  // many ask what comes
   int right = 0;
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < count; ++i) {
     const Sample s = samples.next();
     const Certificate mutant = damaged(s.proof, samples, {});
-    if (asksDeadlock(s.goal) || !states::proves(s.scaled, s.goal, mutant)) continue;
+    if (asksWhatComes(s.goal) || !states::proves(s.scaled, s.goal, mutant)) continue;
     // The check demands that what is named exists.
     const std::string found = recheck(s.net, s.goal, mutant, {}).complaint;
     if (found.find("no such thing") != std::string::npos) continue;
@@ -123,6 +131,9 @@ TEST(DamagedCertificates, PassWhereTheyAreRight) {
   }
   EXPECT_GT(right, 30);
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, DamagedCertificates,
+                         testing::Values(MoveKinds::plain, MoveKinds::all));
 
 }  // namespace
 }  // namespace tpn

@@ -56,8 +56,10 @@ std::string wrongStep(const Sample& sample, const aiger::File& file, const state
   return "";
 }
 
-TEST(MachineCircuit, DoesWhatTheNetworkDoes) {
-  Samples samples(11);
+class MachineCircuits : public testing::TestWithParam<MoveKinds> {};
+
+TEST_P(MachineCircuits, DoWhatTheNetworkDoes) {
+  Samples samples(11, GetParam());
   for (int i = 0; i < 60; ++i) {
     const Sample sample = samples.next();
     const MachineCircuit m = makeMachineCircuit(sample.net, sample.goal);
@@ -69,9 +71,10 @@ TEST(MachineCircuit, DoesWhatTheNetworkDoes) {
   }
 }
 
-TEST(MachineCircuit, IsBadInTheGoalsStates) {
-  Samples samples(12);
+TEST_P(MachineCircuits, AreBadInTheGoalsStates) {
+  Samples samples(12, GetParam());
   int deadlocks = 0;
+  int unsafe = 0;
   for (int i = 0; i < 200; ++i) {
     const Sample sample = samples.next();
     const MachineCircuit m = makeMachineCircuit(sample.net, sample.goal);
@@ -81,14 +84,19 @@ TEST(MachineCircuit, IsBadInTheGoalsStates) {
       const aiger::Values values(file, bits(0, file.inputs.size()), latchesOf(file, s));
       const bool isGoal = states::Explorer(sample.scaled).isGoal(sample.goal, s);
       const bool isBad = values.of(file.bads.at(0));
-      EXPECT_TRUE(isBad == isGoal || (asksDeadlock(sample.goal) && isGoal));
+      EXPECT_TRUE(isBad == isGoal || (asksWhatComes(sample.goal) && isGoal));
       reached = reached || values.of(file.bads.at(0));
     }
     EXPECT_EQ(reached, !sample.never);
     deadlocks += asksDeadlock(sample.goal) && reached ? 1 : 0;
+    unsafe += asksSafety(sample.goal) && reached ? 1 : 0;
   }
   EXPECT_GT(deadlocks, 10);
+  EXPECT_TRUE(GetParam() == MoveKinds::plain || unsafe > 10);
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, MachineCircuits,
+                         testing::Values(MoveKinds::plain, MoveKinds::all));
 
 // Bits in place of unary code: the times are so long that 64 steps would not do.
 TEST(MachineCircuit, CountsInBitsWhereClocksAreWide) {
@@ -97,7 +105,8 @@ TEST(MachineCircuit, CountsInBitsWhereClocksAreWide) {
   net.transitions[1].interval = {1, {}};
   net.transitions[2].interval = {70, 71};
   const Sample sample{net, inUnits(net), deadlockProperty(), {}, false, {}};
-  const aiger::File file = aiger::read(asciiAiger(makeMachineCircuit(net, deadlockProperty()).circuit, ""));
+  const aiger::File file =
+      aiger::read(asciiAiger(makeMachineCircuit(net, deadlockProperty()).circuit, ""));
   EXPECT_THAT(file.latchNames, testing::Contains("1:6"));
   EXPECT_THAT(file.latchNames, testing::Contains("2:6"));
   EXPECT_EQ(file.latches.size(), 2U + 7U + 7U);
@@ -106,7 +115,7 @@ TEST(MachineCircuit, CountsInBitsWhereClocksAreWide) {
       ASSERT_EQ(wrongStep(sample, file, s, choice), "");
 }
 
-class Abc : public testing::Test {
+class Abc : public testing::TestWithParam<MoveKinds> {
  protected:
   std::string says(const Circuit& circuit) const {
     place.write("model.aig", binaryAiger(circuit, ""));
@@ -115,8 +124,8 @@ class Abc : public testing::Test {
   Workplace place;
 };
 
-TEST_F(Abc, AgreesWithTheStatesOfRandomNetworks) {
-  Samples samples(13);
+TEST_P(Abc, AgreesWithTheStatesOfRandomNetworks) {
+  Samples samples(13, GetParam());
   for (int i = 0; i < 60; ++i) {
     const Sample sample = samples.next();
     EXPECT_THAT(says(makeMachineCircuit(sample.net, sample.goal).circuit),
@@ -124,6 +133,8 @@ TEST_F(Abc, AgreesWithTheStatesOfRandomNetworks) {
         << i;
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, Abc, testing::Values(MoveKinds::plain, MoveKinds::all));
 
 // What a checker of certificates asks, each as a question to a solver.
 class WitnessCheck {
@@ -216,10 +227,12 @@ TEST(Witness, OfFischerPassesEveryCheck) {
 }
 
 TEST(Witness, OfRandomNetworksPassesEveryCheck) {
-  Samples samples(14);
-  for (int i = 0; i < 60; ++i) {
-    const Sample sample = i % 2 == 0 ? samples.next() : samples.nextSymmetric();
-    if (sample.never) expectRightWitness(sample.net, sample.goal, flattened(sample.proof));
+  for (const MoveKinds kinds : {MoveKinds::plain, MoveKinds::all}) {
+    Samples samples(14, kinds);
+    for (int i = 0; i < 60; ++i) {
+      const Sample sample = i % 2 == 0 ? samples.next() : samples.nextSymmetric();
+      if (sample.never) expectRightWitness(sample.net, sample.goal, flattened(sample.proof));
+    }
   }
 }
 
@@ -234,7 +247,9 @@ TEST(Witness, WithoutAClauseIsFoundOut) {
   EXPECT_FALSE(WitnessCheck(model, witness).isInductive());
 }
 
-TEST_F(Abc, ProvesWitnesses) {
+using AbcOnWitnesses = Abc;
+
+TEST_F(AbcOnWitnesses, AreProved) {
   const Network net = fischer::network(4);
   const MachineCircuit m = makeMachineCircuit(net, fischer::violation(4));
   EXPECT_THAT(says(witnessCircuit(net, m, flattened(fischer::proof(4)))), HasSubstr("Status = 1"));

@@ -128,6 +128,22 @@ TEST(Generators, HaveToMapTransitions) {
   EXPECT_EQ(symmetryComplaint(net, {fischer::swaps(3).back()}), "");
 }
 
+// Two processes that do the same with a third one, but for how the one of them does it.
+TEST(Generators, HaveToMapMovesThatDoNotCountOrResetOntoSuch) {
+  const Generator swapped{{{0, 1}, {1, 0}}, {}};
+  Network net;
+  net.processes.assign(3, {{0}, {}});
+  net.transitions = {{{1, 2}, {{0, 0, 0}, {2, 0, 0}}}, {{1, 2}, {{1, 0, 0}, {2, 0, 0}}}};
+  EXPECT_EQ(symmetryComplaint(net, {swapped}), "");
+  for (bool Move::*const flag : {&Move::counts, &Move::resets}) {
+    Network one = net;
+    one.transitions[0].moves[0].*flag = false;
+    EXPECT_NE(symmetryComplaint(one, {swapped}), "");
+    one.transitions[1].moves[0].*flag = false;
+    EXPECT_EQ(symmetryComplaint(one, {swapped}), "");
+  }
+}
+
 TEST(Shapes, NameWhatDoesNotExist) {
   const Network net = counted();
   const auto complaint = [&](const Atom& atom) {

@@ -56,7 +56,8 @@ inline std::vector<AtomClause> representatives(const std::vector<AtomClause>& cl
 
 class Samples {
  public:
-  explicit Samples(unsigned seed) : nets_(seed) {}
+  explicit Samples(unsigned seed, MoveKinds kinds = MoveKinds::plain)
+      : nets_(seed, kinds), kinds_(kinds) {}
 
   // Of any network; every fourth question is that of a deadlock.
   Sample next() { return sample(nets_.next(), {}); }
@@ -88,8 +89,16 @@ class Samples {
     return s;
   }
 
-  // Two locations at once, or one and not the other, or a deadlock, or anything that can be said.
   Goal goal(Network& net) {
+    const Goal asked = plainGoal(net);
+    if (kinds_ == MoveKinds::plain) return asked;
+    const std::size_t chance = nets_.upTo(2);
+    if (chance == 0) return {"", {PropertyItem{PropertyItem::unsafe}}, 1};
+    return chance == 1 ? orUnsafe(asked) : asked;
+  }
+
+  // Two locations at once, or one and not the other, or a deadlock, or anything that can be said.
+  Goal plainGoal(Network& net) {
     if (nets_.upTo(3) == 0) return deadlockProperty();
     for (const int proposition : {1, 2}) {
       Process& process = net.processes[nets_.upTo(net.processes.size() - 1)];
@@ -101,6 +110,11 @@ class Samples {
   }
 
   SmallNets nets_;
+  MoveKinds kinds_;
 };
+
+// A goal that speaks of what comes after a state: some states have it that engines do not look for,
+// as they lead to others that have it by waiting.
+inline bool asksWhatComes(const Goal& goal) { return asksDeadlock(goal) || asksSafety(goal); }
 
 }  // namespace tpn

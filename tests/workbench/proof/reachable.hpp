@@ -29,7 +29,7 @@ inline std::vector<std::map<int, std::int64_t>> capsOf(const Network& net) {
       std::int64_t& cap = caps[p][location];
       for (const Transition& t : net.transitions)
         for (const Move& m : t.moves)
-          if (m.process == p && m.source == location)
+          if (m.process == p && m.source == location && m.counts)
             cap = std::max({cap, t.interval.earliest, t.interval.latest.value_or(0)});
     }
   }
@@ -92,31 +92,47 @@ class Explorer {
 
   bool isGoal(const Goal& goal, const State& state) const {
     const std::set<int> propositions = propositionsAt(net_, state.locations);
-    return tpn::holds(goal, {propositions, state.locations, isDeadlock(state)});
+    return tpn::holds(goal, {propositions, state.locations, isDeadlock(state), isUnsafe(state)});
+  }
+
+  // At once or after some units a transition is in time, and what it moves to no count is not
+  // there.
+  bool isUnsafe(State state) const {
+    for (;;) {
+      for (const Transition& t : net_.transitions)
+        if (isInTime(t, state) && !mayFire(t, state)) return true;
+      if (!mayWait(state) || later(state) == state) return false;
+      state = later(state);
+    }
   }
 
   // Nothing fires at once or after any number of units.
   bool isDeadlock(State state) const {
     for (;;) {
       for (const Transition& t : net_.transitions)
-        if (mayFire(t, state)) return false;
+        if (isInTime(t, state)) return false;
       if (!mayWait(state) || later(state) == state) return true;
       state = later(state);
     }
   }
 
  private:
+  static bool isThere(const Move& m, const State& s) { return s.locations[m.process] == m.source; }
   static bool enabled(const Transition& t, const State& s) {
     return std::all_of(t.moves.begin(), t.moves.end(),
-                       [&](const Move& m) { return s.locations[m.process] == m.source; });
+                       [&](const Move& m) { return !m.counts || isThere(m, s); });
   }
   static bool allReached(const Transition& t, const State& s, std::int64_t units) {
     return std::all_of(t.moves.begin(), t.moves.end(),
-                       [&](const Move& m) { return s.clocks[m.process] >= units; });
+                       [&](const Move& m) { return !m.counts || s.clocks[m.process] >= units; });
   }
-  static bool mayFire(const Transition& t, const State& s) {
+  static bool isInTime(const Transition& t, const State& s) {
     if (!enabled(t, s) || !allReached(t, s, t.interval.earliest)) return false;
     return !t.interval.latest || !allReached(t, s, *t.interval.latest + 1);
+  }
+  static bool mayFire(const Transition& t, const State& s) {
+    return isInTime(t, s) && std::all_of(t.moves.begin(), t.moves.end(),
+                                         [&](const Move& m) { return isThere(m, s); });
   }
   bool mayWait(const State& s) const {
     return std::none_of(net_.transitions.begin(), net_.transitions.end(), [&](const auto& t) {
@@ -131,7 +147,7 @@ class Explorer {
   static State fired(const Transition& t, State s) {
     for (const Move& m : t.moves) {
       s.locations[m.process] = m.target;
-      s.clocks[m.process] = 0;
+      if (m.resets) s.clocks[m.process] = 0;
     }
     return s;
   }

@@ -9,8 +9,8 @@
 namespace tpn {
 namespace {
 
-void expectRight(unsigned seed, int count, const Proving& how) {
-  Samples samples(seed);
+void expectRight(unsigned seed, int count, const Proving& how, MoveKinds kinds = MoveKinds::plain) {
+  Samples samples(seed, kinds);
   int never = 0;
   for (int i = 0; i < count; ++i) {
     const Sample s = samples.next();
@@ -22,6 +22,14 @@ void expectRight(unsigned seed, int count, const Proving& how) {
 }
 
 TEST(Prover, AnswersRightOnRandomNetworks) { expectRight(1, 300, {}); }
+
+TEST(Prover, AnswersRightWhereMovesNeedNotCountOrReset) {
+  Proving how;
+  expectRight(5, 300, how, MoveKinds::all);
+  how.delays = {1, 2, 4};
+  how.invariants = false;
+  expectRight(6, 150, how, MoveKinds::all);
+}
 
 TEST(Prover, AnswersRightWithoutPlaceInvariants) {
   Proving how;

@@ -7,6 +7,7 @@
 #include "tests/workbench/proof/randomproofs.hpp"
 #include "workbench/machine/linearclauses.hpp"
 #include "workbench/proof/checker.hpp"
+#include "workbench/proof/statement.hpp"
 #include "workbench/prover/certify.hpp"
 #include "workbench/runs/replay.hpp"
 #include "workbench/runs/schedule.hpp"
@@ -50,14 +51,14 @@ inline std::string wrong(const Sample& s, const Proved& answer) {
   if (result.answer == ProverResult::undecided) return "undecided";
   if ((result.answer == ProverResult::unreachable) != s.never) return "another answer";
   if (s.never) return recheck(s.net, s.goal, answer.certificate, {}).complaint;
-  const auto run = schedule(s.net, result.transitions, result.transitions.size());
-  if (!run) return "transitions that cannot fire one after the other";
-  if (!asksDeadlock(s.goal)) return replay(s.net, s.goal, *run).complaint;
-  Replay replayed = unmoved(s.net);
-  for (const Step& step : run->steps)
-    if (const std::string complaint = extend(s.net, step, replayed); !complaint.empty())
-      return complaint;
-  return "";
+  Run run{{}, result.transitions.size()};
+  for (std::size_t i = 0; i < run.goal; ++i)
+    run.steps.push_back({Rational(result.delays[i] * unitOfTime(s.net)), result.transitions[i]});
+  const std::string complaint = replay(s.net, s.goal, run).complaint;
+  if (!complaint.empty() || asksWhatComes(s.goal)) return complaint;
+  const auto earliest = schedule(s.net, result.transitions, run.goal);
+  return earliest ? replay(s.net, s.goal, *earliest).complaint
+                  : "transitions that cannot fire one after the other";
 }
 
 }  // namespace tpn

@@ -100,8 +100,10 @@ std::int64_t numberOfStates(const Machine& machine) {
   return product;
 }
 
-TEST(Steps, LeadIntoACubeFromWhereTheStatesSay) {
-  Samples samples(1);
+class StepsInto : public testing::TestWithParam<MoveKinds> {};
+
+TEST_P(StepsInto, ACubeLeadFromWhereTheStatesSay) {
+  Samples samples(1, GetParam());
   int yes = 0;
   int no = 0;
   for (int i = 0; i < 150; ++i) {
@@ -118,6 +120,8 @@ TEST(Steps, LeadIntoACubeFromWhereTheStatesSay) {
   EXPECT_GT(yes, 100);
   EXPECT_GT(no, 100);
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, StepsInto, testing::Values(MoveKinds::plain, MoveKinds::all));
 
 }  // namespace
 }  // namespace tpn

@@ -8,8 +8,8 @@
 namespace tpn {
 namespace {
 
-void expectRight(unsigned seed, const Proving& how) {
-  Samples samples(seed);
+void expectRight(unsigned seed, const Proving& how, MoveKinds kinds = MoveKinds::plain) {
+  Samples samples(seed, kinds);
   for (int i = 0; i < 100; ++i) {
     const Sample s = samples.nextSymmetric();
     EXPECT_EQ(wrong(s, proved(s.net, s.goal, how)), "") << "network " << i;
@@ -17,6 +17,10 @@ void expectRight(unsigned seed, const Proving& how) {
 }
 
 TEST(ProverWithSymmetry, AnswersRight) { expectRight(1, {}); }
+
+TEST(ProverWithSymmetry, AnswersRightWhereMovesNeedNotCountOrReset) {
+  expectRight(3, {}, MoveKinds::all);
+}
 
 TEST(ProverWithSymmetry, GivesItUpWhereOrbitsMayHaveOneClauseOnly) {
   Proving how;

@@ -26,6 +26,12 @@ inline State initial(const Network& net) {
 
 inline bool enabled(const Transition& t, const State& s) {
   for (const Move& move : t.moves)
+    if (move.counts && s.locations[move.process] != move.source) return false;
+  return true;
+}
+
+inline bool isFree(const Transition& t, const State& s) {
+  for (const Move& move : t.moves)
     if (s.locations[move.process] != move.source) return false;
   return true;
 }
@@ -33,13 +39,13 @@ inline bool enabled(const Transition& t, const State& s) {
 inline bool oneInTime(const Transition& t, const State& s) {
   if (!t.interval.latest) return true;
   for (const Move& move : t.moves)
-    if (s.clocks[move.process] <= *t.interval.latest * perUnit) return true;
+    if (move.counts && s.clocks[move.process] <= *t.interval.latest * perUnit) return true;
   return false;
 }
 
 inline bool allRipe(const Transition& t, const State& s) {
   for (const Move& move : t.moves)
-    if (s.clocks[move.process] < t.interval.earliest * perUnit) return false;
+    if (move.counts && s.clocks[move.process] < t.interval.earliest * perUnit) return false;
   return true;
 }
 
@@ -55,11 +61,16 @@ inline bool wait(const Network& net, State& s) {
   return allowed(net, s);
 }
 
+// As far as moves that count say.
+inline bool isInTime(const Transition& t, const State& s) {
+  return enabled(t, s) && allRipe(t, s) && oneInTime(t, s);
+}
+
 inline bool fire(const Transition& t, State& s) {
-  if (!enabled(t, s) || !allRipe(t, s) || !oneInTime(t, s)) return false;
+  if (!isInTime(t, s) || !isFree(t, s)) return false;
   for (const Move& move : t.moves) {
     s.locations[move.process] = move.target;
-    s.clocks[move.process] = 0;
+    if (move.resets) s.clocks[move.process] = 0;
   }
   return true;
 }

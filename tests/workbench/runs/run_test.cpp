@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <optional>
 #include <set>
 
 #include "tests/workbench/network/smallnets.hpp"
 #include "tests/workbench/runs/gridmodel.hpp"
+#include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
 
 namespace tpn {
@@ -24,9 +26,10 @@ bool operator==(const TimedState& a, const TimedState& b) {
 // Calls `look` with many networks and states that can be reached in them.
 template <class Look>
 void everywhere(Look look) {
-  SmallNets nets(1);
-  for (int i = 0; i < networks; ++i) {
-    const Network net = nets.next();
+  SmallNets plain(1);
+  SmallNets all(4, MoveKinds::all);
+  for (int i = 0; i < 2 * networks; ++i) {
+    const Network net = (i < networks ? plain : all).next();
     std::vector<grid::State> states = grid::reachable(net, 3, SmallNets::largest + 1);
     if (states.size() > statesEach) states.erase(states.begin(), states.end() - statesEach);
     for (const grid::State& state : states) look(net, state);
@@ -95,6 +98,31 @@ TEST(Run, AdvancesAsTheModelDoes) {
       }
   });
   EXPECT_GT(taken, 1000);
+}
+
+// The network does not say what happens where a process is in the way of one that is in time.
+TEST(Run, CollidesAndEndsWhereTheModelDoes) {
+  int ends = 0;
+  int collisions = 0;
+  everywhere([&](const Network& net, const grid::State& from) {
+    bool ended = true;
+    std::optional<int> first;
+    grid::State s = from;
+    for (int delay = 0; delay <= farAhead && (delay == 0 || grid::wait(net, s)); ++delay)
+      for (const Transition& t : net.transitions) {
+        if (!grid::isInTime(t, s)) continue;
+        ended = false;
+        if (!grid::isFree(t, s) && !first) first = delay;
+      }
+    ASSERT_EQ(isDeadEnd(net, grid::timed(from)), ended);
+    const auto found = collision(net, grid::timed(from));
+    ASSERT_EQ(found.has_value(), first.has_value());
+    if (found) ASSERT_GE(found->delay, Rational(*first, grid::perUnit));
+    ends += ended ? 1 : 0;
+    collisions += found ? 1 : 0;
+  });
+  EXPECT_GT(ends, 100);
+  EXPECT_GT(collisions, 100);
 }
 
 // ---- replay
@@ -179,6 +207,35 @@ TEST(Replay, LooksAtTheProcessThatMovedLast) {
             "step 3: transition 3 fires too early: one of its clocks is at 1/2 and has to reach 1");
   EXPECT_EQ(complaint({{{1, 0}, {2, 1}, {3, 2}}, 1}, seven, net),
             "step 3: transition 3 fires too late: its clocks are at 3 or more, past 2");
+}
+
+// A place that holds a token already is in the way of a transition that would put one there: that
+// is what happens after 5, not after 3.
+TEST(Replay, TellsWhatIsInTheWay) {
+  Network net;
+  net.processes = {{{0, 1}, {}}, {{0, 1}, {}}};
+  net.transitions = {{{0, 3}, {{1, 0, 1}}}, {{5, 6}, {{0, 0, 1}, {1, 0, 1, false}}}};
+  const Property unsafe = orUnsafe({"F", {{PropertyItem::falsity}}});
+  EXPECT_EQ(complaint({{{3, 0}}, 1}, unsafe, net), "");
+  EXPECT_EQ(complaint({{}, 0}, unsafe, net), "the property does not hold after 0 steps");
+  EXPECT_EQ(complaint({{{3, 0}, {2, 1}}, 1}, unsafe, net),
+            "step 2: transition 2 is blocked: process 2 is in location 1, not 0");
+  const auto found = collision(net, {{0, 1}, {4, 0}});
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->transition, 1U);
+  EXPECT_EQ(found->delay, Rational(1));
+  EXPECT_EQ(found->move.process, 1U);
+  EXPECT_FALSE(collision(net, {{0, 1}, {7, 0}}));
+}
+
+// Reading does not set a clock to 0; a clock that is not read makes nothing wait.
+TEST(Replay, KeepsClocksThatAreOnlyRead) {
+  Network net;
+  net.processes = {{{0, 1}, {}}, {{0, 1}, {}}};
+  net.transitions = {{{1, 1}, {{0, 0, 0}, {1, 0, 0, true, false}}}, {{3, 3}, {{1, 0, 1}}}};
+  const Replay read = replay(net, {"T", {{PropertyItem::truth}}}, {{{1, 0}, {1, 0}, {1, 1}}, 3});
+  EXPECT_EQ(read.complaint, "");
+  EXPECT_TRUE(read.states[2] == (TimedState{{0, 0}, {0, 2}}));
 }
 
 TEST(Replay, ComplainsOfTimesThatDoNotFit) {

@@ -20,13 +20,17 @@ std::string wrong(const Sample& s, std::int64_t unaryLimit) {
   return reached ? replay(s.net, s.goal, *verdict.run).complaint : "";
 }
 
-TEST(Goals, AreReachedWhereAStateHasThem) {
-  Samples samples(77);
+class Goals : public testing::TestWithParam<MoveKinds> {};
+
+TEST_P(Goals, AreReachedWhereAStateHasThem) {
+  Samples samples(77, GetParam());
   for (int i = 0; i < 400; ++i) {
     const Sample s = i % 4 == 0 ? samples.nextSymmetric() : samples.next();
     EXPECT_EQ(wrong(s, i % 2 == 0 ? 64 : 1), "") << "network " << i;
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, Goals, testing::Values(MoveKinds::plain, MoveKinds::all));
 
 }  // namespace
 
