@@ -71,8 +71,16 @@ class ProgressLine {
 
 std::atomic<bool> stopped{false};
 
+// What the run leads to.
+Goal shownGoal(const Goal& goal, const Answer& v) {
+  if (v.kind != Answer::unsafe) return withoutSafety(goal);
+  Goal unsafe{"unsafe", {}, 1};
+  unsafe.items.emplace_back().kind = PropertyItem::unsafe;
+  return unsafe;
+}
+
 int answer(const Arguments& a, const Asked& asked, const Answer& v) {
-  const Inputs q{asked.net, asked.goal};
+  const Inputs q{asked.net, shownGoal(asked.goal, v)};
   std::string text = a.views.shows("json") ? answerJson(q, v) : headline(v);
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
@@ -132,8 +140,8 @@ Answer searched(const Arguments& a, const Asked& asked) {
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
   try {
-    const bool tooLarge =
-        a.engine == Engine::both && !a.deadlock && !a.shortest && !suitsEngines(asked.net);
+    const bool tooLarge = a.engine == Engine::both && !a.deadlock && !a.shortest &&
+                          !suitsEngines(asked.net) && hasPlainMoves(asked.net);
     Answer found =
         a.asksByBounds() || tooLarge ? byBounds(a, asked, report) : byEngines(a, asked, report);
     progress.clear();

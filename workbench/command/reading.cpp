@@ -14,6 +14,11 @@ namespace {
 
 void complain(const Diagnostics& diagnostics) { std::cerr << findingsText(diagnostics); }
 
+Asked asked(Network net, Property property) {
+  const bool maybe = mayBeUnsafe(net);
+  return {std::move(net), maybe ? orUnsafe(std::move(property)) : std::move(property)};
+}
+
 }  // namespace
 
 void addNet(CLI::App& app, Files& files) {
@@ -77,11 +82,11 @@ std::optional<Asked> askedOf(const Files& files) {
   if (files.asks()) {
     std::optional<Inputs> inputs = inputsOf(files);
     if (!inputs) return std::nullopt;
-    return Asked{std::move(inputs->net), std::move(inputs->property)};
+    return asked(std::move(inputs->net), std::move(inputs->property));
   }
   std::optional<Network> net = networkOf(files);
   if (!net) return std::nullopt;
-  return Asked{std::move(*net), deadlockProperty()};
+  return asked(std::move(*net), deadlockProperty());
 }
 
 }  // namespace tpn

@@ -28,6 +28,7 @@ struct Inputs {
   Property property;
 };
 
+// The goal of a net that may be unsafe is the property, or that it is.
 struct Asked {
   Network net;
   Goal goal;

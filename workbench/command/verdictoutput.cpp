@@ -13,6 +13,7 @@ using Json = nlohmann::ordered_json;
 
 const char* nameOf(Answer::Kind kind) {
   if (kind == Answer::reachable) return "reachable";
+  if (kind == Answer::unsafe) return "unsafe";
   return kind == Answer::unreachable ? "unreachable" : "undecided";
 }
 
