@@ -3,8 +3,8 @@
 // The automata are not connected, so dot can lay out each alone and pack them into an array. (It
 // forgets edge labels then, in version 2.43; labels are nodes here for better reasons as well.)
 
+#include <compare>
 #include <map>
-#include <tuple>
 #include <utility>
 
 #include "workbench/base/printable.hpp"
@@ -41,15 +41,15 @@ std::string locationDot(const Process& process, std::size_t index, int location,
 }
 
 // Transitions between the same locations share an arrow: those with equal intervals and partners a
-// line, shared ones and others an arrow each.
+// line, shared ones and others an arrow each, and so those that do not count or do not reset.
 struct Arrow {
   int source = 0;
   int target = 0;
   bool shared = false;
+  bool puts = false;   // a token down: the move does not count
+  bool reads = false;  // it does not reset
 
-  friend bool operator<(const Arrow& a, const Arrow& b) {
-    return std::tie(a.source, a.target, a.shared) < std::tie(b.source, b.target, b.shared);
-  }
+  friend auto operator<=>(const Arrow&, const Arrow&) = default;
 };
 struct Caption {
   std::string words;                 // without the numbers
@@ -64,7 +64,7 @@ std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, cons
     const Transition& t = net.transitions[part.transition];
     std::string rest = text(t.interval);
     if (isShared(t)) rest += " with " + partners(t, process, 6);
-    Captions& lines = arrows[{part.source, part.target, isShared(t)}];
+    Captions& lines = arrows[{part.source, part.target, isShared(t), !part.counts, !part.resets}];
     const auto [place, isNew] = places.try_emplace({&lines, rest}, lines.size());
     if (isNew) lines.push_back({rest, {}});
     lines[place->second].numbers.push_back(std::to_string(number(part.transition)));
@@ -73,7 +73,8 @@ std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, cons
 }
 
 // The words of an arrow are a node in its middle: so they stay clear of everything else, and two
-// arrows in opposite directions stay two. Black where processes share them, as in pictures of runs.
+// arrows in opposite directions stay two. Black where processes share them, as in pictures of runs;
+// dashed where a token is only read, dotted where one is put down.
 std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& lines) {
   constexpr std::size_t mostLines = 12;
   std::vector<std::string> words;
@@ -81,9 +82,14 @@ std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& li
     words.push_back(shortened(line.numbers, ", ", 8) + "  " + line.words);
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);
-  const std::string middle = node(process, source + "_" + target + (arrow.shared ? "_shared" : ""));
+  const std::string middle =
+      node(process, source + "_" + target + (arrow.shared ? "_shared" : "") +
+                        (arrow.puts ? "_puts" : "") + (arrow.reads ? "_reads" : ""));
   const std::string stroke =
-      arrow.shared ? " [penwidth=2, color=\"#222222\"" : " [color=\"#666666\"";
+      std::string(arrow.shared ? " [penwidth=2, color=\"#222222\"" : " [color=\"#666666\"") +
+      (arrow.puts    ? ", style=dotted"
+       : arrow.reads ? ", style=dashed"
+                     : "");
   return "    " + middle + " [class=\"" + (arrow.shared ? "shared" : "local") + "\", label=\"" +
          shortened(words, "\\l", mostLines) + "\\l\", shape=box, style=\"rounded,filled\", " +
          (arrow.shared ? "fillcolor=\"#222222\", fontcolor=\"#ffffff\""

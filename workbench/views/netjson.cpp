@@ -14,9 +14,7 @@ Json orNull(const std::optional<std::int64_t>& value) { return value ? Json(*val
 
 Json transitionJson(const Transition& t, std::size_t index) {
   Json moves = Json::array();
-  for (const Move& move : t.moves)
-    moves.push_back(
-        {{"process", number(move.process)}, {"from", move.source}, {"to", move.target}});
+  for (const Move& move : t.moves) moves.push_back(moveJson(move));
   return {{"number", number(index)},
           {"earliest", t.interval.earliest},
           {"latest", orNull(t.interval.latest)},

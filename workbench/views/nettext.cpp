@@ -73,6 +73,8 @@ std::string moveText(const Network& net, std::size_t process, const Part& part,
   std::string line = "    " + padded(std::to_string(number(part.transition)), digits) + "  " +
                      interval + std::string(widths.interval - interval.size(), ' ') + "  -> " +
                      padded(std::to_string(part.target), widths.target);
+  if (!part.resets) line += ", only read";
+  if (!part.counts) line += ", a token put down";
   if (isShared(t)) line += "  with " + partners(t, process, 16);
   return line + "\n";
 }

@@ -27,9 +27,7 @@ Json stateJson(const Network& net, const Property& property, const TimedState& s
 
 Json stepJson(const Network& net, const Step& step, const Rational& time) {
   Json moves = Json::array();
-  for (const Move& move : net.transitions[step.transition].moves)
-    moves.push_back(
-        {{"process", number(move.process)}, {"from", move.source}, {"to", move.target}});
+  for (const Move& move : net.transitions[step.transition].moves) moves.push_back(moveJson(move));
   return {{"delay", json(step.delay)},
           {"time", json(time)},
           {"transition", number(step.transition)},

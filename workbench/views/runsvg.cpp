@@ -153,7 +153,7 @@ std::string Picture::lane(std::size_t process) const {
   std::size_t from = 0;
   for (std::size_t i = 0; i < run_.steps.size(); ++i)
     for (const Move& move : fired(i).moves)
-      if (move.process == process) {
+      if (move.process == process && move.resets) {
         bars += bar(process, from, i);
         from = i + 1;
       }
@@ -184,7 +184,8 @@ std::string Picture::bar(std::size_t process, std::size_t from, std::size_t to) 
   return result + "</g>\n";
 }
 
-// Its number above the lanes, the transition's above the first process, dots on all that move.
+// Its number above the lanes, the transition's above the first process, dots on all that move,
+// rings on those that are only read.
 std::string Picture::step(std::size_t step) const {
   const Transition& transition = fired(step);
   const bool shared = transition.moves.size() > 1;
@@ -211,7 +212,8 @@ std::string Picture::step(std::size_t step) const {
                   attribute("style", std::string("fill: ") + (shared ? "#fff" : "#222")));
   for (const Move& move : transition.moves)
     result += "<circle" + attribute("cx", x) + attribute("cy", middle(move.process)) +
-              attribute("r", 4) + attribute("fill", "#222") + attribute("stroke", "#fff") + "/>\n";
+              attribute("r", 4) + attribute("fill", move.resets ? "#222" : "#fff") +
+              attribute("stroke", move.resets ? "#fff" : "#222") + "/>\n";
   return result + "</g>\n";
 }
 

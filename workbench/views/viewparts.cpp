@@ -3,6 +3,7 @@
 #include <array>
 #include <cassert>
 #include <iterator>
+#include <nlohmann/json.hpp>
 
 #include "workbench/base/printable.hpp"
 
@@ -29,8 +30,15 @@ std::vector<Parts> partsByProcess(const Network& net) {
   std::vector<Parts> parts(net.processes.size());
   for (std::size_t t = 0; t < net.transitions.size(); ++t)
     for (const Move& move : net.transitions[t].moves)
-      parts[move.process].push_back({t, move.source, move.target});
+      parts[move.process].push_back({t, move.source, move.target, move.counts, move.resets});
   return parts;
+}
+
+Json moveJson(const Move& move) {
+  Json json{{"process", number(move.process)}, {"from", move.source}, {"to", move.target}};
+  if (!move.counts) json["counts"] = false;
+  if (!move.resets) json["resets"] = false;
+  return json;
 }
 
 bool isShared(const Transition& t) { return t.moves.size() > 1; }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/json.hpp"
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 #include "workbench/runs/replay.hpp"
@@ -27,9 +28,14 @@ struct Part {
   std::size_t transition = 0;  // index
   int source = 0;
   int target = 0;
+  bool counts = true;
+  bool resets = true;
 };
 using Parts = std::vector<Part>;
 std::vector<Parts> partsByProcess(const Network& net);  // [process], by transition
+
+// Of a transition's move; that it does not count, or does not reset, only where that is so.
+Json moveJson(const Move& move);
 
 bool isShared(const Transition& t);  // of more than one process
 const std::set<int>& labelsAt(const Process& process, int location);

@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
 #include "workbench/views/views.hpp"
 #include "workbench/walking/walkcommands.hpp"
@@ -58,9 +59,12 @@ std::string delaysText(const std::optional<Window>& delays) {
 
 std::string movesText(const Transition& t) {
   std::string text;
-  for (const Move& move : t.moves)
-    text += (text.empty() ? "" : ", ") + ("process " + std::to_string(number(move.process))) +
-            ": " + std::to_string(move.source) + " -> " + std::to_string(move.target);
+  for (const Move& move : t.moves) {
+    text += (text.empty() ? "" : ", ") + ("process " + std::to_string(number(move.process))) + ": ";
+    if (!move.resets) text += "reads ";
+    text += std::to_string(move.source);
+    if (move.resets) text += " -> " + std::to_string(move.target);
+  }
   return text;
 }
 
@@ -218,7 +222,10 @@ std::string stuck(const Network& net, const TimedState& state) {
   if (std::any_of(all.begin(), all.end(), fires)) return "";
   if (std::none_of(net.transitions.begin(), net.transitions.end(), isEnabled))
     return "stuck: no transition is enabled";
-  // A transition that is enabled and cannot fire is kept from it by a latest time.
+  if (const auto found = collision(net, state))
+    return "stuck: transition " + transitionName(net, found->transition) +
+           " would put a second token on " + processName(net, found->move.process);
+  // Any other that is enabled and cannot fire is kept from it by a latest time.
   const auto longest = longestDelay(net, state);
   assert(longest);
   return "stuck: time stops after " + longest->text() + ", and no transition can fire until then";
