@@ -30,7 +30,8 @@ const Goal full{"p5", {{PropertyItem::proposition, 5}}};
 
 Answer answer(const Network& net, const Goal& goal, Engine engine) {
   const std::atomic<bool> stop{false};
-  Watch watch(std::nullopt, stop, {});
+  const Watch::Report none;
+  Watch watch(std::nullopt, stop, none);
   EngineOptions options;
   options.engine = engine;
   if (engine == Engine::bounded) options.maxTransitions = 6;
@@ -83,9 +84,10 @@ INSTANTIATE_TEST_SUITE_P(Engines, Unsafety,
 
 TEST(ClauseFiles, CannotSayWhatSuchNetsDo) {
   const std::atomic<bool> stop{false};
+  const Watch::Report none;
   const auto refusal = [&](const Network& net) -> std::string {
     try {
-      check(net, full, {}, stop, {});
+      check(net, full, {}, stop, none);
     } catch (const std::runtime_error& e) {
       return e.what();
     }
