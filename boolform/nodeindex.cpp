@@ -7,20 +7,17 @@
 namespace {
 
 constexpr std::size_t smallestCapacity = 1024;
-// Measured on Fischer's protocol with 3, 8 and 16 processes: half or four times as many slots a
-// variable cost up to a third of the speed.
-constexpr std::size_t slotsPerVariable = 8;
-// Four to sixteen are equally fast, on paths and on properties.
-constexpr int nearProbes = 8;
-constexpr std::size_t slotsPerNode = 2;
 
-bool fits(std::size_t count, std::size_t capacity) { return slotsPerNode * count <= capacity; }
+std::size_t sizeOf(int nr) {
+  const auto bits = static_cast<std::uint32_t>(nr);
+  return nr < 0 ? 0U - bits : bits;
+}
 
-}  // namespace
+std::size_t larger(const Triple& key) { return std::max(sizeOf(key.left), sizeOf(key.right)); }
 
 // Multiplicative hash; its high bits are the good ones, for the low bits of a product know only the
 // low bits of its factors.
-std::uint64_t NodeIndex::hash(const Triple& key) const {
+std::uint64_t hash(const Triple& key) {
   const auto left = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.left));
   const auto right = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.right));
   const auto op = static_cast<std::uint64_t>(static_cast<std::uint32_t>(key.op));
@@ -28,50 +25,104 @@ std::uint64_t NodeIndex::hash(const Triple& key) const {
   return (mixed ^ mixed >> 29) * 0xBF58476D1CE4E5B9ULL;
 }
 
-// Where the larger operand is the i-th node: the place of i when all nodes are spread evenly. Where
-// it is a variable: a place that grows with its number.
-std::size_t NodeIndex::near(const Triple& key) const {
-  const auto size = [](int nr) {
-    const auto bits = static_cast<std::uint32_t>(nr);
-    return nr < 0 ? 0U - bits : bits;
-  };
-  const std::size_t larger = std::max(size(key.left), size(key.right));
-  return slotsPerNode * (larger >= firstNr ? larger - firstNr : larger * slotsPerVariable);
+bool fits(std::size_t count, std::size_t capacity) { return 2 * count <= capacity; }
+
+const Triple& nodeOf(int nr, const std::vector<Triple>& nodes) {
+  return nodes[static_cast<std::size_t>(nr - firstNodeNr)];
 }
 
-template <class Holds>
-std::size_t NodeIndex::probe(const Triple& key, Holds holds) const {
+int& placeIn(std::vector<int>& uses, std::size_t i) {
+  if (i >= uses.size()) uses.resize(i + i / 2 + smallestCapacity);
+  return uses[i];
+}
+
+}  // namespace
+
+bool NodeIndex::LeftOut::has(std::size_t i, const std::vector<Triple>& nodes) const {
+  return begin <= i && i < end && larger(nodes[i]) >= firstNr + begin;
+}
+
+// Null for a copy, which has no place.
+int* NodeIndex::firstUse(std::size_t operand, const std::vector<Triple>& nodes) {
+  if (operand < firstNr) return &placeIn(variableUses_, operand);
+  std::size_t i = operand - firstNr;
+  assert(i < nodes.size());
+  if (i >= copies_.begin() + copies_.size())
+    i -= copies_.size();
+  else if (i >= copies_.begin() && copies_.size() > 0)
+    return nullptr;
+  return &placeIn(nodeUses_, i);
+}
+
+std::size_t NodeIndex::firstSlot(const Triple& key) const {
+  return hash(key) >> (64 - std::countr_zero(slots_.size()));
+}
+
+// The slot that holds the key, or the free one where it belongs.
+std::size_t NodeIndex::slotOf(const Triple& key, const std::vector<Triple>& nodes) const {
   const std::size_t mask = slots_.size() - 1;
-  const std::uint64_t h = hash(key);
-  std::size_t at = near(key) + (h & 3U);
-  for (int i = 0; i < nearProbes; ++i, ++at)
-    if (holds(slots_[at & mask])) return at & mask;
-  // The low bits of the hash, made odd, as the step: it takes the search to every slot.
-  for (at = static_cast<std::size_t>(h >> shift_); !holds(slots_[at]);) at = (at + (h | 1U)) & mask;
+  std::size_t at = firstSlot(key);
+  while (slots_[at] != 0 && nodeOf(slots_[at], nodes) != key) at = (at + 1) & mask;
   return at;
 }
 
-int& NodeIndex::slot(const Triple& key, const std::vector<Triple>& nodes) {
-  const std::size_t taken = nodes.size() - copies_.size();
-  if (!fits(taken + 1, slots_.size())) reserve(taken + 1, nodes);
-  const auto slotOf = [&](const Triple& wanted) -> int& {
-    return slots_[probe(wanted, [&](int nr) {
-      return nr == 0 || nodes[static_cast<std::size_t>(nr - firstNr)] == wanted;
-    })];
-  };
-  int& slot = slotOf(key);
-  if (slot == 0) copyNr_ = copies_.find(key, slotOf);
-  return slot == 0 && copyNr_ != 0 ? copyNr_ : slot;
+NodeIndex::Place NodeIndex::find(const Triple& key, const std::vector<Triple>& nodes) {
+  if (!leftOut_.empty()) takeUp(larger(key), nodes);
+  int* first = firstUse(larger(key), nodes);
+  if (first != nullptr && (*first == 0 || nodeOf(*first, nodes) == key)) return {first, false};
+  return {&slots_[slotOf(key, nodes)], true};
 }
 
-std::size_t NodeIndex::searchLength(const Triple& key, const std::vector<Triple>& nodes) const {
-  std::size_t length = 0;
-  if (!slots_.empty())
-    probe(key, [&](int nr) {
-      ++length;
-      return nr == 0 || nodes[static_cast<std::size_t>(nr - firstNr)] == key;
-    });
-  return length;
+int& NodeIndex::slot(const Triple& key, const std::vector<Triple>& nodes) {
+  if (!fits(taken_ + 1, slots_.size())) grow(nodes);
+  Place place = find(key, nodes);
+  if (*place.number != 0) return *place.number;
+  if (copies_.size() > 0) {
+    copyNr_ = copies_.find(key, [&](const Triple& moved) { return *find(moved, nodes).number; });
+    if (copyNr_ != 0) return copyNr_;
+    place = find(key, nodes);  // places may have been moved
+  }
+  if (place.isSlot) ++taken_;
+  return *place.number;
+}
+
+void NodeIndex::leaveOut(std::size_t begin, const std::vector<Triple>& nodes) {
+  if (begin < nodes.size()) leftOut_.push_back({begin, nodes.size()});
+}
+
+// Places for the nodes that were left out together with this operand.
+void NodeIndex::takeUp(std::size_t operand, const std::vector<Triple>& nodes) {
+  const bool isNewest = operand + 1 == firstNr + nodes.size();
+  if (isNewest || operand < firstNr + leftOut_.front().begin) return;
+  const std::size_t i = operand - firstNr;
+  const auto found = std::partition_point(leftOut_.begin(), leftOut_.end(),
+                                          [=](const LeftOut& range) { return range.end <= i; });
+  if (found == leftOut_.end() || i < found->begin) return;
+  while (!fits(taken_ + found->end - found->begin, slots_.size())) grow(nodes);
+  const LeftOut range = *found;
+  leftOut_.erase(found);
+  for (std::size_t j = range.begin; j < range.end; ++j)
+    if (range.has(j, nodes)) add(j, nodes);
+}
+
+// Gives nodes[i], which nothing holds yet, its place, or a slot.
+void NodeIndex::add(std::size_t i, const std::vector<Triple>& nodes) {
+  const int nr = firstNr + static_cast<int>(i);
+  int* first = firstUse(larger(nodes[i]), nodes);
+  if (first != nullptr && (*first == 0 || *first == nr)) {
+    *first = nr;
+    return;
+  }
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = firstSlot(nodes[i]);
+  while (slots_[at] != 0) at = (at + 1) & mask;
+  slots_[at] = nr;
+  ++taken_;
+}
+
+std::size_t NodeIndex::searchLength(const Triple& key, const std::vector<Triple>& nodes) {
+  if (slots_.empty() || !find(key, nodes).isSlot) return 0;
+  return ((slotOf(key, nodes) - firstSlot(key)) & (slots_.size() - 1)) + 1;
 }
 
 void NodeIndex::know(const Repetition& copies) {
@@ -79,21 +130,16 @@ void NodeIndex::know(const Repetition& copies) {
   copies_ = copies;
 }
 
-void NodeIndex::reserve(std::size_t count, const std::vector<Triple>& nodes) {
-  std::size_t capacity = std::max(smallestCapacity, slots_.size());
-  while (!fits(count, capacity)) capacity *= 2;
-  if (capacity != slots_.size()) rebuild(capacity, nodes);
-}
-
-void NodeIndex::rebuild(std::size_t capacity, const std::vector<Triple>& nodes) {
-  slots_.clear();
-  slots_.shrink_to_fit();  // old and new table never stand in memory together
+void NodeIndex::grow(const std::vector<Triple>& nodes) {
+  const std::size_t capacity = std::max(smallestCapacity, 2 * slots_.size());
+  std::vector<int>().swap(slots_);  // old and new table never stand in memory together
   slots_.resize(capacity, 0);
-  shift_ = 64 - std::countr_zero(capacity);
+  taken_ = 0;
+  auto out = leftOut_.begin();
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     if (i == copies_.begin()) i += copies_.size();
     if (i == nodes.size()) break;
-    // Keys are distinct: the first free slot is the place.
-    slots_[probe(nodes[i], [](int taken) { return taken == 0; })] = firstNr + static_cast<int>(i);
+    while (out != leftOut_.end() && out->end <= i) ++out;
+    if (out == leftOut_.end() || !out->has(i, nodes)) add(i, nodes);
   }
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <random>
 #include <set>
@@ -36,21 +37,28 @@ struct Model {
   }
 };
 
-// Pairs of neighbours as chains give them, small numbers that repeat, and the whole range.
-Triple randomKey(std::mt19937& random) {
+// Pairs of neighbours as chains give them, small numbers that repeat, and any variables and nodes.
+Triple randomKey(std::mt19937& random, int nodes) {
   const auto upTo = [&](int limit) {
     return std::uniform_int_distribution<int>(-limit, limit)(random);
   };
+  const auto literal = [&] {
+    if (nodes == 0 || random() % 2 == 0) return upTo(varNrLimit);
+    const int n = varNrLimit + 1 + std::abs(upTo(nodes - 1));
+    return random() % 2 == 0 ? n : -n;
+  };
   const int op = random() % 2 == 0 ? bfCon : bfEqu;
-  switch (random() % 3) {
+  switch (nodes < 2 ? 1 : random() % 3) {
     case 0: {
-      const int n = NodeIndex::firstNr + upTo(1 << 14);
+      const int n = varNrLimit + 1 + std::abs(upTo(nodes - 2));
       return {op, n, n + 1};
     }
     case 1:
       return {op, upTo(30), upTo(30)};
-    default:
-      return {op, upTo(std::numeric_limits<int>::max()), upTo(std::numeric_limits<int>::max())};
+    default: {
+      const int left = literal();
+      return {op, left, literal()};
+    }
   }
 }
 
@@ -58,7 +66,8 @@ constexpr int manyKeys = 60000;
 
 void useRandomKeys(Model& model, unsigned seed) {
   std::mt19937 random(seed);
-  for (int i = 0; i < manyKeys; ++i) ASSERT_NO_FATAL_FAILURE(model.use(randomKey(random)));
+  for (int i = 0; i < manyKeys; ++i)
+    ASSERT_NO_FATAL_FAILURE(model.use(randomKey(random, static_cast<int>(model.nodes.size()))));
 }
 
 TEST(NodeIndex, AgreesWithAMapAcrossGrowth) {
@@ -71,54 +80,92 @@ TEST(NodeIndex, AgreesWithAMapAcrossGrowth) {
   }
 }
 
-TEST(NodeIndex, AgreesWithAMapAfterReserving) {
-  Model model;
-  model.index.reserve(manyKeys, model.nodes);
-  useRandomKeys(model, 5);
-  model.expectAllFound();
-}
-
-TEST(NodeIndex, ReservingInBetweenKeepsEveryNode) {
-  Model model;
-  useRandomKeys(model, 6);
-  model.index.reserve(std::size_t{10} * manyKeys, model.nodes);
-  model.expectAllFound();
-  useRandomKeys(model, 7);
-  model.expectAllFound();
-}
-
-TEST(NodeIndex, ReservedIndexDoesNotGrow) {
-  Model model;
-  model.index.reserve(manyKeys, model.nodes);
-  const std::size_t capacity = model.index.capacity();
-  for (int i = 1; i <= manyKeys; ++i) model.use(conKey(-i, i));
-  EXPECT_EQ(model.nodes.size(), static_cast<std::size_t>(manyKeys));
-  EXPECT_EQ(model.index.capacity(), capacity);
-}
-
-TEST(NodeIndex, ReservingLessThanThereIsRoomForChangesNothing) {
-  Model model;
-  model.index.reserve(manyKeys, model.nodes);
-  const std::size_t capacity = model.index.capacity();
-  model.index.reserve(10, model.nodes);
-  EXPECT_EQ(model.index.capacity(), capacity);
-}
+// All with the same larger operand.
+Triple crowdedKey(int i) { return conKey(i, 999999); }
 
 TEST(NodeIndex, CapacityIsAPowerOfTwo) {
-  for (const std::size_t count : {1U, 768U, 769U, 5000U, 100000U}) {
-    NodeIndex index;
-    index.reserve(count, {});
-    EXPECT_EQ(index.capacity() & (index.capacity() - 1), 0U);
-    EXPECT_GE(index.capacity() / 2, count);
+  Model model;
+  for (int i = 1; i <= 10000; ++i) {
+    model.use(crowdedKey(i));
+    ASSERT_EQ(model.index.capacity() & (model.index.capacity() - 1), 0U);
   }
 }
 
 TEST(NodeIndex, HalfOfTheSlotsStayFree) {
   Model model;
   for (int i = 1; i <= 10000; ++i) {
-    model.use(equKey(i, i + 1));
-    ASSERT_LE(model.nodes.size(), model.index.capacity() / 2);
+    model.use(crowdedKey(i));
+    ASSERT_LE(model.nodes.size() - 1, model.index.capacity() / 2);
   }
+  EXPECT_LE(model.index.capacity(), 40000U);
+}
+
+TEST(NodeIndex, FirstUseOfAnOperandTakesNoSlot) {
+  Model model;
+  for (int i = 1; i <= 10000; ++i) {
+    ASSERT_EQ(model.index.searchLength(conKey(i, i + 1), model.nodes), 0U);
+    model.use(conKey(i, i + 1));
+  }
+  EXPECT_LE(model.index.capacity(), 1024U);
+  EXPECT_GT(model.index.searchLength(conKey(1, 10000), model.nodes), 0U);
+}
+
+// Blocks of nodes that are left out, each with nodes of its own between the blocks; a node's larger
+// operand is one of its block.
+struct Blocks {
+  static constexpr int nodes = 50;
+  Model model;
+  std::mt19937 random{1};
+
+  int newest() const { return NodeIndex::firstNr + static_cast<int>(model.nodes.size()) - 1; }
+  int below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
+
+  void add(int count) {
+    for (int i = 0; i < count; ++i) {
+      model.use(conKey(-1 - below(1000), newest()));  // starts the block: asked for
+      const std::size_t begin = model.nodes.size() - 1;
+      for (int n = 1; n < nodes; ++n) leaveOut(static_cast<int>(begin));
+      model.index.leaveOut(begin, model.nodes);
+    }
+  }
+
+ private:
+  void leaveOut(int begin) {
+    const int inner = static_cast<int>(model.nodes.size()) - begin;
+    const Triple key = conKey(-1 - below(1000), NodeIndex::firstNr + begin + below(inner));
+    if (model.expected.count(key) != 0) return;
+    model.nodes.push_back(key);
+    model.expected.emplace(key, newest());
+  }
+};
+
+TEST(NodeIndex, FindsWhatWasLeftOut) {
+  Blocks blocks;
+  blocks.model.use(conKey(1, 2));
+  blocks.add(200);
+  for (int i = 0; i < 5000; ++i) {
+    const int operand = NodeIndex::firstNr + blocks.below(blocks.newest() - NodeIndex::firstNr);
+    ASSERT_NO_FATAL_FAILURE(blocks.model.use(conKey(-1 - blocks.below(1000), operand)));
+  }
+  blocks.add(200);
+  blocks.model.expectAllFound();
+}
+
+TEST(NodeIndex, GrowsPastWhatWasLeftOut) {
+  Blocks blocks;
+  blocks.model.use(conKey(1, 2));
+  blocks.add(100);
+  const std::size_t before = blocks.model.index.capacity();
+  for (int i = 1; i <= 5000; ++i) blocks.model.use(crowdedKey(i));
+  EXPECT_GT(blocks.model.index.capacity(), before);
+  blocks.model.expectAllFound();
+}
+
+TEST(NodeIndex, UseOfTheNewestNodeTakesNothingUp) {
+  Blocks blocks;
+  blocks.model.use(conKey(1, 2));
+  blocks.add(2000);
+  EXPECT_EQ(blocks.model.index.capacity(), 1024U);
 }
 
 // A caller may look a key up and then decline to create the node.
@@ -192,7 +239,7 @@ TEST(NodeIndex, SearchesStayShortWhereOperandsHaveManyUses) {
   expectShortSearches(propertyNodes(30, 80, 10000));
 }
 
-TEST(NodeIndex, SearchesStayShortWhereNearPlacesAreTaken) {
+TEST(NodeIndex, SearchesStayShortInOneLargeProperty) {
   expectShortSearches(propertyNodes(1, 40, 200000));
 }
 
