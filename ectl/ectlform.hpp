@@ -12,7 +12,6 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <memory>
 #include <set>
 #include <string>
@@ -37,7 +36,7 @@ class EctlForm {
   std::string left;              // its left or only operand's text; an atom's own text
   std::string right;             // the right operand's text of "&", "+" and "EU"
   int varNr = 0;
-  std::deque<OnpNode> onp;  // the whole formula, one item a token
+  std::vector<OnpNode> onp;  // the whole formula, one item a token
 
   // Parses `text`. A character that begins no token is never passed: the scan does not end. An
   // operator that lacks an operand throws MissingOperand.

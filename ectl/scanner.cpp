@@ -27,8 +27,10 @@ std::size_t leadingDigits(std::string_view text) {
 
 int leadingNumber(std::string_view text) {
   unsigned value = 0;
-  for (const char digit : text.substr(0, leadingDigits(text)))
-    value = 10 * value + static_cast<unsigned>(digit - '0');
+  for (const char c : text) {
+    if (!isDigit(c)) break;
+    value = 10 * value + static_cast<unsigned>(c - '0');
+  }
   return static_cast<int>(value);
 }
 
@@ -37,16 +39,19 @@ void missingOperand(std::string_view operatorText) {
 }
 
 std::optional<Token> tokenAt(std::string_view text, std::size_t at, Spelling spelling) {
-  const std::string_view starts = spelling == Spelling::tree ? "Tp&+ECD" : "Tp&+E";
+  if (at == text.size()) return std::nullopt;
   const std::string_view rest = text.substr(at);
-  if (rest.empty() || starts.find(rest.front()) == std::string_view::npos) return std::nullopt;
+  const char first = rest.front();
   const EctlOper op = oper(rest);
+  if (op == EctlOper::none && first != 'E') return std::nullopt;
+  if (spelling == Spelling::parser && (first == 'C' || first == 'D')) return std::nullopt;
   Token token{op, 0, rest.substr(0, 1), at + 1};
-  if (op == EctlOper::prop || op == EctlOper::negProp) {
+  if (first == 'p') {
     const std::size_t sign = op == EctlOper::negProp ? 2 : 1;
-    token.arg = leadingNumber(rest.substr(sign));
-    token.text = rest.substr(0, sign + leadingDigits(rest.substr(sign)));
-  } else if (rest.front() == 'E' && op != EctlOper::none) {
+    const std::size_t digits = leadingDigits(rest.substr(sign));
+    token.arg = leadingNumber(rest.substr(sign, digits));
+    token.text = rest.substr(0, sign + digits);
+  } else if (first == 'E' && op != EctlOper::none) {
     token.text = rest.substr(0, 2);
   }
   return token;
