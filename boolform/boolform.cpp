@@ -36,6 +36,12 @@ BoolForm::BoolForm(const BoolForm& l, const BoolForm& r, int op) : nr(falseNr) {
   nr = slot;
 }
 
+int BoolForm::newNode(const Triple& key) {
+  if (maxNr == lastNr) throw NodeNumbersExhausted();
+  tv.push_back(key);
+  return ++maxNr;
+}
+
 void BoolForm::emptyStore() {
   std::vector<Triple>().swap(tv);
   mti = NodeIndex();
@@ -67,12 +73,9 @@ void BoolForm::repeatLast(const Distance& distance, int times) {
 }
 
 BoolForm con(const BoolForm& a, const BoolForm& b) {
-  if (isTrue(a)) return b;
-  if (isFalse(a) || isFalse(b)) return BoolForm(false);
-  if (isTrue(b)) return a;
-  if (a == b) return a;
-  if (a.isNeg(b)) return BoolForm(false);
-  return a.nr < b.nr ? BoolForm(a, b, bfCon) : BoolForm(b, a, bfCon);
+  return BoolForm::ofNr(conjunction(a.nr, b.nr, [](const Triple& key) {
+    return BoolForm(BoolForm::ofNr(key.left), BoolForm::ofNr(key.right), key.op).nr;
+  }));
 }
 
 // No rules of its own: folding the negated operands as a conjunction decides every case the same.

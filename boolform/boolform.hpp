@@ -19,6 +19,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <limits>
 #include <stdexcept>
@@ -44,6 +45,10 @@ class BoolForm {
   // The node (op, l, r), found or created; the key is taken as it stands. con and equ below are the
   // callers that give it canonical operands.
   BoolForm(const BoolForm& l, const BoolForm& r, int op);
+
+  // A new node with this key, which no node may have yet; its number. The caller tells the index:
+  // NodeIndex::leaveOut.
+  static int newNode(const Triple& key);
 
   // The formula with this number; a node number must have been given out.
   static BoolForm ofNr(int number) {
@@ -111,6 +116,17 @@ inline BoolForm neg(const BoolForm& a) {
   if (a.nr == BoolForm::falseNr) return BoolForm(true);
   if (a.nr == BoolForm::trueNr) return BoolForm(false);
   return BoolForm::ofNr(-a.nr);
+}
+
+// The conjunction of the formulas or signals a and b; nodeWith(key) names a node.
+template <class NodeWith>
+int conjunction(int a, int b, NodeWith nodeWith) {
+  if (a == BoolForm::trueNr) return b;
+  if (a == BoolForm::falseNr || b == BoolForm::falseNr) return BoolForm::falseNr;
+  if (b == BoolForm::trueNr) return a;
+  if (a == b) return a;
+  if (a == -b) return BoolForm::falseNr;
+  return nodeWith(Triple{bfCon, std::min(a, b), std::max(a, b)});
 }
 
 BoolForm con(const BoolForm& a, const BoolForm& b);

@@ -10,6 +10,7 @@
 #include "boolform/clauseset.hpp"
 #include "boolform/dimacs.hpp"
 #include "translation/pathlimit.hpp"
+#include "translation/stateproperty.hpp"
 
 namespace {
 
@@ -98,9 +99,11 @@ int EctlTransl::repeatRotation(const Milestone& begin, BoolForm& path, int times
 }
 
 BoolForm EctlTransl::inSomeState(const EctlForm& property) {
+  StateProperty stateProperty(property);
   BoolForm r(false);
   for (int i = 0; i <= k; ++i) {
-    const BoolForm here = transl(property, i);
+    const BoolForm here =
+        stateProperty.isFormula() ? stateProperty.in(stateAt(i), model) : transl(property, i);
     r = dis(r, here);
   }
   return r;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 #include <string>
 
 #include "tests/model/networks.hpp"
@@ -101,6 +102,47 @@ TEST_F(Property, HoldsInSomeStateOfThePath) {
                     }
                     return r;
                   });
+}
+
+// A state formula of propositions 0 to 5, some of which no location has, and true.
+std::string randomFormula(std::mt19937& random, unsigned operators) {
+  if (operators == 0) {
+    if (random() % 12 == 0) return "T";
+    const std::string sign = random() % 2 == 0 ? "p-" : "p";
+    return sign + std::to_string(random() % 6);
+  }
+  const unsigned left = static_cast<unsigned>(random() % operators);
+  std::string text = randomFormula(random, left);
+  text += randomFormula(random, operators - 1 - left);
+  return text + (random() % 2 == 0 ? "&" : "+");
+}
+
+TEST_F(Property, OverThePathIsThatOfEveryState) {
+  for (unsigned seed = 1; seed <= 60; ++seed) {
+    std::mt19937 random(seed);
+    const EctlForm property(randomFormula(random, seed % 2 == 0 ? 200 : 12));
+    const bool afterThePath = seed % 3 != 0;
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    expectSameNodes(
+        [&] {
+          if (afterThePath) translator.symbPath();
+          return translator.inSomeState(property);
+        },
+        [&] {
+          if (afterThePath) translator.symbPath();
+          BoolForm r(false);
+          for (int i = 0; i <= 3; ++i) {
+            const BoolForm here = translator.transl(property, i);
+            r = dis(r, here);
+          }
+          return r;
+        });
+  }
+}
+
+TEST_F(PropertyDeathTest, PropertyThatLeavesTwoValuesIsAssertedOverThePath) {
+  EXPECT_DEATH(translator.inSomeState(EctlForm("p1p2")), missingOneValue);
+  EXPECT_DEATH(translator.inSomeState(EctlForm("")), missingOneValue);
 }
 
 TEST_F(Property, TruthIsTrueOverThePath) {
