@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr std::int64_t mostVariables = varNrLimit - 1;
-
 // At the peak, when the clauses are ordered, a conjunction takes 45 bytes and an equivalence 61:
 // its key and mark, 16 or 32 for what the buckets hold of its clauses, and 16 for where its own
 // buckets begin.
@@ -54,10 +52,10 @@ PathRefusal::PathRefusal(int k, const std::string& needs, const std::string& abo
 void refuseTooManyVariables(const NetTimedModel& model, int k) {
   const std::int64_t perState = model.getSymStateLen();
   const std::int64_t needed = (std::int64_t{k} + 1) * perState;
-  if (needed <= mostVariables) return;
-  const std::string most = ", and " + std::to_string(mostVariables) + " is the most";
+  if (needed <= mostPathVariables) return;
+  const std::string most = ", and " + std::to_string(mostPathVariables) + " is the most";
   throw TooManyVariables(k, std::to_string(needed) + " variables" + most, "",
-                         static_cast<int>(mostVariables / perState - 1));
+                         static_cast<int>(mostPathVariables / perState - 1));
 }
 
 void refuseTooManyNodes(const NetTimedModel& model, int k) {
@@ -80,7 +78,8 @@ void refuseOutOfMemory(const NetTimedModel& model, int k) {
 int largestLengthWithin(const NetTimedModel& model, std::int64_t nodes) {
   constexpr int measured = 12;
   constexpr int rotation = 3;
-  const std::int64_t lengths = mostVariables / std::max<std::int64_t>(model.getSymStateLen(), 1);
+  const std::int64_t lengths =
+      mostPathVariables / std::max<std::int64_t>(model.getSymStateLen(), 1);
   std::vector<std::int64_t> count{0};  // [j]: the nodes for path length j
   int largest = 0;
   for (int j = 1; j < lengths; ++j) {

@@ -29,8 +29,9 @@ struct TooLittleMemory : PathRefusal {
   using PathRefusal::PathRefusal;
 };
 
-// Throws TooManyVariables unless the k + 1 states of a path of length k have at most 999999
-// variables together.
+constexpr std::int64_t mostPathVariables = varNrLimit - 1;  // of all states of a path together
+
+// Throws TooManyVariables unless the k + 1 states of a path of length k have at most that many.
 void refuseTooManyVariables(const NetTimedModel& model, int k);
 
 // For a build that ran out of node numbers, or of memory: throws TooManyNodes, TooLittleMemory.

@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "boolform/boolform.hpp"
+#include "boolform/node.hpp"
+#include "translation/pathlimit.hpp"
 #include "workbench/network/network.hpp"
 
 namespace tpn {
@@ -19,8 +20,8 @@ struct StateLength {
 
 StateLength stateLength(const Network& net);
 
-constexpr std::int64_t mostVariables = varNrLimit - 1;  // zervan refuses longer paths
-constexpr std::int64_t mostUnfolded = varNrLimit / 2;   // beyond, the clause file's numbers collide
+constexpr std::int64_t mostVariables = mostPathVariables;  // zervan refuses longer paths
+constexpr std::int64_t mostUnfolded = varNrLimit / 2;  // beyond, the clause file's numbers collide
 
 // The largest k whose k + 1 states have at most `limit` variables; none where not even k = 1 fits.
 std::optional<std::int64_t> largestBound(const StateLength& length, std::int64_t limit);
