@@ -103,8 +103,9 @@ void writeFile(const std::string& name, const std::string& text) {
 std::string inputName(const std::string& name) {
   std::error_code ignored;
   if (std::filesystem::is_regular_file(name, ignored)) return name;
-  const std::string longer = name + ".tpn";
-  return std::filesystem::exists(longer, ignored) ? longer : name;
+  for (const char* suffix : {".tpn", ".net", ".pnml"})
+    if (std::filesystem::exists(name + suffix, ignored)) return name + suffix;
+  return name;
 }
 
 }  // namespace tpn

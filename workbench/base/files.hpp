@@ -29,8 +29,8 @@ void writeAll(int descriptor, const std::string& text, const std::string& name);
 // tried.
 std::string readInput(const std::string& name);
 
-// NAME as the user gave it, or NAME.tpn where only that exists: zervan knows files by the shorter
-// name.
+// NAME as the user gave it, or NAME.tpn, NAME.net, NAME.pnml, the first that exists where NAME does
+// not: zervan knows files by the shorter name.
 std::string inputName(const std::string& name);
 
 }  // namespace tpn

@@ -8,9 +8,9 @@ namespace tpn {
 namespace {
 
 // As the help lists them.
-constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand, &checkCommand,
-                                             &traceCommand,  &runCommand,  &certifyCommand,
-                                             &exportCommand, &makeCommand};
+constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand,    &checkCommand,
+                                             &traceCommand,  &runCommand,     &certifyCommand,
+                                             &exportCommand, &convertCommand, &makeCommand};
 
 bool isOption(const std::string& word) { return word.starts_with("-"); }
 

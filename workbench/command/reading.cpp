@@ -4,9 +4,9 @@
 
 #include "workbench/base/files.hpp"
 #include "workbench/command/findings.hpp"
+#include "workbench/nets/anyreader.hpp"
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/questionreader.hpp"
-#include "workbench/network/strictread.hpp"
 
 namespace tpn {
 
@@ -22,7 +22,7 @@ Asked asked(Network net, Property property) {
 }  // namespace
 
 void addNet(CLI::App& app, Files& files) {
-  app.add_option("NET", files.net, "network file, with or without .tpn")
+  app.add_option("NET", files.net, "network or net: .tpn, .net, .pnml")
       ->type_name("FILE")
       ->required();
 }
@@ -39,7 +39,7 @@ bool asksOnce(const Files& files, bool deadlock) {
 }
 
 std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
-  return readNetwork(inputName(files.net), readInput(files.net), diagnostics);
+  return readAnyNetwork(inputName(files.net), readInput(files.net), diagnostics);
 }
 
 std::optional<Property> propertyOf(const Files& files, const Network* net,

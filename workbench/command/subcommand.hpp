@@ -28,6 +28,7 @@ extern const Subcommand traceCommand;
 extern const Subcommand runCommand;
 extern const Subcommand certifyCommand;
 extern const Subcommand exportCommand;
+extern const Subcommand convertCommand;
 extern const Subcommand makeCommand;
 
 }  // namespace tpn

@@ -54,6 +54,38 @@ class Proof {
   std::vector<int> change_;                   // [transition]; 0 between calls
 };
 
+// Places that hold a token at first, or that a transition puts one on that could fire if tokens
+// were never taken away.
+std::vector<bool> everMarked(const PetriNet& net, const std::vector<bool>& live) {
+  std::vector<std::vector<std::size_t>> needing(net.places.size());
+  std::vector<std::size_t> missing(net.transitions.size());  // [transition]: how many places
+  std::vector<bool> marked(net.places.size());
+  std::vector<std::size_t> news;
+  const auto mark = [&](std::size_t p) {
+    if (!marked[p]) news.push_back(p);
+    marked[p] = true;
+  };
+  const auto fire = [&](std::size_t t) {
+    if (!live[t]) return;
+    for (const std::size_t p : net.transitions[t].produced) mark(p);
+  };
+  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
+    for (const auto* needed : {&net.transitions[t].consumed, &net.transitions[t].read})
+      for (const std::size_t p : *needed) needing[p].push_back(t);
+    missing[t] = net.transitions[t].consumed.size() + net.transitions[t].read.size();
+    if (missing[t] == 0) fire(t);
+  }
+  for (std::size_t p = 0; p < net.places.size(); ++p)
+    if (net.places[p].marked) mark(p);
+  while (!news.empty()) {
+    const std::size_t p = news.back();
+    news.pop_back();
+    for (const std::size_t t : needing[p])
+      if (--missing[t] == 0) fire(t);
+  }
+  return marked;
+}
+
 class Covering {
  public:
   explicit Covering(const PetriNet& net) : net_(net), proof_(net) {
@@ -63,10 +95,8 @@ class Covering {
   Cover covered() {
     // Each round but the last finds a transition dead; a few find all that ever matter.
     constexpr int rounds = 10;
-    for (int round = 0; round < rounds; ++round) {
-      collect();
-      if (!findDead()) break;
-    }
+    collect();
+    for (int round = 1; round < rounds && findDead(); ++round) collect();
     choose();
     return std::move(cover_);
   }
@@ -77,14 +107,11 @@ class Covering {
     for (const PetriNet::Unit& unit : net_.units)
       if (proof_.holdsOne(unit.places, cover_.live))
         candidates_.push_back({unit.places, unit.name});
-    Semiflows found = semiflows(net_, cover_.live);
-    for (std::vector<std::size_t>& places : found.single) {
+    for (std::vector<std::size_t>& places : semiflows(net_, cover_.live)) {
       assert(proof_.holdsOne(places, cover_.live));
       candidates_.push_back({std::move(places), ""});
     }
-    empty_.assign(net_.places.size(), false);
-    for (const std::vector<std::size_t>& places : found.empty)
-      for (const std::size_t p : places) empty_[p] = true;
+    cover_.marked = everMarked(net_, cover_.live);
   }
 
   // True where there are more than before.
@@ -108,7 +135,7 @@ class Covering {
     bool dead = false;
     for (const auto* needed : {&net_.transitions[t].consumed, &net_.transitions[t].read})
       for (const std::size_t p : *needed) {
-        dead = dead || empty_[p];
+        dead = dead || !cover_.marked[p];
         for (const std::size_t c : components[p]) dead = std::exchange(last[c], t) == t || dead;
       }
     return dead;
@@ -148,7 +175,6 @@ class Covering {
   Proof proof_;
   Cover cover_;
   std::vector<Component> candidates_;
-  std::vector<bool> empty_;  // [place]: never marked
 };
 
 }  // namespace

@@ -3,7 +3,7 @@
 //
 // What a file's nested units claim is only where to look first; everything is proved from the net.
 // Transitions that need two tokens of a component never fire, and neither do those that need a
-// token where there never is one. They are left out, and without them more components may show.
+// token where there is never one. They are left out, and without them more components may show.
 
 #pragma once
 
@@ -23,6 +23,7 @@ struct Component {
 struct Cover {
   std::vector<Component> components;  // by their first place; they may share places
   std::vector<bool> covered;          // [place]: in a component
+  std::vector<bool> marked;           // [place]: false where it is known never to hold a token
   std::vector<bool> live;             // [transition]: false where it is known never to fire
 };
 

@@ -32,6 +32,7 @@ class OriginReader {
 
   void takeNetwork(const Node& network) {
     if (const pugi::xml_attribute title = network.attribute("title")) net_.name = title.value();
+    if (net_.name.find('\n') != std::string::npos) refuse(network, "a title is one line");
     for (const Node& part : network.children())
       if (part.type() == pugi::node_element) takeName(part);
   }

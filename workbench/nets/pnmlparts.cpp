@@ -21,8 +21,10 @@ std::vector<Node> elements(const Node& node) {
 }  // namespace
 
 std::string textIn(const Node& node) {
-  const Node text = childOf(node, "text");
-  return XmlDocument::textOf(text ? text : childOf(node, "value"));
+  const Node element = childOf(node, "text");
+  std::string text = XmlDocument::textOf(element ? element : childOf(node, "value"));
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
 }
 
 bool isOneLine(const std::string& name) { return name.find('\n') == std::string::npos; }

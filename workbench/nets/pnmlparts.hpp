@@ -11,7 +11,7 @@
 
 namespace tpn {
 
-// What <text>, or <value> as it was once, holds; empty where there is none.
+// What <text>, or <value> as it was once, holds, in one line; empty where there is none.
 std::string textIn(const pugi::xml_node& node);
 
 bool isOneLine(const std::string& name);

@@ -104,27 +104,34 @@ class PnmlReader {
     refuse(NetRule::pnmlElement, node, unknownElement(node));
   }
 
-  // Their names, or their ids where these are not distinct. Ids are remembered.
-  std::vector<std::string> called(const std::vector<Node>& nodes, bool isPlace) {
+  // Their names, or their ids where these are not distinct.
+  std::vector<std::string> called(const std::vector<Node>& nodes) {
     std::vector<std::string> names;
-    std::vector<std::string> ids;
     std::unordered_set<std::string> distinct;
     for (const Node& node : nodes) {
-      ids.emplace_back(node.attribute("id").value());
       names.push_back(nameIn(node));
-      if (ids.back().empty())
-        refuse(NetRule::pnmlMissing, node, "the attribute id is missing");
-      else if (!known_.emplace(ids.back(), Known{isPlace, ids.size() - 1}).second)
-        refuse(NetRule::declaredTwice, node, "the id " + quoted(ids.back()) + " is taken already");
-      if (!names.back().empty() && isOneLine(names.back())) distinct.insert(names.back());
+      if (!names.back().empty()) distinct.insert(names.back());
     }
-    return distinct.size() == nodes.size() ? names : ids;
+    if (distinct.size() < nodes.size())
+      std::transform(nodes.begin(), nodes.end(), names.begin(), idOf);
+    return names;
+  }
+
+  static std::string idOf(const Node& node) { return node.attribute("id").value(); }
+
+  void remember(const Node& node, const Known& known) {
+    const std::string id = idOf(node);
+    if (id.empty() || !isOneLine(id))
+      refuse(NetRule::pnmlMissing, node, "an attribute id is missing here, or is no line");
+    else if (!known_.emplace(id, known).second)
+      refuse(NetRule::declaredTwice, node, "the id " + quoted(id) + " is taken already");
   }
 
   void addPlaces() {
-    const std::vector<std::string> names = called(places_, true);
+    const std::vector<std::string> names = called(places_);
     for (std::size_t i = 0; i < names.size(); ++i) {
       const std::size_t place = builder_.place(names[i], at(places_[i]));
+      remember(places_[i], {true, place});
       for (const Node& part : places_[i].children()) addToPlace(place, part);
     }
   }
@@ -142,9 +149,10 @@ class PnmlReader {
   }
 
   void addTransitions() {
-    const std::vector<std::string> names = called(transitions_, false);
+    const std::vector<std::string> names = called(transitions_);
     for (std::size_t i = 0; i < names.size(); ++i) {
       const std::size_t t = builder_.transition(names[i], at(transitions_[i]));
+      remember(transitions_[i], {false, t});
       for (const Node& part : transitions_[i].children()) addToTransition(t, part);
     }
   }

@@ -76,7 +76,7 @@ class Writer {
     const PetriNet::Place& place = net_.places[p];
     text_ += opened("place", 'p', p, place.name, place.label);
     if (place.marked) text_ += textElement("initialMarking", "1");
-    if (net_.origin) text_ += pnmlSpot(net_.origin->spots[p]);
+    if (net_.origin && net_.origin->spots[p].process > 0) text_ += pnmlSpot(net_.origin->spots[p]);
     text_ += "</place>\n";
   }
 

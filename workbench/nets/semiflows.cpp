@@ -146,12 +146,13 @@ std::vector<std::vector<Row>> groupedRows(const PlaceClasses& classes) {
 
 }  // namespace
 
-Semiflows semiflows(const PetriNet& net, const std::vector<bool>& live, std::int64_t work) {
+std::vector<std::vector<std::size_t>> semiflows(const PetriNet& net, const std::vector<bool>& live,
+                                                std::int64_t work) {
   const PlaceClasses classes(net, live);
-  Semiflows found;
+  std::vector<std::vector<std::size_t>> found;
   for (std::vector<Row>& group : groupedRows(classes))
     for (const Row& row : Elimination(std::move(group), work).solved())
-      (row.tokens == 1 ? found.single : found.empty).push_back(placesOf(classes, row.classes));
+      if (row.tokens == 1) found.push_back(placesOf(classes, row.classes));
   return found;
 }
 

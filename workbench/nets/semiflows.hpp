@@ -17,14 +17,9 @@
 
 namespace tpn {
 
-struct Semiflows {
-  std::vector<std::vector<std::size_t>> single;  // places, ascending; one of them is marked
-  std::vector<std::vector<std::size_t>> empty;   // none of them ever is
-};
-
-// Of the net without the transitions that are not live. `work` is about how many entries of rows
-// are computed.
-Semiflows semiflows(const PetriNet& net, const std::vector<bool>& live,
-                    std::int64_t work = 5'000'000);
+// Each set ascending. The transitions that are not live count for nothing; `work` is about how many
+// entries of rows are computed.
+std::vector<std::vector<std::size_t>> semiflows(const PetriNet& net, const std::vector<bool>& live,
+                                                std::int64_t work = 5'000'000);
 
 }  // namespace tpn

@@ -104,7 +104,8 @@ std::string tinaComments(const PetriNet& net) {
   if (!net.origin) return "";
   std::string lines = std::string(opening) + "\n";
   for (std::size_t p = 0; p < net.places.size(); ++p)
-    lines += placeLine(net.places[p].name, net.origin->spots[p]);
+    if (net.origin->spots[p].process > 0)
+      lines += placeLine(net.places[p].name, net.origin->spots[p]);
   for (const NameLine& name : net.origin->names) lines += "# " + nameLineText(name) + "\n";
   return lines + std::string(closing) + "\n";
 }

@@ -41,7 +41,7 @@ class TinaReader {
 
   std::optional<std::string> optionalLabel();
   void takeInterval(std::size_t transition);
-  std::int64_t time();
+  std::optional<std::int64_t> time();
   Arc arc();
   std::vector<Arc> arcsUpTo(std::string_view symbol);
   std::vector<Arc> arcsBeforeNext();
@@ -167,11 +167,10 @@ std::optional<std::string> TinaReader::optionalLabel() {
 void TinaReader::takeInterval(std::size_t transition) {
   const TinaToken open = token_;
   advance();
-  Interval interval;
-  interval.earliest = time();
+  const auto earliest = time();
   expect(",");
   const bool endless = accept("w");
-  if (!endless) interval.latest = time();
+  const auto latest = endless ? std::nullopt : time();
   const TinaToken close = token_;
   if (!accept("[") && !accept("]")) unexpected("[ or ] is expected here, the end of the interval");
   if (endless && close.is("]"))
@@ -182,14 +181,15 @@ void TinaReader::takeInterval(std::size_t transition) {
   else if (!endless && close.is("["))
     report_.refuse(NetRule::intervalOpen, close.at,
                    "the interval does not contain its latest time; only closed ones are taken");
-  else
-    builder_.interval(transition, interval, open.at);
+  else if (earliest && (endless || latest))
+    builder_.interval(transition, {*earliest, latest}, open.at);
 }
 
-std::int64_t TinaReader::time() {
+// Nothing where it is too large, which has been told.
+std::optional<std::int64_t> TinaReader::time() {
   const Place at = token_.at;
   const std::int64_t number = takeNumber("time");
-  return checkTime(number, at, report_) ? number : 0;
+  return checkTime(number, at, report_) ? std::optional(number) : std::nullopt;
 }
 
 TinaReader::Arc TinaReader::arc() {

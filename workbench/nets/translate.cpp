@@ -1,9 +1,11 @@
 #include "workbench/nets/translate.hpp"
 
 #include <algorithm>
+#include <cassert>
 #include <map>
 #include <utility>
 
+#include "workbench/nets/bridge.hpp"
 #include "workbench/nets/components.hpp"
 #include "workbench/nets/distinct.hpp"
 #include "workbench/nets/tinalexer.hpp"
@@ -35,12 +37,14 @@ class Translator {
     result_.net.title = isTitle(net_.name) ? net_.name : "net";
     for (const Component& component : cover_.components) addComponent(component);
     for (std::size_t p = 0; p < net_.places.size(); ++p)
-      if (!cover_.covered[p]) addUncovered(p);
+      if (cover_.marked[p] && !cover_.covered[p]) addUncovered(p);
     for (std::size_t t = 0; t < net_.transitions.size(); ++t)
       if (cover_.live[t])
         addTransition(t);
       else
         result_.left.push_back(t);
+    for (std::size_t p = 0; p < net_.places.size(); ++p)
+      if (!cover_.marked[p]) result_.unmarked.push_back(p);
     label();
     return std::move(result_);
   }
@@ -59,7 +63,7 @@ class Translator {
     const std::size_t process = addProcess(component.name, component.places);
     int location = 0;
     for (const std::size_t p : component.places)
-      spots_[p].push_back({process, net_.places[p].marked ? 0 : ++location});
+      if (cover_.marked[p]) spots_[p].push_back({process, net_.places[p].marked ? 0 : ++location});
   }
 
   void addUncovered(std::size_t p) {
@@ -119,19 +123,17 @@ class Translator {
       result_.net.processes[move.process].locations.insert({move.source, move.target});
   }
 
-  // Of the locations that are left without those that no transition knows.
+  // A place of several components holds its token in all of them, and is a proposition in the
+  // first.
   void label() {
     for (std::size_t p = 0; p < net_.places.size(); ++p) {
-      const int proposition = number(p);
-      names().propositions[proposition] = net_.places[p].name;
-      bool labelled = false;
-      for (const auto& [process, location] : spots_[p]) {
-        Process& made = result_.net.processes[process];
-        if (!made.locations.contains(location)) continue;
-        if (!std::exchange(labelled, true)) made.labels[location].insert(proposition);
+      names().propositions[number(p)] = net_.places[p].name;
+      if (spots_[p].empty()) continue;
+      const Spot& home = spots_[p].front();
+      result_.net.processes[home.process].labels[home.location].insert(number(p));
+      for (const auto& [process, location] : spots_[p])
         names().locations[{process, location}] = cover_.covered[p] ? net_.places[p].name : "marked";
-      }
-      if (!cover_.covered[p]) nameEmpty(spots_[p].front());
+      if (!cover_.covered[p]) nameEmpty(home);
     }
   }
 
@@ -152,13 +154,33 @@ std::string processLine(const PetriNet& net, const Translation& translation, std
   const std::vector<std::size_t>& places = translation.places[p];
   for (const std::size_t place : places) line += " " + tinaName(net.places[place].name);
   if (places.empty()) line += " the clock of a transition that consumes nothing";
-  const bool alone =
-      places.size() == 1 &&
-      std::binary_search(translation.uncovered.begin(), translation.uncovered.end(), places[0]);
+  const bool alone = places.size() == 1 && has(translation.uncovered, places[0]);
   return line + (alone ? ", empty or marked\n" : "\n");
 }
 
+std::string whyNotPlain(const PetriNet& net, const Translation& translation, std::size_t t) {
+  const PetriNet::Transition& from = net.transitions[translation.transitions[t]];
+  const std::string name = "transition " + quoted(from.name);
+  if (!from.read.empty())
+    return name + " reads place " + quoted(net.places[from.read.front()].name) +
+           " without taking its token; in a network file the clocks of all its processes begin "
+           "anew";
+  const auto put = std::find_if(from.produced.begin(), from.produced.end(), [&](std::size_t p) {
+    return has(translation.uncovered, p) && !has(from.consumed, p);
+  });
+  assert(put != from.produced.end());
+  return name + " puts a token on place " + quoted(net.places[*put].name) +
+         ", which is in no set of places found that always holds one; a network file has no other "
+         "processes";
+}
+
 }  // namespace
+
+void requirePlain(const PetriNet& net, const Translation& translation) {
+  for (std::size_t t = 0; t < translation.net.transitions.size(); ++t)
+    for (const Move& move : translation.net.transitions[t].moves)
+      if (!move.counts || !move.resets) throw Inexact(whyNotPlain(net, translation, t));
+}
 
 std::string told(const PetriNet& net, const Translation& translation) {
   std::string lines;
@@ -166,6 +188,8 @@ std::string told(const PetriNet& net, const Translation& translation) {
     lines += processLine(net, translation, p);
   for (const std::size_t t : translation.left)
     lines += "transition " + tinaName(net.transitions[t].name) + " never fires and is left out\n";
+  for (const std::size_t p : translation.unmarked)
+    lines += "place " + tinaName(net.places[p].name) + " never holds a token and has no process\n";
   return lines;
 }
 

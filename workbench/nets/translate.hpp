@@ -2,6 +2,7 @@
 //
 // - A component that always holds one token is a process, its places are the locations.
 // - A place outside of them is a process with two locations, empty and marked.
+// - A place that never holds a token is none, and a transition that never fires is left out.
 // - A transition that consumes nothing has a process of its own besides, in which it goes from the
 //   only location to itself: its clock is the time since the transition fired.
 //
@@ -30,12 +31,17 @@ struct Translation {
   std::vector<std::size_t> transitions;          // [transition of the network]: of the net
   std::vector<std::size_t> left;                 // those left out, which never fire
   std::vector<std::size_t> uncovered;            // places with a process of their own
+  std::vector<std::size_t> unmarked;             // places that never hold a token
 };
 
 // With no name, the net's title is "net".
 Translation translated(const PetriNet& net);
 
-// What a person may want to know of it: a line for each process, and for each transition left out.
+// Throws Inexact (bridge.hpp) where a network file cannot say it: where a transition reads a place,
+// or puts a token on one that is in no component.
+void requirePlain(const PetriNet& net, const Translation& translation);
+
+// What a person may want to know of it: a line for each process, and for whatever is left out.
 std::string told(const PetriNet& net, const Translation& translation);
 
 }  // namespace tpn

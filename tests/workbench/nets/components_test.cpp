@@ -33,7 +33,7 @@ TEST(Components, TwoThatMeet) {
 }
 
 TEST(Components, TwoThatAlwaysMoveTogetherAreFoundByElimination) {
-  // {a b} and {c d} as well as {a d} and {c b}.
+  // {a b} and {c d} as well as {a d} and {b c}.
   EXPECT_EQ(found("pl a (1) pl b pl c (1) pl d tr t a c -> b d tr u b d -> a c"), "a b \nc d \n");
 }
 
@@ -133,38 +133,45 @@ bool takesOneByOne(const PetriNet& net, const std::vector<std::size_t>& places) 
   });
 }
 
+std::vector<std::vector<std::size_t>> minimalSemiflows(const PetriNet& net) {
+  std::vector<std::vector<std::size_t>> all = sets(net);
+  std::erase_if(all, [&](const auto& places) { return !isSemiflow(net, places); });
+  std::vector<std::vector<std::size_t>> minimal;
+  for (const auto& large : all)
+    if (std::none_of(all.begin(), all.end(), [&](const auto& small) {
+          return small.size() < large.size() &&
+                 std::includes(large.begin(), large.end(), small.begin(), small.end());
+        }))
+      minimal.push_back(large);
+  return minimal;
+}
+
 // Against all sets of places: what is found is one, and what is covered by any is found.
 TEST(Semiflows, CoverWhatCanBeCovered) {
   RandomNets nets(5);
   int covered = 0;
   for (int i = 0; i < 3000; ++i) {
     const PetriNet net = nets.next();
-    const Semiflows found = semiflows(net, std::vector<bool>(net.transitions.size(), true));
+    const auto found = semiflows(net, std::vector<bool>(net.transitions.size(), true));
     std::set<std::size_t> reached;
-    for (const auto& places : found.single) {
+    for (const auto& places : found) {
       EXPECT_TRUE(isSemiflow(net, places));
       EXPECT_EQ(tokens(net, places), 1);
       reached.insert(places.begin(), places.end());
     }
-    for (const auto& places : found.empty) {
-      EXPECT_TRUE(isSemiflow(net, places));
-      EXPECT_EQ(tokens(net, places), 0);
-      reached.insert(places.begin(), places.end());
-    }
-    for (const auto& places : sets(net)) {
-      if (tokens(net, places) > 1 || !isSemiflow(net, places) || !takesOneByOne(net, places))
-        continue;
+    for (const auto& places : minimalSemiflows(net)) {
+      if (tokens(net, places) != 1 || !takesOneByOne(net, places)) continue;
       for (const std::size_t p : places) EXPECT_TRUE(reached.contains(p)) << i;
       ++covered;
     }
   }
-  EXPECT_GT(covered, 1000);
+  EXPECT_GT(covered, 500);
 }
 
 TEST(Semiflows, EndWhereTheWorkIsDone) {
   PetriNet net = tinaNet("pl a (1) pl b pl c (1) pl d tr t a c -> b d tr u b d -> a c");
-  EXPECT_TRUE(semiflows(net, {true, true}, 0).single.empty());
-  EXPECT_EQ(semiflows(net, {true, true}).single.size(), 4U);
+  EXPECT_TRUE(semiflows(net, {true, true}, 0).empty());
+  EXPECT_EQ(semiflows(net, {true, true}).size(), 4U);
 }
 
 }  // namespace
