@@ -122,10 +122,11 @@ int make(const Arguments& a) {
 
 Action declare(CLI::App& app) {
   const auto a = std::make_shared<Arguments>();
-  std::string known;
-  for (const Family& family : families()) known += std::string(family.name) + "|";
+  std::vector<std::string> known;
+  for (const Family& family : families()) known.emplace_back(family.name);
+  known.emplace_back(randomName);
   CLI::Option* name = app.add_option("NAME", a->name, "the family; without it, list what there is")
-                          ->type_name(known + randomName);
+                          ->type_name(alternatives(known));
   CLI::Option* size = app.add_option("SIZE", a->size, "how many of what the family is made of")
                           ->type_name("N")
                           ->check(wholeNumber(1, largestSize));
@@ -139,8 +140,8 @@ Action declare(CLI::App& app) {
       ->type_name("N");
   std::vector<std::string> names;
   for (const Format& format : formats) names.emplace_back(format.name);
-  app.add_option("--format", a->format, "of the network: tpn")
-      ->type_name("NAME")
+  app.add_option("--format", a->format, "of the network; tpn where nothing is said")
+      ->type_name(alternatives(names))
       ->check(oneOf(names));
   app.add_flag("--infix", a->infix, "print the property in infix notation, with names");
   return [a] { return make(*a); };

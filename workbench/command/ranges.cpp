@@ -43,6 +43,12 @@ CLI::Validator seconds() {
           ""};
 }
 
+std::string alternatives(const std::vector<std::string>& names) {
+  std::string all;
+  for (const std::string& name : names) all += (all.empty() ? "" : "|") + name;
+  return all;
+}
+
 CLI::Validator oneOf(const std::vector<std::string>& names) {
   return {[names](const std::string& text) -> std::string {
             std::string all;

@@ -18,6 +18,9 @@ CLI::Validator wholeNumber(std::uint64_t least = 0,
 // A time in seconds, greater than 0; any length.
 CLI::Validator seconds();
 
+// What --help calls the value of an option that takes one of these names: a|b|c.
+std::string alternatives(const std::vector<std::string>& names);
+
 // One of these names.
 CLI::Validator oneOf(const std::vector<std::string>& names);
 

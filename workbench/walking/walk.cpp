@@ -155,7 +155,7 @@ class Session {
   std::string when(std::size_t transition) const {
     if (!enabled(net_.transitions[transition], state().locations)) return "";
     if (const auto delays = window(net_, state(), transition))
-      return "; it can fire after a " + delaysText(delays);
+      return "; it fires with " + delaysText(delays);
     return "; it " + hindrance(net_, state(), transition);
   }
 

@@ -157,7 +157,7 @@ TEST_F(Manners, WalkSaysWhyATransitionCannotFireAndUntilWhen) {
   EXPECT_THAT(shell("echo show | " TPN_BINARY " run net").out, HasSubstr("; it " + why));
   EXPECT_THAT(shell("echo 1 | " TPN_BINARY " run net").out, HasSubstr("; it " + why));
   EXPECT_THAT(shell("echo 2 4 | " TPN_BINARY " run net").out,
-              HasSubstr("; it can fire after a delay 0 to 3"));
+              HasSubstr("; it fires with delay 0 to 3"));
 }
 
 TEST_F(Manners, WalkWithJsonPrintsNothingElse) {

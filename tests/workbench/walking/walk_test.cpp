@@ -136,9 +136,13 @@ TEST(Walk, SaysWhatIsWrongAndGoesOn) {
       {"1 -1", "'-1' is no delay; write 2, 0.5 or 7/3"},
       {"1 1/0", "'1/0' is no delay; write 2, 0.5 or 7/3"},
       {"3", "transition 3 is not enabled: process 1 is in location 0, not 1"},
-      {"1 1/2", "transition 1 fires too early: one of its clocks is at 1/2 and has to reach 1"},
-      {"1 3", "transition 1 fires too late: its clocks are at 3 or more, past 2"},
-      {"2 3", "a delay of 3 is too long: transition 1 allows 2"},
+      {"1 1/2",
+       "transition 1 fires too early: one of its clocks is at 1/2 and has to reach 1; it "
+       "fires with delay 1 to 2"},
+      {"1 3",
+       "transition 1 fires too late: its clocks are at 3 or more, past 2; it fires with "
+       "delay 1 to 2"},
+      {"2 3", "a delay of 3 is too long: transition 1 allows 2; it fires with delay 0 to 2"},
       {"undo x", "undo takes a count at most"},
       {"undo 1 1", "undo takes a count at most"},
       {"show all", "show takes nothing"},
