@@ -90,6 +90,20 @@ class Backwards {
   Steps steps_;
 };
 
+// A transition whose move does not count says nothing of the clock that it sets to 0: where it is
+// at 0 before, nothing outside steps in.
+TEST(Steps, DoNotTakeAClockForReachedThatDoesNotCount) {
+  Sample s;
+  s.net.processes = {{{0, 1}, {}}, {{0}, {}}};
+  s.net.transitions = {{{2, 2}, {{0, 0, 0}}}, {{3, 3}, {{0, 1, 1, false}, {1, 0, 0}}}};
+  s.scaled = inUnits(s.net);
+  const StateLayout layout = StateLayout::capped(makeMachine(s.net));
+  const Cube cube{layout.location(0, 1), -layout.clock(0, 2)};
+  Backwards backwards(s);
+  EXPECT_FALSE(backwards.intoByStates(cube));
+  EXPECT_FALSE(backwards.into(cube));
+}
+
 std::int64_t numberOfStates(const Machine& machine) {
   std::int64_t product = 1;
   for (const Machine::Process& process : machine.processes) {

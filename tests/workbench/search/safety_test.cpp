@@ -50,6 +50,8 @@ TEST_P(Safety, IsProvedWithTheAnswer) {
 
 INSTANTIATE_TEST_SUITE_P(Provers, Safety, testing::Values(Engine::prover, Engine::abc));
 
+class Tokens : public testing::TestWithParam<Engine> {};
+
 class Unsafety : public testing::TestWithParam<Engine> {};
 
 // Taken away at 3 at the latest after it was put there, and that is when the next one may come.
@@ -77,6 +79,43 @@ TEST_P(Unsafety, IsNoneWhereNothingIsInTime) {
   const Answer found = answer(net, never, GetParam());
   EXPECT_EQ(found.kind, GetParam() == Engine::bounded ? Answer::undecided : Answer::unreachable);
 }
+
+// Process 1 looks at the token of process 2 each time unit, which process 2 gives away when it has
+// had it for 2.
+Network reading() {
+  Network net;
+  net.processes = {{{0}, {}}, {{0, 1}, {{1, {5}}}}};
+  net.transitions = {{{1, 1}, {{0, 0, 0}, {1, 0, 0, true, false}}}, {{2, 2}, {{1, 0, 1}}}};
+  return net;
+}
+
+TEST_P(Tokens, ThatAreOnlyReadGoOn) {
+  const Answer found = answer(reading(), full, GetParam());
+  ASSERT_EQ(found.kind, Answer::reachable);
+  EXPECT_EQ(found.run->steps.back().transition, 1U);
+}
+
+TEST_P(Tokens, ThatAreGivenBackBeginAnew) {
+  Network net = reading();
+  net.transitions[0].moves[1].resets = true;
+  const Answer found = answer(net, full, GetParam());
+  EXPECT_EQ(found.kind, GetParam() == Engine::bounded ? Answer::undecided : Answer::unreachable);
+}
+
+// A clock that is looked at by no move that counts delays nothing: place 2 gets its token at 2,
+// whenever it lost its last one.
+TEST_P(Tokens, ThatArePutDownWaitForNothing) {
+  Network net;
+  net.processes = {{{0, 1}, {}}, {{0, 1}, {{1, {5}}}}};
+  net.transitions = {{{1, 1}, {{1, 0, 0}}}, {{2, 2}, {{0, 0, 1}, {1, 0, 1, false}}}};
+  const Answer found = answer(net, full, GetParam());
+  ASSERT_EQ(found.kind, Answer::reachable);
+  EXPECT_EQ(found.run->steps.back().transition, 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, Tokens,
+                         testing::Values(Engine::both, Engine::bounded, Engine::prover,
+                                         Engine::abc));
 
 INSTANTIATE_TEST_SUITE_P(Engines, Unsafety,
                          testing::Values(Engine::both, Engine::bounded, Engine::prover,
