@@ -77,6 +77,11 @@ BoolForm nested(int building, int input) {
   for (int i = 0; i < input; ++i) all = con(all, lit(100 * building + i + 1));
   return all;
 }
+// Every third is the conjunction of the two before, as a gate may be.
+BoolForm likeGates(int building, int input) {
+  if (input % 3 != 0) return variables(building, input);
+  return con(variables(building, input - 2), variables(building, input - 1));
+}
 BoolForm sameInEveryBuilding(int /*building*/, int input) { return lit(input); }
 BoolForm withAConstant(int building, int input) {
   return input == 2 ? BoolForm(building % 2 == 0) : variables(building, input);
@@ -173,7 +178,7 @@ TEST_P(CircuitOver, GivesThemWhereTheLastInputComesLate) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Inputs, CircuitOver,
-                         testing::Values(variables, negatedVariables, nodes, nested,
+                         testing::Values(variables, negatedVariables, nodes, nested, likeGates,
                                          sameInEveryBuilding, withAConstant, withTwoEqual,
                                          withANegation, withAChange));
 
