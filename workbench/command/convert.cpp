@@ -95,7 +95,7 @@ int convertNet(const Arguments& a) {
 }
 
 int convertProperty(const Arguments& a) {
-  const Files files{a.from, a.more.front()};
+  const Files files{a.from, a.more.front(), {}};
   FilePlan plan = planFor(files);
   plan.writes(a.more.back());
   const std::optional<Inputs> inputs = inputsOf(files);
