@@ -15,6 +15,9 @@ namespace tpn {
 
 struct ProverStopped {};
 
+// Has what is assumed a model? Throws ProverStopped.
+bool solved(Solver& solver);
+
 class Blocking {
  public:
   // Borrows all.
@@ -43,6 +46,15 @@ class Blocking {
   // (from what matters: `distance` of each, or empty) goes first.
   void generalise(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance);
 
+  // Of a cube that no step of the frame below `level` leads into: no state of that level is in it,
+  // nor of as many more as can be had.
+  void learn(const Cube& cube, std::size_t level);
+  // Both: of a cube that intoFrom() has found none into.
+  void exclude(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
+    generalise(cube, level, distance);
+    learn(cube, level);
+  }
+
   // Has the frame a state in the cube?
   bool reaches(std::size_t level, const Cube& cube);
 
@@ -59,6 +71,7 @@ class Blocking {
     std::optional<Predecessor> found;
   };
 
+  // blocking.cpp
   bool ask(const Query& query, Pass& pass);
   void assume(const Query& query, const Pass& pass);
   int seed(const Cube& cube) const;
@@ -68,6 +81,9 @@ class Blocking {
   bool solve();
   // Looks for a part of the cube, of at most so many literals, that no step leads into.
   bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
+  void reduce(Cube& cube, const std::vector<int>& kept) const;
+
+  // generalise.cpp
   bool excluded(Cube cube, std::size_t level, std::size_t most, Cube& result);
   void dropProcesses(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance);
   std::vector<std::size_t> processesOf(const Cube& cube,
@@ -77,7 +93,6 @@ class Blocking {
   void weakenClock(Cube& cube, int literal, std::size_t level);
   int bound(std::size_t process, bool lower, std::int64_t value, std::int64_t further) const;
   void weakenLocation(Cube& cube, int literal, std::size_t level);
-  void reduce(Cube& cube, const std::vector<int>& kept) const;
 
   const Machine& machine_;
   const StateLayout& layout_;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -14,6 +15,10 @@
 namespace tpn {
 
 using Cube = std::vector<int>;  // literals of a capped StateLayout
+
+inline bool contains(const std::vector<int>& literals, int literal) {
+  return std::find(literals.begin(), literals.end(), literal) != literals.end();
+}
 
 // What a variable of the state says.
 struct Meaning {

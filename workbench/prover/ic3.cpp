@@ -1,16 +1,17 @@
 #include "workbench/prover/ic3.hpp"
 
-#include <algorithm>
 #include <cassert>
 #include <deque>
 #include <memory>
 #include <optional>
 #include <queue>
-#include <tuple>
 #include <utility>
 
 #include "workbench/prover/blocking.hpp"
+#include "workbench/prover/cores.hpp"
 #include "workbench/prover/frames.hpp"
+#include "workbench/prover/goalstates.hpp"
+#include "workbench/prover/nearness.hpp"
 #include "workbench/prover/steps.hpp"
 #include "workbench/solvers/solver.hpp"
 
@@ -23,7 +24,7 @@ struct Obligation {
   Cube cube;
   Way way;
   std::optional<std::size_t> next;
-  std::vector<std::size_t> about;  // processes, ascending
+  Processes about;
 };
 
 class Prover {
@@ -31,30 +32,31 @@ class Prover {
   Prover(const Machine& machine, const StateLayout& layout, const StateFormula& goal,
          const Orbits& orbits, const ProverOptions& options, const std::function<bool()>& stop,
          const std::function<void(const ProverProgress&)>& report)
-      : machine_(machine),
-        words_(machine, layout),
+      : words_(machine, layout),
         solver_(makeCadical(Use::manyShortSearches)),
-        stateSize_(layout.size()),
         goal_(addFacts(machine, layout, options, goal)),
         steps_(machine, layout, words_, options.delays,
                Interchange(machine, layout, words_, orbits.generators()), *solver_,
-               stateSize_ + options.helpers + goal.helpers + 1),
+               layout.size() + options.helpers + goal.helpers + 1),
         frames_(words_, orbits, options.mostImages, *solver_, steps_.variables() + 1),
+        goalStates_(words_, frames_, *solver_, goal_),
         blocking_(machine, layout, words_, steps_, frames_, *solver_),
+        nearness_(machine, words_),
+        cores_(words_, nearness_, blocking_, stop),
         stop_(stop),
         report_(report) {
     solver_->stop(stop_);
     // Processes that do not matter are where they were at first.
-    for (int v = 1; v <= stateSize_; ++v) solver_->prefer(words_.initially(v) ? v : -v);
+    for (int v = 1; v <= words_.variables(); ++v) solver_->prefer(words_.initially(v) ? v : -v);
   }
 
   ProverResult run() {
-    if (const auto cube = goalIn(0)) return reached(addGoal(*cube));
+    if (const auto cube = goalStates_.of(0)) return reached(addGoal(*cube));
     for (std::size_t level = 1;; ++level) {
       frames_.openTo(level + 1);
       result_.frames = level - 1;
       tell(level);
-      while (const auto cube = goalIn(level)) {
+      while (const auto cube = goalStates_.of(level)) {
         const std::size_t first = addGoal(*cube);
         if (words_.holdsInitially(*cube)) return reached(first);
         if (const auto run = block(first, level)) return reached(*run);
@@ -79,49 +81,7 @@ class Prover {
   }
 
   std::size_t addGoal(const Cube& cube) {
-    std::vector<std::size_t> about;
-    for (const int literal : cube) about.push_back(words_.meaning(literal).process);
-    return add({cube, {}, std::nullopt, about});
-  }
-
-  bool solve() {
-    const Solver::Result result = solver_->solve();
-    if (result == Solver::Result::undecided) throw ProverStopped();
-    return result == Solver::Result::satisfiable;
-  }
-
-  // Goal states around one of the frame, if it has one.
-  std::optional<Cube> goalIn(std::size_t level) {
-    solver_->assume(frames_.frame(level));
-    solver_->assume(goal_);
-    if (!solve()) return std::nullopt;
-    Cube state;
-    for (int v = 1; v <= stateSize_; ++v) state.push_back(solver_->value(v) ? v : -v);
-    return whyGoal(words_.normal(state));
-  }
-
-  // The literals of a goal state that make it one.
-  Cube whyGoal(Cube cube) {
-    const auto suffices = [this](const Cube& literals) {
-      solver_->assume(-goal_);
-      for (const int literal : literals) solver_->assume(literal);
-      return !solve();
-    };
-    const auto needed = [&](const Cube& literals) {
-      Cube rest;
-      for (const int literal : literals)
-        if (solver_->failed(literal)) rest.push_back(literal);
-      return rest;
-    };
-    const bool isGoal = suffices(cube);
-    assert(isGoal);
-    cube = needed(cube);
-    for (std::size_t i = cube.size(); i-- > 0;) {
-      Cube rest = cube;
-      rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(i));
-      if (suffices(rest)) cube = rest;
-    }
-    return words_.normal(cube);
+    return add({cube, {}, std::nullopt, nearness_.of(cube)});
   }
 
   // Blocks an obligation at a level, and those that come up on the way; the obligation with the
@@ -136,95 +96,55 @@ class Prover {
     while (!queue.empty()) {
       if (stop_ && stop_()) throw ProverStopped();
       const auto [at, index] = queue.top();
-      if (!blocking_.reaches(at, obligations_[index].cube)) {
-        queue.pop();
-        if (at < frames_.top() - 1) queue.emplace(at + 1, index);
-        continue;
-      }
-      Cube cube = obligations_[index].cube;
-      const std::vector<std::size_t> distance = distances(obligations_[index]);
-      if (auto core = coreOf(obligations_[index], distance, at)) {
-        queue.pop();
-        exclude(*core, at, distance);
-        if (at < frames_.top() - 1) queue.emplace(at + 1, index);
-        continue;
-      }
-      if (const auto before = blocking_.intoFrom(cube, at)) {
-        const std::size_t next = add(
-            {before->cube, before->way, index, aboutAlso(obligations_[index].about, before->way)});
+      if (const auto before = predecessor(obligations_[index], at)) {
+        const std::size_t next = add({before->cube, before->way, index,
+                                      nearness_.with(obligations_[index].about, before->way)});
         if (words_.holdsInitially(before->cube)) return next;
         assert(at > 1);
         queue.emplace(at - 1, next);
         continue;
       }
+      tell(frames_.top() - 1);
       queue.pop();
-      exclude(cube, at, distance);
       if (at < frames_.top() - 1) queue.emplace(at + 1, index);
     }
     obligations_.clear();
     return std::nullopt;
   }
 
-  // [process]: how many transitions away from those that the obligation is about; empty where its
-  // cube is about no others.
-  std::vector<std::size_t> distances(const Obligation& o) const {
-    std::vector<std::size_t> reached = o.about;
-    const auto isNear = [&](int literal) {
-      return std::binary_search(o.about.begin(), o.about.end(), words_.meaning(literal).process);
-    };
-    if (std::all_of(o.cube.begin(), o.cube.end(), isNear)) return {};
-    const std::size_t far = machine_.processes.size();
-    std::vector<std::size_t> distance(far, far);
-    std::vector<bool> seen(machine_.transitions.size(), false);
-    for (const std::size_t process : reached) distance[process] = 0;
-    for (std::size_t i = 0; i < reached.size(); ++i)
-      for (const std::size_t t : machine_.processes[reached[i]].movers) {
-        if (seen[t]) continue;
-        seen[t] = true;
-        for (const Machine::Move& move : machine_.transitions[t].moves) {
-          if (distance[move.process] < far) continue;
-          distance[move.process] = distance[reached[i]] + 1;
-          reached.push_back(move.process);
-        }
-      }
-    return distance;
+  // Of an obligation that a step leads into from the level below; where none does, the level has no
+  // state in it any more.
+  std::optional<Blocking::Predecessor> predecessor(const Obligation& o, std::size_t level) {
+    if (!blocking_.reaches(level, o.cube)) return std::nullopt;
+    const std::vector<std::size_t> distance = nearness_.distances(o.cube, o.about);
+    if (auto core = coreOf(o.cube, distance, level)) {
+      blocking_.exclude(*core, level, distance);
+      return std::nullopt;
+    }
+    Cube cube = o.cube;
+    if (auto before = blocking_.intoFrom(cube, level)) return before;
+    blocking_.generalise(cube, level, distance);
+    const bool isNear = nearness_.part(cube, o.about).size() == cube.size();
+    if (isNear || !cores_.block(o.cube, o.about, level)) blocking_.learn(cube, level);
+    return std::nullopt;
   }
 
-  // A part of an obligation's cube that is not stepped into either: what it says of processes that
-  // the goal and the moves towards it are about, or of their neighbours too. The rest says only
-  // that no deadline is in the way, and is seldom needed.
-  std::optional<Cube> coreOf(const Obligation& o, const std::vector<std::size_t>& distance,
+  // A part of an obligation's cube that is not stepped into either: what it is about, or its
+  // neighbours too.
+  std::optional<Cube> coreOf(const Cube& cube, const std::vector<std::size_t>& distance,
                              std::size_t level) {
     if (distance.empty()) return std::nullopt;
     std::size_t last = 0;
     for (const std::size_t most : {0U, 1U, 2U}) {
       Cube core;
-      for (const int literal : o.cube)
+      for (const int literal : cube)
         if (distance[words_.meaning(literal).process] <= most) core.push_back(literal);
-      if (core.size() == last || core.size() == o.cube.size() || words_.holdsInitially(core))
+      if (core.size() == last || core.size() == cube.size() || words_.holdsInitially(core))
         continue;
       last = core.size();
       if (!blocking_.intoFrom(core, level)) return core;
     }
     return std::nullopt;
-  }
-
-  std::vector<std::size_t> aboutAlso(std::vector<std::size_t> about, const Way& way) const {
-    if (way.isDelay()) return about;
-    for (const Machine::Move& move : machine_.transitions[way.transition].moves)
-      about.push_back(move.process);
-    std::sort(about.begin(), about.end());
-    about.erase(std::unique(about.begin(), about.end()), about.end());
-    return about;
-  }
-
-  void exclude(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
-    blocking_.generalise(cube, level, distance);
-    for (Cube same = cube; level < frames_.top() - 1 && !blocking_.intoFrom(same, level + 1);
-         same = cube)
-      ++level;
-    frames_.learn(cube, level);
-    tell(frames_.top() - 1);
   }
 
   // Raises what can be raised. The level whose clauses all could be, if there is one: they are
@@ -267,14 +187,15 @@ class Prover {
       report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
-  const Machine& machine_;
   Vocabulary words_;
   std::unique_ptr<Solver> solver_;
-  int stateSize_;
   int goal_;
   Steps steps_;
   Frames frames_;
+  GoalStates goalStates_;
   Blocking blocking_;
+  Nearness nearness_;
+  Cores cores_;
   const std::function<bool()>& stop_;
   const std::function<void(const ProverProgress&)>& report_;
   std::deque<Obligation> obligations_;

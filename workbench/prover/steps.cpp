@@ -10,10 +10,6 @@ namespace tpn {
 
 namespace {
 
-bool contains(const std::vector<int>& literals, int literal) {
-  return std::find(literals.begin(), literals.end(), literal) != literals.end();
-}
-
 // What changes the process; null where nothing does.
 const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
   const auto found = std::find_if(t.moves.begin(), t.moves.end(), [&](const Machine::Move& m) {
