@@ -117,16 +117,6 @@ Answer byBounds(const Arguments& a, const Asked& asked, const Watch::Report& rep
   return answerOf(check(asked.net, asked.goal, options, stopped, report));
 }
 
-// The engines name each location and say in pairs that a process is in one alone, and they look for
-// symmetries in one go. What is too large for that is asked bound by bound.
-bool suitsEngines(const Network& net) {
-  constexpr std::size_t mostProcesses = 500;
-  constexpr std::size_t mostLocations = 1000;
-  return net.processes.size() <= mostProcesses &&
-         std::all_of(net.processes.begin(), net.processes.end(),
-                     [](const Process& p) { return p.locations.size() <= mostLocations; });
-}
-
 Answer byEngines(const Arguments& a, const Asked& asked, const Watch::Report& report) {
   EngineOptions options{a.engine, a.maxTransitions, a.shortest};
   if (a.engine == Engine::bounded && !a.maxTransitions) options.maxTransitions = usualLength;
@@ -140,10 +130,7 @@ Answer searched(const Arguments& a, const Asked& asked) {
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
   try {
-    const bool tooLarge = a.engine == Engine::both && !a.deadlock && !a.shortest &&
-                          !suitsEngines(asked.net) && hasPlainMoves(asked.net);
-    Answer found =
-        a.asksByBounds() || tooLarge ? byBounds(a, asked, report) : byEngines(a, asked, report);
+    Answer found = a.asksByBounds() ? byBounds(a, asked, report) : byEngines(a, asked, report);
     progress.clear();
     return found;
   } catch (...) {

@@ -2,12 +2,15 @@
 
 #include <cassert>
 
+#include "workbench/machine/atmostone.hpp"
+
 namespace tpn {
 
 namespace {
 
-// Pairs of locations are the strongest way to say that they exclude one another, and the longest.
-bool hasFewLocations(const Machine::Process& process) { return process.locations.size() <= 128; }
+bool hasFewLocations(const Machine::Process& process) {
+  return fewEnoughForPairs(process.locations.size());
+}
 
 Clauses factsAfterDelay(const Machine& machine, const StateLayout& layout) {
   Clauses facts;
@@ -63,7 +66,7 @@ void FusedRuns::addState() {
     Clause some = locationsOf(machine_, layout_, p);
     for (int& literal : some) literal = shifted(literal, states_.back());
     sink_.add(some);
-    atMostOne(some);
+    addAtMostOne(sink_, some);
   }
   for (const Machine::Transition& t : machine_.transitions)
     if (t.latest) addDeadline(t);
@@ -102,30 +105,7 @@ void FusedRuns::selectOne() {
   Clause some;
   for (std::size_t t = 0; t < machine_.transitions.size(); ++t) some.push_back(selector(t));
   sink_.add(some);
-  atMostOne(some);
-}
-
-// In a square, each has a row and a column: at most one row, at most one column. About two clauses
-// and little more than no variables a literal; a chain of sums took three times as long on
-// fischer-swapped 30.
-void FusedRuns::atMostOne(const std::vector<int>& literals) {
-  if (literals.size() <= 5) {
-    for (std::size_t i = 0; i < literals.size(); ++i)
-      for (std::size_t j = 0; j < i; ++j) sink_.add({-literals[j], -literals[i]});
-    return;
-  }
-  std::size_t side = 1;
-  while (side * side < literals.size()) ++side;
-  std::vector<int> rows;
-  std::vector<int> columns;
-  for (std::size_t i = 0; i < literals.size(); i += side) rows.push_back(sink_.fresh());
-  for (std::size_t i = 0; i < side; ++i) columns.push_back(sink_.fresh());
-  for (std::size_t i = 0; i < literals.size(); ++i) {
-    sink_.add({-literals[i], rows[i / side]});
-    sink_.add({-literals[i], columns[i % side]});
-  }
-  atMostOne(rows);
-  atMostOne(columns);
+  addAtMostOne(sink_, some);
 }
 
 // The process leaves a location and comes to one only by a transition that does so.

@@ -63,7 +63,6 @@ class FusedRuns {
   void addDeadline(const Machine::Transition& t);
   void addEffect(std::size_t transition);
   void selectOne();
-  void atMostOne(const std::vector<int>& literals);
   void addFrame(std::size_t process);
   std::vector<int> explanation(std::size_t process, const std::vector<std::size_t>& transitions);
   int movedIn(std::size_t process);

@@ -177,22 +177,24 @@ class Classes {
     if (!alike(machine_.processes[members.back()], machine_.processes[next])) return false;
     checkpoint_();
     const auto found = exchange(machine_, members.back(), next);
-    if (!found || (judge_ && !judge_->respected(*found))) {
-      --patience_;
-      return false;
-    }
-    for (const auto& [p, q] : found->processes) {
-      if (fixed_.contains(p)) return false;
-      if (p != members.back() && std::find(members.begin(), members.end(), p) != members.end())
-        return false;
-    }
-    return true;
+    const bool good =
+        found && leavesOthers(*found, members) && (!judge_ || judge_->respected(*found));
+    if (!good) --patience_;
+    return good;
+  }
+
+  bool leavesOthers(const Exchange& exchange, const std::vector<std::size_t>& members) const {
+    return std::all_of(exchange.processes.begin(), exchange.processes.end(), [&](const auto& pair) {
+      const bool other = pair.first != members.back() &&
+                         std::find(members.begin(), members.end(), pair.first) != members.end();
+      return !other && !fixed_.contains(pair.first);
+    });
   }
 
   const Machine& machine_;
   const Checkpoint& checkpoint_;
   std::optional<Judge> judge_;
-  int patience_ = 1000;  // with processes that look alike and cannot be exchanged
+  int patience_ = 1000;  // with processes that look alike and are of no class
   std::set<std::size_t> fixed_;
   std::vector<std::vector<std::size_t>> classes_;
 };

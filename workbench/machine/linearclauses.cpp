@@ -211,11 +211,14 @@ class Encoder {
 }  // namespace
 
 LinearClauses linearClauses(const Machine& machine, const StateLayout& layout,
-                            const std::vector<PlaceInvariant>& invariants, std::size_t most) {
+                            const std::vector<PlaceInvariant>& invariants,
+                            const Checkpoint& checkpoint, std::size_t most) {
   Encoder encoder(machine, layout);
   std::size_t omitted = 0;
-  for (const PlaceInvariant& invariant : invariants)
+  for (const PlaceInvariant& invariant : invariants) {
     if (!encoder.add(invariant, most)) ++omitted;
+    checkpoint();
+  }
   return encoder.finish(omitted);
 }
 

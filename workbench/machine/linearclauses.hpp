@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/machine/invariants.hpp"
 #include "workbench/machine/layout.hpp"
 
@@ -27,6 +28,6 @@ struct LinearClauses {
 // `most`: clauses for one invariant.
 LinearClauses linearClauses(const Machine& machine, const StateLayout& layout,
                             const std::vector<PlaceInvariant>& invariants,
-                            std::size_t most = 200'000);
+                            const Checkpoint& checkpoint = {}, std::size_t most = 200'000);
 
 }  // namespace tpn

@@ -38,9 +38,13 @@ Shape imageOf(const Machine::Transition& t, const Symmetry& s) {
 // are tells moves apart that count, or reset, from others.
 class SymmetryGraph {
  public:
-  explicit SymmetryGraph(const Machine& machine) : machine_(machine) {
+  SymmetryGraph(const Machine& machine, const Checkpoint& checkpoint)
+      : machine_(machine), checkpoint_(checkpoint) {
     for (const Machine::Process& process : machine.processes) addProcess(process);
-    for (const Machine::Transition& t : machine.transitions) addTransition(t);
+    for (std::size_t t = 0; t < machine.transitions.size(); ++t) {
+      addTransition(machine.transitions[t]);
+      checkpoint_.at(t);
+    }
   }
 
   std::vector<Symmetry> generators() {
@@ -102,7 +106,9 @@ class SymmetryGraph {
     static_cast<SymmetryGraph*>(self)->add(image);
   }
 
+  // Called by the library, which what the checkpoint throws may pass through.
   void add(const unsigned* image) {
+    checkpoint_();
     Symmetry s;
     for (std::size_t p = 0; p < processes_.size(); ++p) {
       const auto q = std::lower_bound(processes_.begin(), processes_.end(), image[processes_[p]]);
@@ -116,6 +122,7 @@ class SymmetryGraph {
   }
 
   const Machine& machine_;
+  const Checkpoint& checkpoint_;
   bliss::Graph graph_;
   std::vector<unsigned> processes_;
   std::vector<unsigned> locations_;  // [process]: the first one's vertex
@@ -151,6 +158,26 @@ bool mapsProcesses(const Machine& machine, const Symmetry& s) {
   return true;
 }
 
+// The transitions with moves that are not their own images, ascending. Found from the processes
+// that have some, which are few: there may be as many symmetries as processes.
+std::vector<std::size_t> changed(const Machine& machine, const Symmetry& s) {
+  std::vector<std::size_t> found;
+  for (std::size_t p = 0; p < machine.processes.size(); ++p) {
+    const auto moves = [&](std::size_t rank) {
+      return s.process[p] != p || s.ranks[p][rank] != rank;
+    };
+    for (std::size_t l = 0; l < machine.processes[p].locations.size(); ++l) {
+      if (!moves(l)) continue;
+      const Machine::Location& location = machine.processes[p].locations[l];
+      found.insert(found.end(), location.leaving.begin(), location.leaving.end());
+      found.insert(found.end(), location.entering.begin(), location.entering.end());
+    }
+  }
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+  return found;
+}
+
 }  // namespace
 
 bool isSymmetry(const Machine& machine, const Symmetry& symmetry) {
@@ -160,25 +187,23 @@ bool isSymmetry(const Machine& machine, const Symmetry& symmetry) {
   // Only transitions that it changes at all: the others are their own images.
   std::vector<Shape> from;
   std::vector<Shape> to;
-  for (const Machine::Transition& t : machine.transitions) {
-    const bool changes = std::any_of(t.moves.begin(), t.moves.end(), [&](const Machine::Move& m) {
-      return symmetry.process[m.process] != m.process ||
-             symmetry.ranks[m.process][m.source] != m.source ||
-             symmetry.ranks[m.process][m.target] != m.target;
-    });
-    if (!changes) continue;
-    from.push_back(shapeOf(t));
-    to.push_back(imageOf(t, symmetry));
+  for (const std::size_t t : changed(machine, symmetry)) {
+    from.push_back(shapeOf(machine.transitions[t]));
+    to.push_back(imageOf(machine.transitions[t], symmetry));
   }
   std::sort(from.begin(), from.end());
   std::sort(to.begin(), to.end());
   return from == to;
 }
 
-std::vector<Symmetry> symmetries(const Machine& machine, std::size_t mostVertices) {
+std::vector<Symmetry> symmetries(const Machine& machine, const Checkpoint& checkpoint,
+                                 std::size_t mostVertices) {
   if (vertices(machine) > mostVertices) return {};
-  std::vector<Symmetry> found = SymmetryGraph(machine).generators();
-  std::erase_if(found, [&](const Symmetry& s) { return !isSymmetry(machine, s); });
+  std::vector<Symmetry> found = SymmetryGraph(machine, checkpoint).generators();
+  std::erase_if(found, [&](const Symmetry& s) {
+    checkpoint();
+    return !isSymmetry(machine, s);
+  });
   // Transitions that are alike may be swapped, and nothing else: that is none of the states'.
   Symmetry same;
   for (std::size_t p = 0; p < machine.processes.size(); ++p) {

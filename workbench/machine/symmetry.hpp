@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/machine/layout.hpp"
 #include "workbench/machine/machine.hpp"
 
@@ -23,9 +24,10 @@ struct Symmetry {
   friend bool operator==(const Symmetry&, const Symmetry&) = default;
 };
 
-// Generators of the group; none where the machine has more than `mostVertices` parts, for the
-// search cannot be interrupted.
-std::vector<Symmetry> symmetries(const Machine& machine, std::size_t mostVertices = 1'000'000);
+// Generators of the group; none where the machine has more than `mostVertices` parts: the library's
+// search cannot be interrupted between two generators.
+std::vector<Symmetry> symmetries(const Machine& machine, const Checkpoint& checkpoint = {},
+                                 std::size_t mostVertices = 200'000);
 
 bool isSymmetry(const Machine& machine, const Symmetry& symmetry);
 

@@ -7,12 +7,13 @@ namespace tpn {
 
 bool solved(Solver& solver) {
   const Solver::Result result = solver.solve();
-  if (result == Solver::Result::undecided) throw ProverStopped();
+  if (result == Solver::Result::undecided) throw Interrupted();
   return result == Solver::Result::satisfiable;
 }
 
 bool Blocking::solve() {
   ++queries_;
+  checkpoint_();
   return solved(solver_);
 }
 

@@ -8,27 +8,27 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/prover/frames.hpp"
 #include "workbench/prover/steps.hpp"
 
 namespace tpn {
 
-struct ProverStopped {};
-
-// Has what is assumed a model? Throws ProverStopped.
+// Has what is assumed a model? Throws Interrupted.
 bool solved(Solver& solver);
 
 class Blocking {
  public:
   // Borrows all.
   Blocking(const Machine& machine, const StateLayout& layout, const Vocabulary& words, Steps& steps,
-           Frames& frames, Solver& solver)
+           Frames& frames, Solver& solver, const Checkpoint& checkpoint)
       : machine_(machine),
         layout_(layout),
         words_(words),
         steps_(steps),
         frames_(frames),
-        solver_(solver) {
+        solver_(solver),
+        checkpoint_(checkpoint) {
     meet();
   }
 
@@ -39,7 +39,7 @@ class Blocking {
 
   // Is there a step from frame level - 1 into the cube, from outside of it? If there is none, the
   // cube has been reduced to the literals that this takes; it does not contain the initial state,
-  // before or after. Throws ProverStopped.
+  // before or after. Throws Interrupted.
   std::optional<Predecessor> intoFrom(Cube& cube, std::size_t level);
 
   // A larger cube around it for which there is none either. What is said of processes that are far
@@ -100,6 +100,7 @@ class Blocking {
   Steps& steps_;
   Frames& frames_;
   Solver& solver_;
+  const Checkpoint& checkpoint_;
   long queries_ = 0;
   std::vector<std::vector<std::size_t>> neighbours_;  // [process]: those it moves together with
 };

@@ -20,7 +20,7 @@ Cores::Attempt Cores::attempt(const Cube& core, const Processes& about, std::siz
   if (level == 0 || words_.holdsInitially(core)) return {false, about};
   const auto known = reached_.find(core);
   if (known != reached_.end() && known->second.first <= level) return {false, known->second.second};
-  if (stop_ && stop_()) throw ProverStopped();
+  checkpoint_();
   for (;;) {
     Cube cube = core;
     const auto before = blocking_.intoFrom(cube, level);

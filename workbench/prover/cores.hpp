@@ -11,7 +11,6 @@
 
 #pragma once
 
-#include <functional>
 #include <map>
 #include <utility>
 
@@ -24,11 +23,11 @@ class Cores {
  public:
   // Borrows all.
   Cores(const Vocabulary& words, const Nearness& nearness, Blocking& blocking,
-        const std::function<bool()>& stop)
-      : words_(words), nearness_(nearness), blocking_(blocking), stop_(stop) {}
+        const Checkpoint& checkpoint)
+      : words_(words), nearness_(nearness), blocking_(blocking), checkpoint_(checkpoint) {}
 
   // Learns clauses after which no state of the frame is in some part of the cube, if that can be
-  // done so. Throws ProverStopped.
+  // done so. Throws Interrupted.
   bool block(const Cube& cube, const Processes& about, std::size_t level);
 
  private:
@@ -41,7 +40,7 @@ class Cores {
   const Vocabulary& words_;
   const Nearness& nearness_;
   Blocking& blocking_;
-  const std::function<bool()>& stop_;
+  const Checkpoint& checkpoint_;
   // Reached like this: after so many steps, and what is met.
   std::map<Cube, std::pair<std::size_t, Processes>> reached_;
 };

@@ -17,7 +17,7 @@ class GoalStates {
   GoalStates(const Vocabulary& words, const Frames& frames, Solver& solver, int goal)
       : words_(words), frames_(frames), solver_(solver), goal_(goal) {}
 
-  // Goal states around one of the frame, if it has one. Throws ProverStopped.
+  // Goal states around one of the frame, if it has one. Throws Interrupted.
   std::optional<Cube> of(std::size_t level);
 
  private:

@@ -7,8 +7,11 @@
 #include <queue>
 #include <utility>
 
+#include "workbench/base/checkpoint.hpp"
+#include "workbench/machine/sink.hpp"
 #include "workbench/prover/blocking.hpp"
 #include "workbench/prover/cores.hpp"
+#include "workbench/prover/facts.hpp"
 #include "workbench/prover/frames.hpp"
 #include "workbench/prover/goalstates.hpp"
 #include "workbench/prover/nearness.hpp"
@@ -31,26 +34,28 @@ class Prover {
  public:
   Prover(const Machine& machine, const StateLayout& layout, const StateFormula& goal,
          const Orbits& orbits, const ProverOptions& options, const std::function<bool()>& stop,
-         const std::function<void(const ProverProgress&)>& report)
-      : words_(machine, layout),
+         const std::function<void(const ProverProgress&)>& report, ProverResult& result)
+      : checkpoint_(stop),
+        words_(machine, layout),
         solver_(makeCadical(Use::manyShortSearches)),
-        goal_(addFacts(machine, layout, options, goal)),
+        sink_(*solver_),
+        goal_(addAll(machine, layout, options, goal)),
         steps_(machine, layout, words_, options.delays,
-               Interchange(machine, layout, words_, orbits.generators()), *solver_,
-               layout.size() + options.helpers + goal.helpers + 1),
+               Interchange(machine, layout, words_, orbits.generators(), checkpoint_), *solver_,
+               sink_.variables() + 1, checkpoint_),
         frames_(words_, orbits, options.mostImages, *solver_, steps_.variables() + 1),
         goalStates_(words_, frames_, *solver_, goal_),
-        blocking_(machine, layout, words_, steps_, frames_, *solver_),
+        blocking_(machine, layout, words_, steps_, frames_, *solver_, checkpoint_),
         nearness_(machine, words_),
-        cores_(words_, nearness_, blocking_, stop),
-        stop_(stop),
-        report_(report) {
-    solver_->stop(stop_);
+        cores_(words_, nearness_, blocking_, checkpoint_),
+        report_(report),
+        result_(result) {
+    solver_->stop(stop);
     // Processes that do not matter are where they were at first.
     for (int v = 1; v <= words_.variables(); ++v) solver_->prefer(words_.initially(v) ? v : -v);
   }
 
-  ProverResult run() {
+  void run() {
     if (const auto cube = goalStates_.of(0)) return reached(addGoal(*cube));
     for (std::size_t level = 1;; ++level) {
       frames_.openTo(level + 1);
@@ -65,14 +70,14 @@ class Prover {
     }
   }
 
-  const ProverResult& soFar() const { return result_; }
-
  private:
-  int addFacts(const Machine& machine, const StateLayout& layout, const ProverOptions& options,
-               const StateFormula& goal) {
-    addAt(*solver_, facts(machine, layout), 0);
-    addAt(*solver_, options.facts, 0);
-    return addFormula(*solver_, goal, layout.size(), 0, layout.size() + options.helpers);
+  // What is known from the start, and the goal; the goal's literal.
+  int addAll(const Machine& machine, const StateLayout& layout, const ProverOptions& options,
+             const StateFormula& goal) {
+    sink_.fresh(layout.size() + options.helpers);
+    addFacts(machine, layout, sink_, checkpoint_);
+    sink_.addAt(options.facts, 0);
+    return addFormula(*solver_, goal, layout.size(), 0, sink_.fresh(goal.helpers) - 1);
   }
 
   std::size_t add(Obligation obligation) {
@@ -94,7 +99,7 @@ class Prover {
     std::priority_queue<Entry, std::vector<Entry>, decltype(later)> queue(later);
     queue.emplace(level, first);
     while (!queue.empty()) {
-      if (stop_ && stop_()) throw ProverStopped();
+      checkpoint_();
       const auto [at, index] = queue.top();
       if (const auto before = predecessor(obligations_[index], at)) {
         const std::size_t next = add({before->cube, before->way, index,
@@ -161,7 +166,7 @@ class Prover {
     return std::nullopt;
   }
 
-  ProverResult reached(std::size_t index) {
+  void reached(std::size_t index) {
     result_.answer = ProverResult::reachable;
     result_.delays = {0};
     for (std::optional<std::size_t> at = index; obligations_[*at].next;
@@ -172,14 +177,12 @@ class Prover {
       result_.transitions.push_back(way.transition);
       result_.delays.push_back(0);
     }
-    return result_;
   }
 
-  ProverResult proved(std::size_t level) {
+  void proved(std::size_t level) {
     result_.answer = ProverResult::unreachable;
     for (const Frames::Learnt& learnt : frames_.learnt())
       if (learnt.level >= level) result_.invariant.push_back(learnt.cube);
-    return result_;
   }
 
   void tell(std::size_t level) {
@@ -187,8 +190,10 @@ class Prover {
       report_({level, frames_.learnt().size(), obligations_.size(), blocking_.queries()});
   }
 
+  Checkpoint checkpoint_;
   Vocabulary words_;
   std::unique_ptr<Solver> solver_;
+  ClauseSink sink_;
   int goal_;
   Steps steps_;
   Frames frames_;
@@ -196,22 +201,20 @@ class Prover {
   Blocking blocking_;
   Nearness nearness_;
   Cores cores_;
-  const std::function<bool()>& stop_;
   const std::function<void(const ProverProgress&)>& report_;
   std::deque<Obligation> obligations_;
-  ProverResult result_;
+  ProverResult& result_;
 };
 
 ProverResult attempt(const Machine& machine, const StateLayout& layout, const StateFormula& goal,
                      const Orbits& orbits, const ProverOptions& options,
                      const std::function<bool()>& stop,
                      const std::function<void(const ProverProgress&)>& report) {
-  Prover prover(machine, layout, goal, orbits, options, stop, report);
   ProverResult result;
   try {
-    result = prover.run();
-  } catch (const ProverStopped&) {
-    result = prover.soFar();
+    Prover(machine, layout, goal, orbits, options, stop, report, result).run();
+  } catch (const Interrupted&) {
+    result.answer = ProverResult::undecided;
   }
   result.symmetric = !orbits.trivial();
   return result;

@@ -108,15 +108,19 @@ class Interchange::Finder {
 };
 
 Interchange::Interchange(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-                         const std::vector<Orbits::Permutation>& generators)
+                         const std::vector<Orbits::Permutation>& generators,
+                         const Checkpoint& checkpoint)
     : touched_(machine.transitions.size()) {
   Finder finder(machine, layout, words);
-  for (const Orbits::Permutation& generator : generators) finder.add(generator);
+  for (const Orbits::Permutation& generator : generators) {
+    finder.add(generator);
+    checkpoint();
+  }
   families_ = finder.families();
   position_.assign(finder.blocks(), -1);
   pinned_.assign(finder.blocks(), false);
   findOwners(words, finder.blockOf());
-  if (!consistent()) {
+  if (!consistent(checkpoint)) {
     families_.clear();
     return;
   }
@@ -160,26 +164,36 @@ void Interchange::own(const Family& family) {
   }
 }
 
-// Does each swap move just what its two blocks own, and move owners with what they own?
-bool Interchange::consistent() const {
+// Does each swap move just what its two blocks own, and move owners with what they own? What no
+// block of the swap owns and what stays in its place needs no look.
+bool Interchange::consistent(const Checkpoint& checkpoint) const {
+  std::vector<std::vector<int>> owned(position_.size());  // [block]: variables
+  for (std::size_t v = 1; v < owners_.size(); ++v)
+    for (const std::size_t block : owners_[v]) owned[block].push_back(static_cast<int>(v));
   for (const Family& family : families_)
     for (std::size_t i = 0; i < family.swaps.size(); ++i) {
+      checkpoint();
       const std::size_t a = family.blocks[0];
       const std::size_t b = family.blocks[i + 1];
-      for (std::size_t v = 1; v < owners_.size(); ++v) {
-        const int to = image(family.swaps[i], static_cast<int>(v));
-        std::vector<std::size_t> moved;
-        bool owns = false;
-        for (const std::size_t block : owners_[v]) {
-          owns = owns || block == a || block == b;
-          moved.push_back(block == a ? b : block == b ? a : block);
-        }
-        std::sort(moved.begin(), moved.end());
-        if (owners_[static_cast<std::size_t>(to)] != moved) return false;
-        if (!owns && to != static_cast<int>(v)) return false;
-      }
+      for (const auto& [from, to] : family.swaps[i])
+        if (!movesOwners(from, to, a, b)) return false;
+      for (const std::size_t block : {a, b})
+        for (const int v : owned[block])
+          if (!movesOwners(v, image(family.swaps[i], v), a, b)) return false;
     }
   return true;
+}
+
+// Of a variable that the swap of blocks a and b moves, or that one of them owns.
+bool Interchange::movesOwners(int from, int to, std::size_t a, std::size_t b) const {
+  std::vector<std::size_t> moved;
+  bool owns = false;
+  for (const std::size_t block : owners_[static_cast<std::size_t>(from)]) {
+    owns = owns || block == a || block == b;
+    moved.push_back(block == a ? b : block == b ? a : block);
+  }
+  std::sort(moved.begin(), moved.end());
+  return owners_[static_cast<std::size_t>(to)] == moved && (owns || to == from);
 }
 
 void Interchange::pin(const Cube& cube) {

@@ -16,6 +16,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/prover/cube.hpp"
 #include "workbench/prover/orbits.hpp"
 
@@ -25,7 +26,7 @@ class Interchange {
  public:
   Interchange() = default;
   Interchange(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-              const std::vector<Orbits::Permutation>& generators);
+              const std::vector<Orbits::Permutation>& generators, const Checkpoint& checkpoint);
 
   void pin(const Cube& cube);
 
@@ -55,7 +56,8 @@ class Interchange {
   }
   void findOwners(const Vocabulary& words, const std::vector<std::size_t>& blockOf);
   void own(const Family& family);
-  bool consistent() const;
+  bool movesOwners(int from, int to, std::size_t a, std::size_t b) const;
+  bool consistent(const Checkpoint& checkpoint) const;
 
   std::vector<Family> families_;
   std::vector<std::vector<std::size_t>> owners_;   // [variable]: blocks, ascending

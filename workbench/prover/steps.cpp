@@ -1,14 +1,9 @@
 #include "workbench/prover/steps.hpp"
 
 #include <algorithm>
-#include <cassert>
-#include <map>
-#include <optional>
 #include <utility>
 
 namespace tpn {
-
-namespace {
 
 // What changes the process; null where nothing does.
 const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
@@ -18,11 +13,9 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
   return found == t.moves.end() ? nullptr : &*found;
 }
 
-}  // namespace
-
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
              std::vector<std::int64_t> delays, Interchange interchange, Solver& solver,
-             int firstFree)
+             int firstFree, const Checkpoint& checkpoint)
     : machine_(machine),
       layout_(layout),
       words_(words),
@@ -32,7 +25,7 @@ Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary
       firingsOf_(machine.processes.size()) {
   for (std::size_t t = 0; t < machine.transitions.size(); ++t)
     if (!machine.transitions[t].hopeless()) addFiring(t);
-  for (const std::int64_t delay : delays) addWaiting(delay);
+  for (const std::int64_t delay : delays) addWaiting(delay, checkpoint);
   seen_.assign(firings_.size(), 0);
 }
 
@@ -76,11 +69,13 @@ Clause Steps::deadline(const Machine::Transition& t, std::int64_t delay) const {
   return clause;
 }
 
-void Steps::addWaiting(std::int64_t delay) {
+void Steps::addWaiting(std::int64_t delay, const Checkpoint& checkpoint) {
   Waiting waiting;
   waiting.delay = delay;
   waiting.calm = ++last_;
-  for (const Machine::Transition& t : machine_.transitions) {
+  for (std::size_t i = 0; i < machine_.transitions.size(); ++i) {
+    const Machine::Transition& t = machine_.transitions[i];
+    checkpoint.at(i);
     if (!t.latest) continue;
     Clause clause = deadline(t, delay);
     clause.push_back(-waiting.calm);
@@ -92,6 +87,7 @@ void Steps::addWaiting(std::int64_t delay) {
   for (std::size_t p = 0; p < machine_.processes.size(); ++p)
     for (int i = 0; i < layout_.width(p); ++i) {
       const std::int64_t v = i + 1;
+      checkpoint();
       const int up = waiting.up[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
       const int down = waiting.down[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
       Clause stays{-down};
@@ -193,95 +189,6 @@ bool Steps::askDelay(const Waiting& waiting, const Cube& cube,
     if (!ask(query)) return false;
   }
   return true;
-}
-
-Cube Steps::before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const {
-  return words_.normal(way.isDelay() ? beforeDelay(cube, way.delay, state)
-                                     : beforeTransition(cube, way.transition, state));
-}
-
-Cube Steps::beforeTransition(const Cube& cube, std::size_t transition,
-                             const std::function<bool(int)>& state) const {
-  const Machine::Transition& t = machine_.transitions[transition];
-  Cube result;
-  for (const int literal : cube)
-    if (moveOf(t, words_.meaning(literal).process) == nullptr) result.push_back(literal);
-  int inTime = 0;
-  bool always = !t.latest;
-  for (const auto& [process, source, target, counts, resets] : t.moves) {
-    result.push_back(layout_.location(process, source));
-    if (!counts) continue;
-    if (t.earliest > 0) result.push_back(layout_.clock(process, t.earliest));
-    if (!t.latest) continue;
-    if (machine_.processes[process].locations[source].cap <= *t.latest) {
-      always = true;
-    } else if (state(-layout_.clock(process, *t.latest + 1))) {
-      inTime = -layout_.clock(process, *t.latest + 1);
-    }
-  }
-  assert(always || inTime != 0);
-  if (!always) result.push_back(inTime);
-  return result;
-}
-
-int Steps::currentLocation(std::size_t process, const std::function<bool(int)>& state) const {
-  for (std::size_t l = 0; l < machine_.processes[process].locations.size(); ++l)
-    if (state(layout_.location(process, l))) return layout_.location(process, l);
-  assert(false && "a process is somewhere");
-  return 0;
-}
-
-Cube Steps::beforeDelay(const Cube& cube, std::int64_t delay,
-                        const std::function<bool(int)>& state) const {
-  Cube result;
-  for (const int literal : cube) {
-    const Meaning& m = words_.meaning(literal);
-    const bool shifts = m.value > delay;
-    if (!m.isClock) {
-      result.push_back(literal);
-    } else if (literal > 0) {
-      if (shifts) result.push_back(layout_.clock(m.process, m.value - delay));
-      const auto& locations = machine_.processes[m.process].locations;
-      for (std::size_t l = 0; l < locations.size(); ++l)
-        if (locations[l].cap < m.value && locations[l].cap >= m.value - delay)
-          result.push_back(-layout_.location(m.process, l));
-    } else if (shifts && state(-layout_.clock(m.process, m.value - delay))) {
-      result.push_back(-layout_.clock(m.process, m.value - delay));
-    } else {
-      result.push_back(currentLocation(m.process, state));
-    }
-  }
-  for (const Machine::Transition& t : machine_.transitions)
-    if (t.latest) addReason(t, delay, state, result);
-  return result;
-}
-
-// Why this deadline does not stop the delay: a literal that is there already, or one more. One that
-// is true at first rather than not, for what keeps the cube out should not be found in processes
-// that have nothing to do with it; that a process is elsewhere rather than something of its clock.
-void Steps::addReason(const Machine::Transition& t, std::int64_t delay,
-                      const std::function<bool(int)>& state, Cube& cube) const {
-  int reason = 0;
-  const auto worth = [this](int literal) {
-    return literal == 0 ? 0
-                        : 1 + (words_.initially(literal) ? 2 : 0) +
-                              (words_.meaning(literal).isClock ? 0 : 1);
-  };
-  for (const int literal : deadline(t, delay)) {
-    if (!state(literal)) continue;
-    const Meaning& m = words_.meaning(literal);
-    for (const int there : cube) {
-      const Meaning& n = words_.meaning(there);
-      if (n.process != m.process || n.isClock != m.isClock) continue;
-      // There: the same, another location, or a lower bound from above.
-      if (there == literal || (!m.isClock && there > 0 && n.value != m.value) ||
-          (m.isClock && there < 0 && n.value <= m.value))
-        return;
-    }
-    if (worth(literal) > worth(reason)) reason = literal;
-  }
-  assert(reason != 0);
-  cube.push_back(reason);
 }
 
 }  // namespace tpn

@@ -20,6 +20,7 @@
 #include <functional>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/prover/cube.hpp"
 #include "workbench/prover/interchange.hpp"
 #include "workbench/solvers/solver.hpp"
@@ -42,11 +43,15 @@ struct Query {
   int outside = 0;  // holds before and says that the cube does not; 0: the step's conditions say so
 };
 
+// What a transition does to a process; null where it leaves it alone.
+const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process);
+
 class Steps {
  public:
   // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree);
+        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree,
+        const Checkpoint& checkpoint);
 
   int variables() const { return last_; }
 
@@ -83,7 +88,7 @@ class Steps {
   };
 
   void addFiring(std::size_t transition);
-  void addWaiting(std::int64_t delay);
+  void addWaiting(std::int64_t delay, const Checkpoint& checkpoint);
   int carried(int literal, const Waiting& waiting) const;
   void addClause(const Clause& clause);
   Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
@@ -91,13 +96,16 @@ class Steps {
                      const std::function<bool(const Query&)>& ask);
   bool askDelay(const Waiting& waiting, const Cube& cube,
                 const std::function<bool(const Query&)>& ask) const;
+  // preimages.cpp
   Cube beforeTransition(const Cube& cube, std::size_t transition,
                         const std::function<bool(int)>& state) const;
   Cube beforeDelay(const Cube& cube, std::int64_t delay,
                    const std::function<bool(int)>& state) const;
   int currentLocation(std::size_t process, const std::function<bool(int)>& state) const;
-  void addReason(const Machine::Transition& t, std::int64_t delay,
-                 const std::function<bool(int)>& state, Cube& cube) const;
+  void addReasons(std::int64_t delay, const std::function<bool(int)>& state, Cube& cube) const;
+  int reasonFor(const Machine::Transition& t, std::int64_t delay,
+                const std::function<bool(int)>& state, const std::vector<Cube>& known) const;
+  bool implies(int known, int literal) const;
 
   const Machine& machine_;
   const StateLayout& layout_;

@@ -14,14 +14,21 @@ namespace tpn {
 
 namespace {
 
-// Frames are about as many as units, so that wider clocks are hopeless.
-constexpr std::int64_t widest = 100'000;
-
 // 1, 2, 4, ... up to an eighth of the widest clock: each unit on its own makes a frame of its own.
 std::vector<std::int64_t> delaysFor(const Machine& machine) {
   std::vector<std::int64_t> delays{1};
   while (delays.back() * 16 <= widestClock(machine)) delays.push_back(2 * delays.back());
   return delays;
+}
+
+// Are there more variables than the prover can do anything with? Frames are about as many as units,
+// so that wide clocks are hopeless long before memory runs out.
+bool tooWide(const Machine& machine) {
+  constexpr std::int64_t widest = 100'000;
+  constexpr std::int64_t mostVariables = 4'000'000;
+  if (widestClock(machine) > widest || !StateLayout::fits(machine)) return true;
+  const auto copies = 1 + 2 * static_cast<std::int64_t>(delaysFor(machine).size());
+  return StateLayout::capped(machine).size() * copies > mostVariables;
 }
 
 class Proving {
@@ -30,17 +37,21 @@ class Proving {
       : net_(net),
         goal_(goal),
         over_(over),
+        checkpoint_(over),
         machine_(makeMachine(net)),
         layout_(StateLayout::capped(machine_)),
-        symmetries_(symmetries(machine_)),
+        symmetries_(symmetries(machine_, checkpoint_)),
         invariants_(placeInvariants(machine_)) {}
 
   Proved run(const std::function<void(const ProverProgress&)>& report) {
     std::vector<Orbits::Permutation> generators;
-    for (const Symmetry& s : symmetries_) generators.push_back(permutationOf(machine_, layout_, s));
+    for (const Symmetry& s : symmetries_) {
+      generators.push_back(permutationOf(machine_, layout_, s));
+      checkpoint_();
+    }
     ProverOptions options;
     options.delays = delaysFor(machine_);
-    LinearClauses linear = linearClauses(machine_, layout_, invariants_);
+    LinearClauses linear = linearClauses(machine_, layout_, invariants_, checkpoint_);
     options.facts = std::move(linear.clauses);
     options.helpers = linear.helpers;
     const StateFormula formula = propertyFormula(net_, machine_, layout_, goal_);
@@ -72,6 +83,7 @@ class Proving {
   const Network& net_;
   const Goal& goal_;
   const std::function<bool()>& over_;
+  Checkpoint checkpoint_;
   Machine machine_;
   StateLayout layout_;
   std::vector<Symmetry> symmetries_;
@@ -82,8 +94,12 @@ class Proving {
 
 Proved proved(const Network& net, const Goal& goal, const std::function<bool()>& over,
               const std::function<void(const ProverProgress&)>& report) {
-  if (widestClock(makeMachine(net)) > widest) return {{}, {}, true};
-  return Proving(net, goal, over).run(report);
+  if (tooWide(makeMachine(net))) return {{}, {}, true};
+  try {
+    return Proving(net, goal, over).run(report);
+  } catch (const Interrupted&) {
+    return {};
+  }
 }
 
 }  // namespace tpn

@@ -58,7 +58,7 @@ struct Encoded {
       : machine(makeMachine(net)),
         layout(StateLayout::capped(machine)),
         invariants(placeInvariants(machine)),
-        linear(linearClauses(machine, layout, invariants, most)),
+        linear(linearClauses(machine, layout, invariants, {}, most)),
         clauses(oneLocation(machine, layout)) {
     clauses.insert(clauses.end(), linear.clauses.begin(), linear.clauses.end());
   }

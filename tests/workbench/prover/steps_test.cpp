@@ -17,7 +17,7 @@ class Backwards {
         layout_(StateLayout::capped(machine_)),
         words_(machine_, layout_),
         solver_(makeCadical(Use::manyShortSearches)),
-        steps_(machine_, layout_, words_, {1}, {}, *solver_, layout_.size() + 1) {
+        steps_(machine_, layout_, words_, {1}, {}, *solver_, layout_.size() + 1, {}) {
     addAt(*solver_, facts(machine_, layout_), 0);
     const states::Explorer explorer(s.scaled);
     for (const states::State& from : explorer.everything()) all_[from] = explorer.next(from);
