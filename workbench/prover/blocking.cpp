@@ -158,9 +158,40 @@ void Blocking::reduce(Cube& cube, const std::vector<int>& kept) const {
 }
 
 void Blocking::learn(const Cube& cube, std::size_t level) {
+  level = learnAlone(cube, level);
+  for (const std::int64_t units : {1, -1})
+    for (std::int64_t by = units;; by += units) {
+      std::optional<Cube> next = delayed(cube, by);
+      if (!next || words_.holdsInitially(*next)) break;
+      if (!reaches(level, *next)) continue;
+      if (intoFrom(*next, level)) break;
+      learnAlone(*next, level);
+    }
+}
+
+std::size_t Blocking::learnAlone(const Cube& cube, std::size_t level) {
   for (Cube same = cube; level < frames_.top() - 1 && !intoFrom(same, level + 1); same = cube)
     ++level;
   frames_.learn(cube, level);
+  return level;
+}
+
+// The cube with all bounds on clocks so many units further; none where it bounds no two clocks, or
+// where one would not be a bound any more.
+std::optional<Cube> Blocking::delayed(const Cube& cube, std::int64_t units) const {
+  Cube result = cube;
+  std::size_t bounds = 0;
+  for (int& literal : result) {
+    const Meaning& m = words_.meaning(literal);
+    if (!m.isClock) continue;
+    ++bounds;
+    const std::int64_t value = m.value + units;
+    if (value < 1 || value > layout_.width(m.process)) return std::nullopt;
+    const int moved = layout_.clock(m.process, value);
+    literal = literal < 0 ? -moved : moved;
+  }
+  if (bounds < 2) return std::nullopt;
+  return result;
 }
 
 }  // namespace tpn

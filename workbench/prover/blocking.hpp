@@ -48,6 +48,9 @@ class Blocking {
 
   // Of a cube that no step of the frame below `level` leads into: no state of that level is in it,
   // nor of as many more as can be had.
+  // Where it bounds two clocks or more, so are the states some units earlier and later, as long as
+  // they can be: differences of clocks stay as they are while time passes, and a bound on one is a
+  // clause for each unit.
   void learn(const Cube& cube, std::size_t level);
   // Both: of a cube that intoFrom() has found none into.
   void exclude(Cube& cube, std::size_t level, const std::vector<std::size_t>& distance) {
@@ -81,6 +84,8 @@ class Blocking {
   bool solve();
   // Looks for a part of the cube, of at most so many literals, that no step leads into.
   bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
+  std::size_t learnAlone(const Cube& cube, std::size_t level);
+  std::optional<Cube> delayed(const Cube& cube, std::int64_t units) const;
   void reduce(Cube& cube, const std::vector<int>& kept) const;
 
   // generalise.cpp

@@ -129,8 +129,9 @@ class Prover {
     Cube cube = o.cube;
     if (auto before = blocking_.intoFrom(cube, level)) return before;
     blocking_.generalise(cube, level, distance);
-    const bool isNear = nearness_.part(cube, o.about).size() == cube.size();
-    if (isNear || !cores_.block(o.cube, o.about, level)) blocking_.learn(cube, level);
+    const std::size_t near = nearness_.of(nearness_.part(cube, o.about)).size();
+    const bool strays = nearness_.of(cube).size() > 2 * near;
+    if (!strays || !cores_.block(o.cube, o.about, level)) blocking_.learn(cube, level);
     return std::nullopt;
   }
 
