@@ -114,6 +114,8 @@ TEST(Statement, TellsNetworksAndGoalsApart) {
   reading.transitions[2].moves[1] = {1, 1, 1, true, false};
   EXPECT_NE(statement(reading, goal).network, statement(staying, goal).network);
   EXPECT_NE(statement(net, orUnsafe(goal)).goal, about.goal);
+  EXPECT_NE(statement(net, {"", {{PropertyItem::unsafe}}, 1}).goal,
+            statement(net, {"", {{PropertyItem::falsity}}, 1}).goal);
   EXPECT_NE(statement(net, deadlockProperty()).goal, about.goal);
   EXPECT_NE(statement(net, {"", {{PropertyItem::negated, 7}}, 1}).goal, about.goal);
 }

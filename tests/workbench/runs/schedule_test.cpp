@@ -134,6 +134,13 @@ TEST(Schedule, IsNoneWhereATransitionIsNotEnabled) {
   EXPECT_FALSE(schedule(twoProcesses(), {3}, 0));
 }
 
+TEST(Schedule, IsNoneWhereAMoveThatDoesNotCountIsBlocked) {
+  Network net = twoProcesses();
+  net.transitions[2].moves[1].counts = false;
+  EXPECT_TRUE(schedule(net, {0, 1, 2}, 0));
+  EXPECT_FALSE(schedule(net, {0, 2}, 0));
+}
+
 // Transition 2 has to wait for 2, but 1 must follow it at once and may not come later than 1.
 TEST(Schedule, IsNoneWhereTheLatestTimesContradict) {
   Network net = twoProcesses();

@@ -70,6 +70,20 @@ TEST_P(Unsafety, IsNoneWhereTheGoalIsReached) {
   EXPECT_EQ(unsafety(net, orUnsafe(full), *found.run), "");
 }
 
+// Place 3 gets a token from 1 until 4, which 2 takes away within 3, and another one at 5 from 3: the
+// first one has to come at 2 or later, though it could at 0.
+TEST_P(Unsafety, IsFoundWhereItTakesTime) {
+  Network net;
+  net.processes.assign(3, {{0, 1}, {}});
+  net.transitions = {{{0, 4}, {{0, 0, 1}, {2, 0, 1, false}}},
+                     {{0, 3}, {{2, 1, 0}}},
+                     {{5, 6}, {{1, 0, 1}, {2, 0, 1, false}}}};
+  const Answer found = answer(net, never, GetParam());
+  ASSERT_EQ(found.kind, Answer::unsafe);
+  EXPECT_EQ(found.run->steps.size(), 1U);
+  EXPECT_GE(found.run->steps[0].delay, Rational(2));
+}
+
 // Its tokens are there, its time never comes.
 TEST_P(Unsafety, IsNoneWhereNothingIsInTime) {
   Network net = production(3);
