@@ -105,7 +105,7 @@ TEST(Interchange, RedundantTransitionsAreImagesOfOthers) {
   ASSERT_EQ(group.size(), 6U);
   const auto shape = [](const Machine::Transition& t, const Symmetry& s) {
     std::set<std::tuple<std::size_t, std::size_t, std::size_t>> moves;
-    for (const auto& [p, source, target] : t.moves)
+    for (const auto& [p, source, target, counts, resets] : t.moves)
       moves.emplace(s.process[p], s.ranks[p][source], s.ranks[p][target]);
     return std::tuple(t.earliest, t.latest, moves);
   };
