@@ -6,10 +6,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <random>
 #include <sstream>
 #include <string>
@@ -18,6 +16,9 @@
 #include "tests/model/networks.hpp"
 #include "tests/workbench/network/lintfiles.hpp"
 #include "tests/workbench/network/lintinvariants.hpp"
+#include "workbench/families/families.hpp"
+#include "workbench/families/random.hpp"
+#include "workbench/network/writer.hpp"
 
 namespace {
 
@@ -25,16 +26,8 @@ const std::filesystem::path source = ZERVAN_SOURCE_DIR;
 
 // --- Nothing is said of the examples. ---
 
-std::string outputOf(const std::string& command) {
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-  std::string output;
-  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get()))
-    output += static_cast<char>(c);
-  return output;
-}
-
-std::string made(const std::string& arguments) {
-  return outputOf("'" + (source / "examples" / "make").string() + "' " + arguments);
+std::string made(const char* family, int size) {
+  return tpn::networkFile(tpn::familyNamed(family)->network(size));
 }
 
 bool isNetwork(const std::string& text) { return text.find("\ntransitions") != std::string::npos; }
@@ -51,7 +44,8 @@ std::string complaints(const std::string& network, const std::string& property) 
 
 TEST(LintIsSilent, OnTheExamples) {
   int pairs = 0;
-  for (const std::string folder : {"crossing", "fischer", "handshake", "ring"}) {
+  for (const std::string folder : {"crossing", "csma", "dining", "fischer", "handshake", "lossy",
+                                   "pipeline", "ring", "twophase"}) {
     std::vector<std::string> networks;
     std::vector<std::string> properties;
     for (const auto& entry : std::filesystem::directory_iterator(source / "examples" / folder)) {
@@ -68,34 +62,20 @@ TEST(LintIsSilent, OnTheExamples) {
   EXPECT_GE(pairs, 20);
 }
 
-TEST(LintIsSilent, OnWhatExamplesMakePrints) {
-  const std::vector<std::pair<std::string, std::vector<std::string>>> families{
-      {"fischer", {"critical", "violation"}},
-      {"fischer-swapped", {"critical", "violation"}},
-      {"crossing", {"down", "danger", "hurried", "together"}},
-      {"crossing-slow", {"down", "danger", "hurried", "together"}},
-      {"ring", {"last", "alarm", "lost", "two"}},
-      {"ring-hasty", {"last", "alarm", "lost", "two"}},
-      {"handshake", {"busy", "timeout", "stale"}},
-      {"handshake-hasty", {"busy", "timeout", "stale"}}};
-  for (const auto& [family, properties] : families)
-    for (const std::string size : {" 2", " 5"}) {
-      const std::string sized = family + size;
-      const std::string network = made(sized);
-      ASSERT_TRUE(isNetwork(network)) << family;
-      for (const std::string& property : properties)
-        EXPECT_EQ(complaints(network, made(std::string(sized).append(" ").append(property))), "")
-            << sized << " " << property;
-    }
+TEST(LintIsSilent, OnFamiliesOfNetworks) {
+  for (const tpn::Family& family : tpn::families())
+    for (const int size : {2, 5})
+      for (const tpn::Question& question : family.questions)
+        if (question.postfix != nullptr)
+          EXPECT_EQ(complaints(made(family.name, size), question.postfix(size) + "\n"), "")
+              << family.name << " " << size << " " << question.name;
 }
 
 TEST(LintIsSilent, OnRandomNetworks) {
-  for (int seed = 1; seed <= 20; ++seed) {
-    const std::string arguments = "random 4 12 " + std::to_string(seed);
-    const std::string network = made(arguments);
-    ASSERT_TRUE(isNetwork(network));
-    EXPECT_EQ(complaints(network, made(arguments + " one")), "") << seed;
-    EXPECT_EQ(complaints(network, made(arguments + " three")), "") << seed;
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    const std::string network = tpn::networkFile(tpn::dealtNetwork(4, 12, seed));
+    for (const tpn::Question& question : tpn::dealtQuestions())
+      EXPECT_EQ(complaints(network, question.postfix(4) + "\n"), "") << seed;
   }
 }
 
@@ -241,8 +221,9 @@ TEST(LintMeansWhatZervanReads, OnChangedProperties) {
 
 // The bound counts the variables as the layout does.
 TEST(LintMeansWhatZervanReads, InTheVariablesOfAState) {
-  for (const std::string& text : {twoProcesses(), tinyNetwork(), tinyPair(), emptyNetwork(),
-                                  made("fischer 3"), made("crossing 2"), made("random 4 12 3")}) {
+  for (const std::string& text :
+       {twoProcesses(), tinyNetwork(), tinyPair(), emptyNetwork(), made("fischer", 3),
+        made("crossing", 2), tpn::networkFile(tpn::dealtNetwork(4, 12, 3))}) {
     tpn::Diagnostics found;
     const auto net = tpn::readNetwork("net", text, found);
     ASSERT_TRUE(net) << text;
