@@ -88,7 +88,8 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
     attempted([&] {
       writeFile(a.certificate,
                 certificateText({statement(asked.net, asked.goal),
-                                 a.flat ? flattened(*v.certificate) : *v.certificate}));
+                                 a.flat ? flattened(*v.certificate) : *v.certificate},
+                                &asked.net));
     });
   print(a.views, q, v.run, text);
   return exitOf(v);

@@ -112,12 +112,14 @@ std::vector<int> Resolver::propositions(const WrittenPart& pattern) const {
 std::vector<Resolver::Spots> Resolver::spots(const WrittenPart& process,
                                              const WrittenPart& location) const {
   std::vector<Spots> found;
+  std::vector<std::string> others;
   bool any = false;
   for (std::size_t p = 0; p < net_.processes.size(); ++p) {
     const bool fits = fitsPattern(processName(net_, p), process) ||
                       (!process.braced && fitsPattern(std::to_string(number(p)), process));
     if (!fits) continue;
     any = true;
+    for (const auto& [name, number] : locations_[p]) others.push_back(name);
     Spots spots{p, {}};
     for (const int l : net_.processes[p].locations)
       if (fitsPattern(locationName(net_, p, l), location) ||
@@ -126,7 +128,7 @@ std::vector<Resolver::Spots> Resolver::spots(const WrittenPart& process,
     if (!spots.locations.empty()) found.push_back(std::move(spots));
   }
   if (!any) unknown(process, "process fits", "", keys(processes_));
-  if (found.empty()) unknown(location, "location fits", " in any of these processes", {});
+  if (found.empty()) unknown(location, "location fits", " in any of these processes", others);
   return found;
 }
 

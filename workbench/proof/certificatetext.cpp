@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "workbench/base/files.hpp"
+#include "workbench/network/shown.hpp"
 
 namespace tpn {
 
@@ -13,34 +14,61 @@ namespace {
 
 constexpr std::string_view heading = "tpn certificate 1";
 
-std::string text(const Spot& spot) {
-  return std::to_string(number(spot.process)) + "@" + std::to_string(spot.location);
-}
+// Writes lines in numbers, or with the names of a network in their places.
+class Speller {
+ public:
+  explicit Speller(const Network* names = nullptr) : names_(names) {}
 
-std::string text(const Atom& atom) {
-  return (atom.positive ? "" : "-") + std::to_string(number(atom.process)) +
-         (atom.kind == Atom::location ? "@" : ">=") + std::to_string(atom.value);
-}
+  std::string line(const LinearInvariant& invariant) const {
+    std::string text = "linear " + std::to_string(invariant.total);
+    for (const auto& [spot, coefficient] : invariant.coefficients)
+      text += " " + std::to_string(coefficient) + "*" + place(spot);
+    return text;
+  }
 
-void write(std::string& out, const LinearInvariant& invariant) {
-  out += "linear " + std::to_string(invariant.total);
-  for (const auto& [spot, coefficient] : invariant.coefficients)
-    out += " " + std::to_string(coefficient) + "*" + text(spot);
-  out += "\n";
-}
+  std::string line(const Generator& generator) const {
+    std::string text = "generator";
+    for (const auto& [from, to] : generator.processes)
+      text += " " + process(from) + ">" + process(to);
+    for (const auto& [spot, to] : generator.locations) {
+      const auto image = generator.processes.find(spot.process);
+      const bool moves = image != generator.processes.end();
+      text += " " + place(spot) + ">" + location(moves ? image->second : spot.process, to);
+    }
+    return text;
+  }
 
-void write(std::string& out, const Generator& generator) {
-  out += "generator";
-  for (const auto& [from, to] : generator.processes)
-    out += " " + std::to_string(number(from)) + ">" + std::to_string(number(to));
-  for (const auto& [spot, to] : generator.locations)
-    out += " " + text(spot) + ">" + std::to_string(to);
-  out += "\n";
-}
+  std::string line(const AtomClause& clause) const {
+    std::string text = "clause";
+    for (const Atom& atom : clause) {
+      text += atom.positive ? " " : " -";
+      text += atom.kind == Atom::location
+                  ? place({atom.process, static_cast<int>(atom.value)})
+                  : process(atom.process) + ">=" + std::to_string(atom.value);
+    }
+    return text;
+  }
 
-void write(std::string& out, const AtomClause& clause) {
-  out += "clause";
-  for (const Atom& atom : clause) out += " " + text(atom);
+ private:
+  std::string process(std::size_t p) const {
+    return names_ == nullptr ? std::to_string(number(p)) : shownProcess(*names_, p);
+  }
+  std::string location(std::size_t p, int l) const {
+    return names_ == nullptr ? std::to_string(l) : shownLocation(*names_, p, l);
+  }
+  std::string place(const Spot& spot) const {
+    return process(spot.process) + "@" + location(spot.process, spot.location);
+  }
+
+  const Network* names_;
+};
+
+constexpr std::string_view remark = "  # ";  // from here to the end of a line
+
+template <class Item>
+void write(std::string& out, const Item& item, const Network* names) {
+  out += Speller().line(item);
+  if (names != nullptr) out.append(remark).append(Speller(names).line(item));
   out += "\n";
 }
 
@@ -173,7 +201,8 @@ class Lines {
     const std::size_t end = rest_.find('\n');
     if (end == std::string_view::npos)
       throw std::runtime_error("line " + std::to_string(number_) + ": the file ends too early");
-    const Cursor line(rest_.substr(0, end), number_);
+    const std::string_view whole = rest_.substr(0, end);
+    const Cursor line(whole.substr(0, whole.find(remark)), number_);
     rest_.remove_prefix(end + 1);
     return line;
   }
@@ -211,14 +240,15 @@ Statement readStatement(Lines& lines) {
 
 }  // namespace
 
-std::string certificateText(const CertificateFile& file) {
+std::string certificateText(const CertificateFile& file, const Network* net) {
+  const Network* const names = net != nullptr && net->names != Names{} ? net : nullptr;
   std::string out = std::string(heading) + "\n";
   out += "network " + file.about.network + "\n";
   out += "goal " + file.about.goal + "\n";
   out += "unit " + std::to_string(file.about.unit) + "\n";
-  for (const LinearInvariant& invariant : file.proof.linear) write(out, invariant);
-  for (const Generator& generator : file.proof.generators) write(out, generator);
-  for (const AtomClause& clause : file.proof.clauses) write(out, clause);
+  for (const LinearInvariant& invariant : file.proof.linear) write(out, invariant, names);
+  for (const Generator& generator : file.proof.generators) write(out, generator, names);
+  for (const AtomClause& clause : file.proof.clauses) write(out, clause, names);
   return out + "end\n";
 }
 

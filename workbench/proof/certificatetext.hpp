@@ -16,7 +16,8 @@ struct CertificateFile {
   friend bool operator==(const CertificateFile&, const CertificateFile&) = default;
 };
 
-std::string certificateText(const CertificateFile& file);
+// With names of the network, if it is given and has any, in a remark behind each line.
+std::string certificateText(const CertificateFile& file, const Network* net = nullptr);
 
 // Throws std::runtime_error, one line with the number of the line at fault, where the text is not
 // exactly of that form. Whether processes and locations exist is left to the checker.

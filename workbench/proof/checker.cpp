@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "workbench/network/shown.hpp"
 #include "workbench/proof/orbits.hpp"
 #include "workbench/proof/plainchecks.hpp"
 #include "workbench/proof/scaled.hpp"
@@ -102,7 +103,7 @@ class Checker {
       std::vector<int> assumptions = steps_.firing(t);
       for (const Atom& atom : touched.untouched()) assumptions.push_back(-state_.literal(atom));
       if (possible(assumptions))
-        return "transition " + std::to_string(number(t)) + " leads outside: clause " + text(clause);
+        return "transition " + shownTransition(net_, t) + " leads outside: clause " + text(clause);
     }
     return "";
   }

@@ -5,6 +5,8 @@
 #include <optional>
 #include <set>
 
+#include "workbench/network/shown.hpp"
+
 namespace tpn {
 
 namespace {
@@ -104,7 +106,7 @@ std::string linearComplaint(const Network& net, const LinearInvariant& invariant
       change += coefficient(invariant, {move.process, move.target});
       change -= coefficient(invariant, {move.process, move.source});
     }
-    if (change != 0) return "is changed by " + numbered("transition", t);
+    if (change != 0) return "is changed by " + std::string("transition ") + shownTransition(net, t);
   }
   return "";
 }

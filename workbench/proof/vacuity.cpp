@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "workbench/network/shown.hpp"
 #include "workbench/proof/plainchecks.hpp"
 #include "workbench/proof/scaled.hpp"
 #include "workbench/proof/statement.hpp"
@@ -50,14 +51,14 @@ class Guard {
     if (delay > 0 && !allows(after(initial, delay - Rational(unit_)), {steps_.unitPasses()}))
       return "the check is vacuous: it does not let time pass up to " + delay.text();
     if (!allows(after(initial, delay), steps_.firing(t)))
-      return "the check is vacuous: transition " + std::to_string(number(t)) + " cannot fire";
+      return "the check is vacuous: transition " + shownTransition(net_, t) + " cannot fire";
     TimedState then = initial;
     const std::string objection = advance(net_, {delay, t}, then);
     if (!objection.empty()) return "the replay contradicts itself: " + objection;
     for (const TimedState& state : {after(initial, delay), then})
       for (const AtomClause& clause : all_)
         if (!holds(clause, state))
-          return "transition " + std::to_string(number(t)) + " leads outside at first: clause " +
+          return "transition " + shownTransition(net_, t) + " leads outside at first: clause " +
                  text(clause);
     return "";
   }

@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "workbench/network/shown.hpp"
+
 namespace tpn {
 
 namespace {
@@ -41,43 +43,48 @@ std::optional<Deadline> deadline(const Network& net, const TimedState& state) {
   return first;
 }
 
-std::string named(std::size_t transition) {
-  return "transition " + std::to_string(number(transition));
+std::string named(const Network& net, std::size_t transition) {
+  return "transition " + shownTransition(net, transition);
 }
 
-std::string wrongPlace(const Step& step, const Move& move, const Locations& at) {
-  return named(step.transition) + (move.counts ? " is not enabled" : " is blocked") + ": process " +
-         std::to_string(number(move.process)) + " is in location " +
-         std::to_string(at[move.process]) + ", not " + std::to_string(move.source);
+std::string wrongPlace(const Network& net, const Step& step, const Move& move,
+                       const Locations& at) {
+  return named(net, step.transition) + (move.counts ? " is not enabled" : " is blocked") +
+         ": process " + shownProcess(net, move.process) + " is in location " +
+         shownLocation(net, move.process, at[move.process]) + ", not " +
+         shownLocation(net, move.process, move.source);
 }
 
-std::string tooEarly(const Step& step, const Transition& t, const Rational& passed) {
-  return named(step.transition) + " fires too early: one of its clocks is at " + passed.text() +
-         " and has to reach " + std::to_string(t.interval.earliest);
+std::string tooEarly(const Network& net, const Step& step, const Rational& passed) {
+  const Transition& t = net.transitions[step.transition];
+  return named(net, step.transition) + " fires too early: one of its clocks is at " +
+         passed.text() + " and has to reach " + std::to_string(t.interval.earliest);
 }
 
-std::string tooLate(const Step& step, const Transition& t, const Rational& passed) {
-  return named(step.transition) + " fires too late: its clocks are at " + passed.text() +
+std::string tooLate(const Network& net, const Step& step, const Rational& passed) {
+  const Transition& t = net.transitions[step.transition];
+  return named(net, step.transition) + " fires too late: its clocks are at " + passed.text() +
          " or more, past " + std::to_string(*t.interval.latest);
 }
 
-std::string tooLong(const Step& step, const Deadline& limit) {
-  return "a delay of " + step.delay.text() + " is too long: " + named(limit.transition) +
+std::string tooLong(const Network& net, const Step& step, const Deadline& limit) {
+  return "a delay of " + step.delay.text() + " is too long: " + named(net, limit.transition) +
          " allows " + limit.delay.text();
 }
 
 // What is wrong with the step; empty where nothing is.
 std::string violation(const Network& net, const Step& step, const TimedState& state) {
-  if (step.transition >= net.transitions.size()) return "there is no " + named(step.transition);
+  if (step.transition >= net.transitions.size())
+    return "there is no transition " + std::to_string(number(step.transition));
   if (step.delay < 0) return "the delay " + step.delay.text() + " is negative";
   const Transition& t = net.transitions[step.transition];
   if (const Move* move = unmetPrecondition(t, state.locations))
-    return wrongPlace(step, *move, state.locations);
+    return wrongPlace(net, step, *move, state.locations);
   const Rational passed = sinceEnabling(t, state.clocks) + step.delay;
-  if (passed < t.interval.earliest) return tooEarly(step, t, passed);
-  if (t.interval.latest && passed > *t.interval.latest) return tooLate(step, t, passed);
+  if (passed < t.interval.earliest) return tooEarly(net, step, passed);
+  if (t.interval.latest && passed > *t.interval.latest) return tooLate(net, step, passed);
   const auto limit = deadline(net, state);
-  if (limit && step.delay > limit->delay) return tooLong(step, *limit);
+  if (limit && step.delay > limit->delay) return tooLong(net, step, *limit);
   return "";
 }
 
@@ -138,8 +145,8 @@ std::string hindrance(const Network& net, const TimedState& state, std::size_t t
   const auto limit = deadline(net, state);
   assert(enabled(t, state.locations) && limit);
   const Rational ready = Rational(t.interval.earliest) - sinceEnabling(t, state.clocks);
-  return "cannot fire before " + ready.text() + " has passed, and " + named(limit->transition) +
-         " has to fire within " + limit->delay.text();
+  return "cannot fire before " + ready.text() + " has passed, and " +
+         named(net, limit->transition) + " has to fire within " + limit->delay.text();
 }
 
 std::string advance(const Network& net, const Step& step, TimedState& state) {

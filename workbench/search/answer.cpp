@@ -1,6 +1,7 @@
 #include "workbench/search/answer.hpp"
 
 #include "workbench/base/printable.hpp"
+#include "workbench/network/shown.hpp"
 #include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
 
@@ -56,8 +57,8 @@ std::string unsafety(const Network& net, const Goal& goal, const Run& run) {
   const auto found = collision(net, last);
   if (!found || holds(net, withoutSafety(goal), last)) return "";
   const std::string when = found->delay > 0 ? "after a delay of " + found->delay.text() + " " : "";
-  return when + "transition " + transitionName(net, found->transition) +
-         " would put a second token on " + processName(net, found->move.process);
+  return when + "transition " + shownTransition(net, found->transition) +
+         " would put a second token on " + shownProcess(net, found->move.process);
 }
 
 Answer answerOf(const Verdict& v) {

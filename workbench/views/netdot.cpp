@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/network/shown.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -16,25 +17,25 @@ namespace tpn {
 namespace {
 
 // Graphviz reads escapes and, in labels, entities.
-std::string quoted(const std::string& text) {
-  std::string result = "\"";
+std::string escaped(const std::string& text) {
+  std::string result;
   for (const char c : printable(text)) {
     if (c == '"' || c == '\\') result += '\\';
     result += c;
     if (c == '&') result += "amp;";
   }
-  return result + "\"";
+  return result;
 }
+std::string quoted(const std::string& text) { return "\"" + escaped(text) + "\""; }
 
 std::string node(std::size_t process, const std::string& name) {
   return "p" + std::to_string(number(process)) + "_" + name;
 }
 
-std::string locationDot(const Process& process, std::size_t index, int location,
-                        const Colour& colour) {
-  std::string words = std::to_string(location);
-  const std::vector<std::string> names = propositionNames(labelsAt(process, location));
-  if (!names.empty()) words += "\\n" + shortened(names, " ", 6);
+std::string locationDot(const Network& net, std::size_t index, int location, const Colour& colour) {
+  std::string words = escaped(locationName(net, index, location));
+  const auto names = propositionNames(net, labelsAt(net.processes[index], location));
+  if (!names.empty()) words += "\\n" + escaped(shortened(names, " ", 6));
   return "    " + node(index, std::to_string(location)) + " [label=\"" + words +
          "\", fillcolor=\"" + colour.fill + "\", fontcolor=\"" + colour.ink + "\"" +
          (location == 0 ? ", penwidth=2.5" : "") + "];\n";
@@ -52,8 +53,8 @@ struct Arrow {
   friend auto operator<=>(const Arrow&, const Arrow&) = default;
 };
 struct Caption {
-  std::string words;                 // without the numbers
-  std::vector<std::string> numbers;  // of the transitions
+  std::string words;                     // without the transitions
+  std::vector<std::string> transitions;  // names or numbers
 };
 using Captions = std::vector<Caption>;
 
@@ -63,11 +64,11 @@ std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, cons
   for (const Part& part : parts) {
     const Transition& t = net.transitions[part.transition];
     std::string rest = text(t.interval);
-    if (isShared(t)) rest += " with " + partners(t, process, 6);
+    if (isShared(t)) rest += " with " + partners(net, t, process, 6);
     Captions& lines = arrows[{part.source, part.target, isShared(t), !part.counts, !part.resets}];
     const auto [place, isNew] = places.try_emplace({&lines, rest}, lines.size());
     if (isNew) lines.push_back({rest, {}});
-    lines[place->second].numbers.push_back(std::to_string(number(part.transition)));
+    lines[place->second].transitions.push_back(shownTransition(net, part.transition));
   }
   return arrows;
 }
@@ -79,7 +80,7 @@ std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& li
   constexpr std::size_t mostLines = 12;
   std::vector<std::string> words;
   for (const Caption& line : lines)
-    words.push_back(shortened(line.numbers, ", ", 8) + "  " + line.words);
+    words.push_back(escaped(shortened(line.transitions, ", ", 8) + "  " + line.words));
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);
   const std::string middle =
@@ -102,12 +103,13 @@ std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& li
 std::string processDot(const Network& net, std::size_t index, const Parts& parts) {
   const Process& process = net.processes[index];
   const std::string name = std::to_string(number(index));
-  std::string dot = "  subgraph cluster_" + name + " {\n    label=\"process " + name +
-                    "\"; fontsize=14; color=\"#999999\"; style=rounded;\n";
+  std::string dot = "  subgraph cluster_" + name +
+                    " {\n    label=" + quoted("process " + processName(net, index)) +
+                    "; fontsize=14; color=\"#999999\"; style=rounded;\n";
   dot += "    " + node(index, "start") + " [shape=point, width=0.12, label=\"\"];\n";
   std::size_t rank = 0;
   for (const int location : process.locations)
-    dot += locationDot(process, index, location, colourOfRank(rank++));
+    dot += locationDot(net, index, location, colourOfRank(rank++));
   dot += "    " + node(index, "start") + " -> " + node(index, "0") + ";\n";
   for (const auto& [arrow, lines] : arrowsOf(net, index, parts))
     dot += arrowDot(index, arrow, lines);

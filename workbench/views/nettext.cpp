@@ -5,6 +5,7 @@
 
 #include "workbench/base/printable.hpp"
 #include "workbench/encoding/statelength.hpp"
+#include "workbench/network/shown.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -46,16 +47,23 @@ std::string encodingText(const Network& net) {
 
 // The columns of a process's transitions.
 struct Widths {
+  std::size_t name = 0;
   std::size_t interval = 0;
   std::size_t target = 0;
 };
 
-Widths widthsOf(const Network& net, const Parts& parts) {
+// Of a transition, behind its number.
+std::string nameOf(const Network& net, std::size_t transition) {
+  return andName(std::to_string(number(transition)), shownTransition(net, transition));
+}
+
+Widths widthsOf(const Network& net, std::size_t process, const Parts& parts) {
   Widths widest;
   for (const Part& part : parts) {
+    widest.name = std::max(widest.name, nameOf(net, part.transition).size());
     const std::string interval = text(net.transitions[part.transition].interval);
     widest.interval = std::max(widest.interval, interval.size());
-    widest.target = std::max(widest.target, std::to_string(part.target).size());
+    widest.target = std::max(widest.target, shownLocation(net, process, part.target).size());
   }
   return widest;
 }
@@ -64,33 +72,43 @@ std::string padded(const std::string& word, std::size_t width) {
   return std::string(width - word.size(), ' ') + word;
 }
 
-// One line a transition: number, interval, where it leads, with whom; the first two aligned.
+// One line a transition: number, name, interval, where it leads, with whom; aligned but for that.
 std::string moveText(const Network& net, std::size_t process, const Part& part,
                      const Widths& widths) {
   const Transition& t = net.transitions[part.transition];
   const std::string interval = text(t.interval);
   const std::size_t digits = std::to_string(net.transitions.size()).size();
-  std::string line = "    " + padded(std::to_string(number(part.transition)), digits) + "  " +
-                     interval + std::string(widths.interval - interval.size(), ' ') + "  -> " +
-                     padded(std::to_string(part.target), widths.target);
+  const std::string name = nameOf(net, part.transition);
+  const std::string target = shownLocation(net, process, part.target);
+  const bool isNumber = !net.names.locations.contains({process, part.target});
+  std::string line = "    " + padded(std::to_string(number(part.transition)), digits) + name +
+                     std::string(widths.name - name.size(), ' ') + "  " + interval +
+                     std::string(widths.interval - interval.size(), ' ') + "  -> " +
+                     (isNumber ? padded(target, widths.target) : target);
   if (!part.resets) line += ", only read";
   if (!part.counts) line += ", a token put down";
-  if (isShared(t)) line += "  with " + partners(t, process, 16);
+  const bool plain = part.resets && part.counts;
+  if (isShared(t))
+    line += (isNumber || !plain ? "" : std::string(widths.target - target.size(), ' ')) +
+            "  with " + partners(net, t, process, 16);
   return line + "\n";
 }
 
 std::string processText(const Network& net, std::size_t index, const Parts& parts) {
   const Process& process = net.processes[index];
-  std::string lines = "\nprocess " + std::to_string(number(index)) + ": " +
+  const std::string which = std::to_string(number(index));
+  std::string lines = "\nprocess " + which + andName(which, shownProcess(net, index)) + ": " +
                       counted(process.locations.size(), "location") + ", " +
                       counted(parts.size(), "transition") + "\n";
-  const Widths widths = widthsOf(net, parts);
+  const Widths widths = widthsOf(net, index, parts);
   std::map<int, std::string> moves;  // by source
   for (const Part& part : parts) moves[part.source] += moveText(net, index, part, widths);
   for (const int location : process.locations) {
-    lines += "  location " + std::to_string(location) + (location == 0 ? ", initial" : "");
+    const std::string where = std::to_string(location);
+    lines += "  location " + where + andName(where, shownLocation(net, index, location)) +
+             (location == 0 ? ", initial" : "");
     const std::set<int>& labels = labelsAt(process, location);
-    if (!labels.empty()) lines += ": " + joined(propositionNames(labels), " ");
+    if (!labels.empty()) lines += ": " + joined(propositionNames(net, labels), " ");
     lines += "\n" + moves[location];
   }
   return lines;

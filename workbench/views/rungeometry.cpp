@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "workbench/views/viewparts.hpp"
+
 namespace tpn {
 
 namespace {
@@ -25,11 +27,17 @@ std::vector<Instant> instantsOf(const std::vector<Rational>& times) {
 
 // Wide enough for whatever is written beside its neighbours: a location between two dots, a
 // transition's number, a step's.
-int columnWidth(const Network& net, const Replay& replay) {
+int columnWidth(const Network& net, const Run& run, const Replay& replay) {
   std::size_t location = 1;
   for (const Process& process : net.processes)
     for (const int l : process.locations) location = std::max(location, std::to_string(l).size());
-  const std::size_t transition = std::to_string(net.transitions.size()).size();
+  if (!net.names.locations.empty())
+    for (const TimedState& state : replay.states)
+      for (std::size_t p = 0; p < state.locations.size(); ++p)
+        location = std::max(location, pictured(locationName(net, p, state.locations[p])).size());
+  std::size_t transition = std::to_string(net.transitions.size()).size();
+  for (const Step& step : run.steps)
+    transition = std::max(transition, pictured(transitionName(net, step.transition)).size());
   const std::size_t step = std::to_string(replay.states.size()).size();
   return std::max({24, textWidth(location, RunGeometry::barFont) + 16,
                    textWidth(transition, RunGeometry::smallFont) + 12,
@@ -108,14 +116,22 @@ int RunGeometry::right(std::size_t state) const {
   return state + 1 < entered.size() ? entered[state + 1] : end;
 }
 
-RunGeometry geometryOf(const Network& net, const Replay& replay) {
+std::string laneName(const Network& net, std::size_t process) {
+  const auto named = net.names.processes.find(process);
+  return named == net.names.processes.end() ? "process " + std::to_string(number(process))
+                                            : pictured(named->second);
+}
+
+RunGeometry geometryOf(const Network& net, const Run& run, const Replay& replay) {
   RunGeometry at;
-  const std::string lastLane = "process " + std::to_string(net.processes.size());
-  at.gutter = margin + textWidth(lastLane.size(), RunGeometry::laneFont) + 16;
+  std::size_t widestLane = std::string("process").size();
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    widestLane = std::max(widestLane, laneName(net, p).size());
+  at.gutter = margin + textWidth(widestLane, RunGeometry::laneFont) + 16;
   at.lanesTop = header;
   at.lanesBottom = header + static_cast<int>(net.processes.size()) * RunGeometry::lanePitch + 8;
   at.instants = instantsOf(replay.times);
-  at.column = columnWidth(net, replay);
+  at.column = columnWidth(net, run, replay);
   placeStates(at);
   at.width = std::max(leastWidth, at.end + margin);
   return at;

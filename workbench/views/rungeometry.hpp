@@ -57,6 +57,9 @@ struct RunGeometry {
   int right(std::size_t state) const;  // where the next one is entered
 };
 
-RunGeometry geometryOf(const Network& net, const Replay& replay);
+RunGeometry geometryOf(const Network& net, const Run& run, const Replay& replay);
+
+// What stands beside a lane: "process 4", or its name.
+std::string laneName(const Network& net, std::size_t process);
 
 }  // namespace tpn

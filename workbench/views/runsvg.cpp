@@ -6,6 +6,7 @@
 #include <array>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/network/account.hpp"
 #include "workbench/views/rungeometry.hpp"
 #include "workbench/views/svgelements.hpp"
 #include "workbench/views/viewparts.hpp"
@@ -15,16 +16,6 @@ namespace tpn {
 
 namespace {
 
-// The first characters of a clean text.
-std::string cut(const std::string& text, std::size_t limit) {
-  std::size_t characters = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool begins = (static_cast<unsigned char>(text[i]) & 0xc0U) != 0x80;
-    if (begins && characters++ == limit) return text.substr(0, i) + "...";
-  }
-  return text;
-}
-
 class Picture {
  public:
   Picture(const Network& net, const Property& property, const Run& run)
@@ -32,7 +23,7 @@ class Picture {
         property_(property),
         run_(run),
         replay_(replayed(net, property, run)),
-        at_(geometryOf(net, replay_)) {}
+        at_(geometryOf(net, run, replay_)) {}
 
   std::string draw() const {
     const int height = at_.lanesBottom + 64;
@@ -59,6 +50,11 @@ class Picture {
   }
   int middle(std::size_t process) const { return at_.barTop(process) + RunGeometry::barHeight / 2; }
 
+  // The part of the property that holds at the goal.
+  std::string account() const {
+    return shortened(goalAccount(net_, property_, replay_.states[run_.goal]), ", ", 24);
+  }
+
   std::string heading() const;
   std::string instantAreas() const;
   std::string goalArea() const;
@@ -80,12 +76,14 @@ class Picture {
 std::string Picture::heading() const {
   const auto room = static_cast<std::size_t>((at_.width - 32) / 10);
   std::string text = label(16, 26, "heading", cut(printable(net_.title), room));
-  if (marked())
-    text +=
-        label(16, 44, "quiet",
-              shortProperty(property_) + " holds " +
-                  (run_.goal == 0 ? "at the start" : "after step " + std::to_string(run_.goal)) +
-                  ", at time " + replay_.times[run_.goal].text());
+  if (marked()) {
+    std::string goal =
+        shortProperty(property_, 48) + " holds " +
+        (run_.goal == 0 ? "at the start" : "after step " + std::to_string(run_.goal)) +
+        ", at time " + replay_.times[run_.goal].text();
+    if (leavesOpen(property_)) goal += ": " + account();
+    text += label(16, 44, "quiet", cut(goal, static_cast<std::size_t>((at_.width - 32) / 7)));
+  }
   return text + label(at_.gutter - 12, at_.lanesTop - 10, "quiet", "step",
                       attribute("text-anchor", "end"));
 }
@@ -105,7 +103,9 @@ std::string Picture::goalArea() const {
   const int x = at_.left(run_.goal);
   const int width = at_.right(run_.goal) - x;
   const std::string ink = attribute("fill", "#b84a00");
-  std::string area = "<g id=\"goal\">\n" + hint("the property holds: " + shortProperty(property_));
+  std::string area =
+      "<g id=\"goal\">\n" + hint("the property holds: " + shortProperty(property_, 400) +
+                                 (leavesOpen(property_) ? ": " + account() : ""));
   area += box(x, at_.lanesTop, width, at_.lanesBottom - at_.lanesTop, attribute("fill", "#ffe7b8"));
   area += box(x, at_.lanesTop - 3, width, 3, ink) + box(x, at_.lanesBottom, width, 3, ink);
   area += box(x - 18, at_.lanesTop - 38, 36, 16, ink + attribute("rx", 3));
@@ -114,18 +114,22 @@ std::string Picture::goalArea() const {
   return area + "</g>\n";
 }
 
-// Around the locations that have a proposition of the property.
+// Around the locations that the property asks for, or a proposition of theirs.
 std::string Picture::goalOutlines() const {
   std::set<int> asked;
-  for (const PropertyItem& item : property_.items)
+  std::set<std::pair<std::size_t, int>> spots;
+  for (const PropertyItem& item : property_.items) {
     if (item.kind == PropertyItem::proposition) asked.insert(item.number);
+    if (item.kind == PropertyItem::at) spots.insert({item.process, item.number});
+  }
   const int x = at_.left(run_.goal);
   std::string outlines;
   for (std::size_t p = 0; p < net_.processes.size(); ++p) {
-    const auto labels = net_.processes[p].labels.find(replay_.states[run_.goal].locations[p]);
-    if (labels == net_.processes[p].labels.end()) continue;
+    const int location = replay_.states[run_.goal].locations[p];
+    const std::set<int>& labels = labelsAt(net_.processes[p], location);
     const auto isAsked = [&](int q) { return asked.contains(q); };
-    if (std::none_of(labels->second.begin(), labels->second.end(), isAsked)) continue;
+    if (std::none_of(labels.begin(), labels.end(), isAsked) && !spots.contains({p, location}))
+      continue;
     outlines +=
         box(x + 1, at_.barTop(p) - 2, at_.right(run_.goal) - x - 2, RunGeometry::barHeight + 4,
             attribute("class", "witness") + attribute("fill", "none") +
@@ -148,8 +152,7 @@ std::string Picture::tie(std::size_t step) const {
 std::string Picture::lane(std::size_t process) const {
   std::string bars = "<g class=\"process\" id=\"process-" + std::to_string(number(process)) +
                      "\">\n" +
-                     label(at_.gutter - 12, middle(process) + 4, "lane",
-                           "process " + std::to_string(number(process)));
+                     label(at_.gutter - 12, middle(process) + 4, "lane", laneName(net_, process));
   std::size_t from = 0;
   for (std::size_t i = 0; i < run_.steps.size(); ++i)
     for (const Move& move : fired(i).moves)
@@ -166,20 +169,22 @@ std::string Picture::bar(std::size_t process, std::size_t from, std::size_t to) 
   const Colour& colour = colourOf(net_.processes[process], location);
   const int x = at_.left(from);
   const int width = at_.right(to) - x;
-  std::string about = "process " + std::to_string(number(process)) + " in location " +
-                      std::to_string(location) + " from time " + replay_.times[from].text();
+  std::string about = "process " + processName(net_, process) + " in location " +
+                      locationName(net_, process, location) + " from time " +
+                      replay_.times[from].text();
   const bool lastBar = to == run_.steps.size();
   if (!lastBar) about += " to " + replay_.times[to + 1].text();
   const auto labels = net_.processes[process].labels.find(location);
   if (labels != net_.processes[process].labels.end() && !labels->second.empty())
-    about += "; " + joined(propositionNames(labels->second), " ");
+    about += "; " + joined(propositionNames(net_, labels->second), " ");
 
   std::string result = "<g class=\"bar\">\n" + hint(about);
   result += box(x, at_.barTop(process), width - 1, RunGeometry::barHeight,
                 attribute("fill", colour.fill) + attribute("rx", 2));
   constexpr int again = 480;
   for (int offset = 0; offset == 0 || offset + again / 2 < width; offset += again)
-    result += label(x + 8 + offset, middle(process) + 4, "place", std::to_string(location),
+    result += label(x + 8 + offset, middle(process) + 4, "place",
+                    pictured(locationName(net_, process, location)),
                     attribute("style", std::string("fill: ") + colour.ink));
   return result + "</g>\n";
 }
@@ -190,13 +195,13 @@ std::string Picture::step(std::size_t step) const {
   const Transition& transition = fired(step);
   const bool shared = transition.moves.size() > 1;
   const int x = at_.left(step + 1);
-  const std::string name = std::to_string(number(run_.steps[step].transition));
+  const std::string name = pictured(transitionName(net_, run_.steps[step].transition));
   std::vector<std::string> processes;
-  for (const Move& move : transition.moves)
-    processes.push_back(std::to_string(number(move.process)));
+  for (const Move& move : transition.moves) processes.push_back(processName(net_, move.process));
 
   std::string result = "<g class=\"step\" id=\"step-" + std::to_string(step + 1) + "\">\n";
-  result += hint("step " + std::to_string(step + 1) + ": transition " + name + " within " +
+  result += hint("step " + std::to_string(step + 1) + ": transition " +
+                 transitionName(net_, run_.steps[step].transition) + " within " +
                  text(transition.interval) + " of " + (shared ? "processes " : "process ") +
                  joined(processes, ", ") + " at time " + replay_.times[step + 1].text() +
                  ", after " + run_.steps[step].delay.text());

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "workbench/network/account.hpp"
+#include "workbench/network/shown.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -13,7 +15,7 @@ namespace tpn {
 namespace {
 
 constexpr std::size_t columns = 7;
-constexpr std::size_t rightAligned = 4;  // the first ones: numbers
+constexpr std::size_t transitionColumn = 3;
 using Row = std::array<std::string, columns>;
 
 constexpr std::size_t mostProcesses = 8;
@@ -21,27 +23,37 @@ constexpr std::size_t mostChanges = 6;
 constexpr std::size_t mostPropositions = 12;
 constexpr std::size_t lineLength = 96;
 
-std::string processesText(const Transition& transition) {
-  std::vector<std::string> numbers;
-  for (const Move& move : transition.moves) numbers.push_back(std::to_string(number(move.process)));
-  return shortened(numbers, " ", mostProcesses);
+// Of UTF-8, in characters.
+std::size_t width(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xc0U) != 0x80;
+  }));
 }
 
-std::string changesText(const Transition& transition) {
+std::string processesText(const Network& net, const Transition& transition) {
+  std::vector<std::string> processes;
+  for (const Move& move : transition.moves) processes.push_back(shownProcess(net, move.process));
+  return shortened(processes, " ", mostProcesses);
+}
+
+std::string changesText(const Network& net, const Transition& transition) {
   std::vector<std::string> changes;
   for (const Move& move : transition.moves)
     if (move.source != move.target)
-      changes.push_back(std::to_string(number(move.process)) + ": " + std::to_string(move.source) +
-                        " -> " + std::to_string(move.target));
+      changes.push_back(shownProcess(net, move.process) + ": " +
+                        shownLocation(net, move.process, move.source) + " -> " +
+                        shownLocation(net, move.process, move.target));
   return changes.empty() ? "-" : shortened(changes, ", ", mostChanges);
 }
 
 // Those that matter most, up to the limit, in the order of their numbers.
-std::string propositionsText(const std::set<int>& now, const std::set<int>& before,
-                             const Property& property) {
+std::string propositionsText(const Network& net, const std::set<int>& now,
+                             const std::set<int>& before, const Property& property) {
   if (now.empty()) return "-";
   std::set<int> asked;
-  for (const PropertyItem& item : property.items) asked.insert(item.number);
+  for (const PropertyItem& item : property.items)
+    if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
+      asked.insert(item.number);
   std::vector<int> chosen(now.begin(), now.end());
   std::stable_sort(chosen.begin(), chosen.end(), [&](int a, int b) {
     const auto rank = [&](int q) { return asked.contains(q) ? 0 : before.contains(q) ? 2 : 1; };
@@ -49,9 +61,15 @@ std::string propositionsText(const std::set<int>& now, const std::set<int>& befo
   });
   const std::size_t shown = std::min(chosen.size(), mostPropositions);
   std::string result = joined(
-      propositionNames({chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(shown)}), " ");
+      propositionNames(net, {chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(shown)}),
+      " ");
   if (shown < chosen.size()) result += " ... " + std::to_string(chosen.size() - shown) + " more";
   return result;
+}
+
+std::string initialText(const Network& net) {
+  const std::string name = initialName(net);
+  return name.empty() ? "all initial" : "all at " + name;
 }
 
 std::vector<Row> table(const Network& net, const Property& property, const Run& run,
@@ -61,27 +79,29 @@ std::vector<Row> table(const Network& net, const Property& property, const Run& 
   std::set<int> before;
   for (std::size_t i = 0; i < replay.states.size(); ++i) {
     const std::set<int> now = propositionsAt(net, replay.states[i].locations);
-    const std::string holding = propositionsText(now, before, property);
+    const std::string holding = propositionsText(net, now, before, property);
     if (i == 0) {
-      rows.push_back({"0", "0", "-", "-", "-", "all at 0", holding});
+      rows.push_back({"0", "0", "-", "-", "-", initialText(net), holding});
     } else {
       const Step& step = run.steps[i - 1];
       const Transition& transition = net.transitions[step.transition];
       rows.push_back({std::to_string(i), replay.times[i].text(), step.delay.text(),
-                      std::to_string(number(step.transition)), processesText(transition),
-                      changesText(transition), holding});
+                      shownTransition(net, step.transition), processesText(net, transition),
+                      changesText(net, transition), holding});
     }
     before = now;
   }
   return rows;
 }
 
-std::string line(const Row& row, const std::array<std::size_t, columns>& widths) {
+// Numbers stand right: the first `numbers` columns.
+std::string line(const Row& row, const std::array<std::size_t, columns>& widths,
+                 std::size_t numbers) {
   std::string result;
   for (std::size_t c = 0; c < columns; ++c) {
-    const std::string blanks(widths[c] - row[c].size(), ' ');
+    const std::string blanks(widths[c] - width(row[c]), ' ');
     if (c > 0) result += "  ";
-    if (c < rightAligned)
+    if (c < numbers)
       result += blanks + row[c];
     else if (c + 1 < columns)
       result += row[c] + blanks;
@@ -106,19 +126,44 @@ std::string wrapped(const std::string& heading, const std::vector<std::string>& 
   return result + "\n";
 }
 
-std::string goalText(const Property& property, const Run& run, const Replay& replay) {
+// Where everybody is, as words of a sentence.
+std::vector<std::string> placesAt(const Network& net, const Locations& at) {
   std::vector<std::string> places;
-  const Locations& at = replay.states[run.goal].locations;
   for (std::size_t p = 0; p < at.size(); ++p)
-    if (at[p] != 0) places.push_back(std::to_string(number(p)) + " at " + std::to_string(at[p]));
+    if (at[p] != 0) places.push_back(shownProcess(net, p) + " at " + shownLocation(net, p, at[p]));
   const bool othersLeft = places.size() < at.size();
   for (std::size_t i = 0; i + 1 < places.size() || (othersLeft && i < places.size()); ++i)
     places[i] += ",";
-  if (othersLeft) places.emplace_back(places.empty() ? "all at 0" : "the others at 0");
+  if (othersLeft && places.empty()) return {initialText(net)};
+  const std::string name = initialName(net);
+  if (othersLeft)
+    places.emplace_back(name.empty() ? "the others initial" : "the others at " + name);
+  return places;
+}
+
+// The part of the property that holds, where it leaves that open.
+std::string accountText(const std::vector<std::string>& facts) {
+  constexpr std::size_t mostFacts = 24;
+  std::vector<std::string> shown(
+      facts.begin(),
+      facts.begin() + static_cast<std::ptrdiff_t>(std::min(facts.size(), mostFacts)));
+  if (shown.empty()) return "";
+  for (std::size_t i = 0; i + 1 < shown.size(); ++i) shown[i] += ",";
+  if (shown.size() < facts.size())
+    shown.push_back("... " + std::to_string(facts.size() - shown.size()) + " more");
+  return wrapped("held:", shown);
+}
+
+std::string goalText(const Network& net, const Property& property, const Run& run,
+                     const Replay& replay) {
+  constexpr std::size_t longest = 400;
+  const TimedState& goal = replay.states[run.goal];
   const std::string where = run.goal == 0 ? std::string("the initial state")
                                           : "the state after step " + std::to_string(run.goal);
-  return "goal: " + shortProperty(property) + " holds in " + where + ", at time " +
-         replay.times[run.goal].text() + "\n" + wrapped("     ", places);
+  return "goal: " + shortProperty(property, longest) + " holds in " + where + ", at time " +
+         replay.times[run.goal].text() + "\n" +
+         (leavesOpen(property) ? accountText(goalAccount(net, property, goal)) : "") +
+         wrapped("     ", placesAt(net, goal.locations));
 }
 
 }  // namespace
@@ -128,13 +173,15 @@ std::string runText(const Network& net, const Property& property, const Run& run
   const std::vector<Row> rows = table(net, property, run, replay);
   std::array<std::size_t, columns> widths{};
   for (const Row& row : rows)
-    for (std::size_t c = 0; c < columns; ++c) widths[c] = std::max(widths[c], row[c].size());
+    for (std::size_t c = 0; c < columns; ++c) widths[c] = std::max(widths[c], width(row[c]));
 
+  const std::size_t numbers = transitionColumn + (net.names.transitions.empty() ? 1 : 0);
   const bool marked = !asksNothing(property);
   std::string result;
   for (std::size_t i = 0; i < rows.size(); ++i)
-    result += line(rows[i], widths) + (marked && i == run.goal + 1 ? "  <- goal" : "") + "\n";
-  return marked ? result + goalText(property, run, replay) : result;
+    result +=
+        line(rows[i], widths, numbers) + (marked && i == run.goal + 1 ? "  <- goal" : "") + "\n";
+  return marked ? result + goalText(net, property, run, replay) : result;
 }
 
 }  // namespace tpn

@@ -19,10 +19,13 @@
 #include <limits>
 #include <map>
 #include <numeric>
+#include <optional>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/network/account.hpp"
 #include "workbench/runs/deadend.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
@@ -138,6 +141,35 @@ class Dump {
   std::vector<std::string> values_;
 };
 
+constexpr std::array<std::string_view, 5> ownSignals{"step", "transition", "transition_name",
+                                                     "fired", "property"};
+
+// What a viewer takes for a name, in place of one that may be anything; with the number where
+// letters are lost or the name is that of a signal of ours, so that two stay two.
+template <class Key>
+std::string identifier(const std::map<Key, std::string>& names, const Key& key,
+                       const std::string& prefix, int number) {
+  const auto named = names.find(key);
+  if (named == names.end()) return prefix + std::to_string(number);
+  const bool taken =
+      std::find(ownSignals.begin(), ownSignals.end(), named->second) != ownSignals.end();
+  if (!taken && writtenName(named->second) == named->second) return named->second;
+  std::string clean = named->second;
+  const auto isWord = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+  };
+  std::replace_if(
+      clean.begin(), clean.end(), [&](char c) { return !isWord(c); }, '_');
+  return "_" + clean + "_" + std::to_string(number);
+}
+
+// The value of a text, without blanks.
+std::string word(const std::string& name) {
+  std::string text = printable(name);
+  std::replace(text.begin(), text.end(), ' ', '_');
+  return "s" + text + " ";
+}
+
 // The signals of a network, and how a state is written to them.
 class Signals {
  public:
@@ -146,13 +178,17 @@ class Signals {
     dump_.enter("network");
     step_ = dump_.declare("integer", 32, "step");
     transition_ = dump_.declare("integer", 32, "transition");
+    if (!net.names.transitions.empty()) fires_ = dump_.declare("string", 1, "transition_name");
     fired_ = dump_.declare("event", 1, "fired");
     holds_ = dump_.declare("wire", 1, "property");
     for (const int q : propositions(net))
-      wires_[q] = dump_.declare("wire", 1, "p" + std::to_string(q));
+      wires_[q] = dump_.declare("wire", 1, identifier(net.names.propositions, q, "p", q));
     for (std::size_t p = 0; p < net.processes.size(); ++p) {
-      dump_.enter("process_" + std::to_string(number(p)));
+      dump_.enter(identifier(net.names.processes, p, "process_", number(p)));
       locations_.push_back(dump_.declare("integer", 32, "location"));
+      const auto isHere = [p](const auto& named) { return named.first.first == p; };
+      if (std::any_of(net.names.locations.begin(), net.names.locations.end(), isHere))
+        places_[p] = dump_.declare("string", 1, "location_name");
       clocks_.push_back(dump_.declare("real", 64, "clock"));
       dump_.leave();
     }
@@ -162,6 +198,10 @@ class Signals {
   void fire(std::size_t step, int transition) {
     dump_.set(step_, binary(static_cast<std::int64_t>(step)));
     dump_.set(transition_, binary(transition));
+    if (fires_)
+      dump_.set(*fires_, transition == 0 ? word("-")
+                                         : word(transitionName(
+                                               net_, static_cast<std::size_t>(transition) - 1)));
     if (step > 0) dump_.trigger(fired_);
   }
 
@@ -171,6 +211,8 @@ class Signals {
     for (const auto& [q, wire] : wires_) dump_.set(wire, now.contains(q) ? "1" : "0");
     for (std::size_t p = 0; p < locations_.size(); ++p)
       dump_.set(locations_[p], binary(state.locations[p]));
+    for (const auto& [p, place] : places_)
+      dump_.set(place, word(locationName(net_, p, state.locations[p])));
     clocks(state.clocks, 0);
   }
 
@@ -186,18 +228,27 @@ class Signals {
   std::size_t transition_ = 0;  // the number of the last one to fire; 0 before the first
   std::size_t fired_ = 0;       // an event: tells apart two steps by one transition
   std::size_t holds_ = 0;
-  std::map<int, std::size_t> wires_;  // by proposition
+  std::optional<std::size_t> fires_;           // its name, where transitions have any
+  std::map<int, std::size_t> wires_;           // by proposition
+  std::map<std::size_t, std::size_t> places_;  // by process: names of locations
   std::vector<std::size_t> locations_;
   std::vector<std::size_t> clocks_;
 };
 
-// What stands before the signals. A "$" could end the comment.
-void writeHead(Dump& dump, const Network& net, const Scale& scale) {
-  std::string title = printable(net.title);
-  std::replace(title.begin(), title.end(), '$', '_');
+// A "$" could end a comment.
+std::string remark(std::string text) {
+  text = printable(text);
+  std::replace(text.begin(), text.end(), '$', '_');
+  return "  " + text;
+}
+
+// What stands before the signals.
+void writeHead(Dump& dump, const Network& net, const Scale& scale,
+               const std::vector<std::string>& goal) {
   const std::string slots = std::to_string(scale.slots);
   dump.raw("$comment");
-  dump.raw("  " + title);
+  dump.raw(remark(net.title));
+  for (const std::string& line : goal) dump.raw(remark(line));
   dump.raw("  One time unit is " + std::to_string(product(scale.parts, scale.slots)) + " ticks" +
            (scale.digits < 0 ? "" : ": shown as one second") + ".");
   dump.raw("  Times are exact: floor(tick / " + slots + ") / " + std::to_string(scale.parts) + ".");
@@ -208,13 +259,24 @@ void writeHead(Dump& dump, const Network& net, const Scale& scale) {
   dump.raw("$timescale " + tickName(scale.digits) + " $end");
 }
 
+std::vector<std::string> goalLines(const Network& net, const Property& property, const Run& run,
+                                   const Replay& replay) {
+  if (asksNothing(property)) return {};
+  std::vector<std::string> lines{"Goal: " + shortProperty(property, 400) + ", after step " +
+                                 std::to_string(run.goal) + "."};
+  if (leavesOpen(property))
+    lines.push_back(
+        "Held: " + shortened(goalAccount(net, property, replay.states[run.goal]), ", ", 24) + ".");
+  return lines;
+}
+
 }  // namespace
 
 std::string runVcd(const Network& net, const Property& property, const Run& run) {
   const Replay replay = replayed(net, property, run);
   const Scale scale = scaleFor(replay.times);
   Dump dump;
-  writeHead(dump, net, scale);
+  writeHead(dump, net, scale, goalLines(net, property, run, replay));
   Signals signals(dump, net, property);
   dump.raw("$enddefinitions $end\n#0\n$dumpvars");
   signals.fire(0, 0);

@@ -6,6 +6,9 @@
 #include <nlohmann/json.hpp>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/network/account.hpp"
+#include "workbench/network/shown.hpp"
+#include "workbench/runs/deadend.hpp"
 
 namespace tpn {
 
@@ -19,11 +22,18 @@ bool asksNothing(const Property& property) {
   return property.items.size() == 1 && property.items[0].kind == PropertyItem::truth;
 }
 
-std::vector<std::string> propositionNames(const std::set<int>& propositions) {
+std::vector<std::string> propositionNames(const Network& net, const std::set<int>& propositions) {
   std::vector<std::string> names;
   names.reserve(propositions.size());
-  for (const int q : propositions) names.push_back("p" + std::to_string(q));
+  for (const int q : propositions) names.push_back(shownProposition(net, q));
   return names;
+}
+
+std::vector<std::string> goalAccount(const Network& net, const Property& property,
+                                     const TimedState& goal) {
+  const std::set<int> propositions = propositionsAt(net, goal.locations);
+  const bool deadlock = asksDeadlock(property) && isDeadEnd(net, goal);
+  return account(net, property, {propositions, goal.locations, deadlock});
 }
 
 std::vector<Parts> partsByProcess(const Network& net) {
@@ -54,10 +64,23 @@ std::string text(const Interval& interval) {
   return from + (interval.latest ? std::to_string(*interval.latest) + "]" : "inf)");
 }
 
-std::string shortProperty(const Property& property) {
-  constexpr std::size_t longest = 48;
+std::string shortProperty(const Property& property, std::size_t longest) {
   if (property.text.size() <= longest) return printable(property.text);
   return printable(property.text.substr(0, longest - 3)) + "...";
+}
+
+std::string cut(const std::string& text, std::size_t limit) {
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool begins = (static_cast<unsigned char>(text[i]) & 0xc0U) != 0x80;
+    if (begins && characters++ == limit) return text.substr(0, i) + "...";
+  }
+  return text;
+}
+
+std::string pictured(const std::string& name) {
+  constexpr std::size_t most = 16;
+  return cut(printable(name), most);
 }
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator) {
@@ -84,11 +107,12 @@ std::string shortened(const std::vector<std::string>& items, const std::string& 
   return shortened(items, items.size(), separator, limit);
 }
 
-std::string partners(const Transition& t, std::size_t process, std::size_t limit) {
+std::string partners(const Network& net, const Transition& t, std::size_t process,
+                     std::size_t limit) {
   std::vector<std::string> first;
   for (const Move& move : t.moves) {
     if (first.size() == limit) break;
-    if (move.process != process) first.push_back(std::to_string(number(move.process)));
+    if (move.process != process) first.push_back(shownProcess(net, move.process));
   }
   return shortened(first, t.moves.size() - 1, ", ", limit);
 }

@@ -20,8 +20,12 @@ Replay replayed(const Network& net, const Property& property, const Run& run);
 // A property that is just true: nobody asked for a goal, so none is marked.
 bool asksNothing(const Property& property);
 
-// "p2 p11": as the property file writes them.
-std::vector<std::string> propositionNames(const std::set<int>& propositions);
+// "p2 committed": as questions write them.
+std::vector<std::string> propositionNames(const Network& net, const std::set<int>& propositions);
+
+// Why the property holds at the goal of a run: facts that are enough.
+std::vector<std::string> goalAccount(const Network& net, const Property& property,
+                                     const TimedState& goal);
 
 // What one process sees of a transition.
 struct Part {
@@ -40,8 +44,17 @@ Json moveJson(const Move& move);
 bool isShared(const Transition& t);  // of more than one process
 const std::set<int>& labelsAt(const Process& process, int location);
 
-std::string text(const Interval& interval);           // "[1, 3]", "[2, inf)"
-std::string shortProperty(const Property& property);  // printable; cut where it is long
+std::string text(const Interval& interval);  // "[1, 3]", "[2, inf)"
+
+// Printable; cut where it is longer.
+std::string shortProperty(const Property& property, std::size_t longest);
+
+// The first characters of a printable text.
+std::string cut(const std::string& text, std::size_t limit);
+
+// A name or a number as it stands in a picture, where room is scarce: printable, cut where it is
+// long.
+std::string pictured(const std::string& name);
 
 std::string joined(const std::vector<std::string>& items, const std::string& separator);
 
@@ -49,8 +62,9 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit);
 
-// The numbers of all other processes of a transition, shortened like this.
-std::string partners(const Transition& t, std::size_t process, std::size_t limit);
+// All other processes of a transition, shortened like this.
+std::string partners(const Network& net, const Transition& t, std::size_t process,
+                     std::size_t limit);
 
 std::string xmlText(const std::string& text);  // printable, and escaped for XML text and attributes
 

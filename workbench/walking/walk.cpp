@@ -6,16 +6,19 @@
 #include <cstring>
 #include <exception>
 #include <fstream>
-#include <iomanip>
 #include <istream>
 #include <ostream>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
+#include "workbench/base/spelling.hpp"
+#include "workbench/network/shown.hpp"
 #include "workbench/runs/deadend.hpp"
 #include "workbench/runs/replay.hpp"
 #include "workbench/views/views.hpp"
+#include "workbench/walking/statetext.hpp"
 #include "workbench/walking/walkcommands.hpp"
 
 namespace tpn {
@@ -48,47 +51,6 @@ std::string written(const std::string& file, const std::string& text) {
   return out ? "" : "cannot write '" + file + "': " + std::strerror(errno);
 }
 
-// --- What is shown of a state. ---
-
-std::string delaysText(const std::optional<Window>& delays) {
-  if (!delays) return "cannot fire";
-  const std::string from = "delay " + delays->from.text();
-  if (!delays->to) return from + " or more";
-  return *delays->to == delays->from ? from : from + " to " + delays->to->text();
-}
-
-std::string movesText(const Transition& t) {
-  std::string text;
-  for (const Move& move : t.moves) {
-    text += (text.empty() ? "" : ", ") + ("process " + std::to_string(number(move.process))) + ": ";
-    if (!move.resets) text += "reads ";
-    text += std::to_string(move.source);
-    if (move.resets) text += " -> " + std::to_string(move.target);
-  }
-  return text;
-}
-
-void showProcesses(const Network& net, const TimedState& state, std::ostream& out) {
-  for (std::size_t p = 0; p < net.processes.size(); ++p)
-    out << "  process " << number(p) << ": location " << state.locations[p] << ", clock "
-        << state.clocks[p].text() << "\n";
-  out << "  propositions:";
-  const std::set<int> held = propositionsAt(net, state.locations);
-  for (const int proposition : held) out << " " << proposition;
-  out << (held.empty() ? " none\n" : "\n");
-}
-
-void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
-  const std::string reason = stuck(net, state);
-  if (!reason.empty()) out << "  " << reason << "\n";
-  const std::vector<std::optional<Window>> delays = windows(net, state);
-  for (std::size_t t = 0; t < net.transitions.size(); ++t)
-    if (enabled(net.transitions[t], state.locations))
-      out << std::right << std::setw(4) << number(t) << "  " << std::left << std::setw(16)
-          << delaysText(delays[t]) << "  " << movesText(net.transitions[t])
-          << (delays[t] ? "" : "; it " + hindrance(net, state, t)) << "\n";
-}
-
 // --- A session. ---
 
 class Session {
@@ -104,6 +66,11 @@ class Session {
     if (command.empty()) return "";
     const std::string& verb = command.front();
     if (isNumber(verb)) return fire(command);
+    if (const auto named = transitionNamed(line)) {
+      Words fired = commandWords(line.substr(named->length));
+      fired.insert(fired.begin(), std::to_string(number(named->transition)));
+      return fire(fired);
+    }
     if (verb == "undo") return undo(command);
     if (const RunView* view = runViewCalled(verb)) return print(*view, fileIn(line));
     return plain(command);
@@ -112,8 +79,7 @@ class Session {
   void show() const {
     out_ << "time " << past_.times.back().text() << ", after " << plural(steps_.size(), "step")
          << "\n";
-    showProcesses(net_, state(), out_);
-    showTransitions(net_, state(), out_);
+    showState(net_, state(), out_);
   }
 
   Run run() const { return {steps_, steps_.size()}; }
@@ -124,15 +90,38 @@ class Session {
  private:
   const TimedState& state() const { return past_.states.back(); }
 
+  std::string unknown(const std::string& verb) const {
+    std::vector<std::string> names;
+    for (const auto& [transition, name] : net_.names.transitions)
+      names.push_back(writtenName(name));
+    const std::string near = nearest(verb, names);
+    return "unknown command '" + verb + "'; " +
+           (near.empty() ? "try help" : "there is the transition " + near);
+  }
+
   std::string plain(const Words& command) {
     const std::string& verb = command.front();
-    if (verb != "show" && verb != "help" && verb != "quit")
-      return "unknown command '" + verb + "'; try help";
+    if (!isCommand(verb)) return unknown(verb);
     if (command.size() > 1) return verb + " takes nothing";
     if (verb == "show") show();
     if (verb == "help") out_ << helpText();
     ended = verb == "quit";
     return "";
+  }
+
+  // The transition that a line begins with the name of. What is no command of another kind may be
+  // written without braces.
+  struct Named {
+    std::size_t transition = 0;
+    std::size_t length = 0;  // of the line up to behind the name
+  };
+  std::optional<Named> transitionNamed(const std::string& line) const {
+    const std::size_t begin = std::min(line.find_first_not_of(" \t"), line.size());
+    const auto read = readName(std::string_view(line).substr(begin));
+    if (!read || (line[begin] != '{' && isCommand(read->name))) return std::nullopt;
+    for (const auto& [transition, name] : net_.names.transitions)
+      if (name == read->name) return Named{transition, begin + read->length};
+    return std::nullopt;
   }
 
   std::string fire(const Words& command) {
@@ -223,8 +212,8 @@ std::string stuck(const Network& net, const TimedState& state) {
   if (std::none_of(net.transitions.begin(), net.transitions.end(), isEnabled))
     return "stuck: no transition is enabled";
   if (const auto found = collision(net, state))
-    return "stuck: transition " + transitionName(net, found->transition) +
-           " would put a second token on " + processName(net, found->move.process);
+    return "stuck: transition " + shownTransition(net, found->transition) +
+           " would put a second token on " + shownProcess(net, found->move.process);
   // Any other that is enabled and cannot fire is kept from it by a latest time.
   const auto longest = longestDelay(net, state);
   assert(longest);

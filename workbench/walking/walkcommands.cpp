@@ -29,6 +29,11 @@ Words commandWords(const std::string& line) {
   return result;
 }
 
+bool isCommand(const std::string& word) {
+  return word == "undo" || word == "show" || word == "help" || word == "quit" ||
+         runViewCalled(word) != nullptr;
+}
+
 std::string fileIn(const std::string& line) {
   std::istringstream in(line);
   std::string file;
@@ -39,8 +44,9 @@ std::string fileIn(const std::string& line) {
 }
 
 std::string helpText() {
-  return "NUMBER [DELAY]            let DELAY pass, then fire this transition; without DELAY as "
-         "soon\n"
+  return "TRANSITION [DELAY]        let DELAY pass, then fire this one, by number or name; "
+         "without, "
+         "as soon\n"
          "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
          "undo [COUNT]              take back the last step, or as many\n"
          "show                      the state and what can fire\n" +

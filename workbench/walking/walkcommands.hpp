@@ -1,6 +1,6 @@
 // The commands of a walk, a line each; `help` prints them:
-//   NUMBER [DELAY]              time passes, then this transition fires; the earliest delay if none
-//                               is given; "2", "0.5", "7/3"
+//   TRANSITION [DELAY]          time passes, then this transition, by number or name, fires; the
+//                               earliest delay if none is given; "2", "0.5", "7/3"
 //   undo [COUNT]                takes the last steps back
 //   show                        the state and what can fire
 //   VIEW [FILE]                 a view of the run so far: text, json, ... (views.hpp)
@@ -18,6 +18,9 @@ namespace tpn {
 using Words = std::vector<std::string>;
 
 Words commandWords(const std::string& line);
+
+// A word that begins a command of its own, and not the name of a transition.
+bool isCommand(const std::string& word);
 
 // All after the first word: names of files may have blanks, and a #.
 std::string fileIn(const std::string& line);

@@ -57,7 +57,8 @@ TEST_F(Tpn, LintTellsWhetherABoundIsTaken) {
 TEST_F(Tpn, FileThatIsNotThereIsNamed) {
   const Outcome outcome = tpn({"lint", "nothing"});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "tpn: neither nothing nor nothing.tpn can be opened: No such file or directory\n");
+  EXPECT_EQ(outcome.err,
+            "tpn: neither nothing nor nothing.tpn can be opened: No such file or directory\n");
 }
 
 TEST_F(Tpn, CheckFindsTheRunAndExitsWith10) {

@@ -53,6 +53,35 @@ std::string refusalOfLine(const std::string& line) {
 
 TEST(CertificateText, SaysEverything) { EXPECT_EQ(certificateText(sample()), sampleText); }
 
+TEST(CertificateText, HasNamesInRemarksThatAreNotRead) {
+  Network net;
+  net.names.processes = {{0, "lamp"}, {1, "a  # b"}};
+  net.names.locations = {{{0, 1}, "on"}, {{2, 7}, "gone"}};
+  const std::string named = certificateText(sample(), &net);
+  EXPECT_NE(named.find("\nlinear 3 1*1@1 -2*3@0  # linear 3 1*lamp@on -2*3@0\n"),
+            std::string::npos);
+  EXPECT_NE(named.find("\ngenerator 1>2 2>1 3@4>7  # generator lamp>{a  # b} {a  # b}>lamp "
+                       "3@4>gone\n"),
+            std::string::npos);
+  EXPECT_NE(named.find("\nclause -1@2 2>=10  # clause -lamp@2 {a  # b}>=10\n"), std::string::npos);
+  EXPECT_EQ(readCertificate(named), sample());
+}
+
+TEST(CertificateText, HasNoRemarksWithoutNames) {
+  const Network net;
+  EXPECT_EQ(certificateText(sample(), &net), sampleText);
+}
+
+TEST(Statement, IsTheSameWithNames) {
+  Network net = twoProcesses();
+  const Statement without = statement(net, deadlockProperty());
+  net.names.processes[0] = "first";
+  net.names.locations[{0, 0}] = "idle";
+  net.names.transitions[0] = "go";
+  net.names.propositions[7] = "busy";
+  EXPECT_EQ(statement(net, deadlockProperty()), without);
+}
+
 TEST(CertificateText, IsReadBack) { EXPECT_EQ(readCertificate(sampleText), sample()); }
 
 TEST(CertificateText, IsRefusedWhereItEndsTooEarly) {

@@ -10,7 +10,7 @@ namespace tpn {
 namespace {
 
 RunGeometry geometryOf(const Shown& shown) {
-  return geometryOf(shown.net, replay(shown.net, shown.property, shown.run));
+  return geometryOf(shown.net, shown.run, replay(shown.net, shown.property, shown.run));
 }
 
 TEST(RunGeometry, StatesFollowEachOtherFromTheGutterToTheEnd) {

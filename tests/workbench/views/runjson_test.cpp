@@ -41,7 +41,7 @@ std::vector<Move> movesIn(const json& moves) {
 
 TEST(RunJson, FollowsItsSchema) {
   const json rules = schema("run");
-  for (const Shown& shown : {violation(), thirds(), standstill()})
+  for (const Shown& shown : {violation(), named(), thirds(), standstill()})
     EXPECT_EQ(schemaComplaint(rules, runOf(shown)), "");
   for (unsigned seed = 1; seed <= 50; ++seed)
     EXPECT_EQ(schemaComplaint(rules, runOf(randomShown(seed, 12))), "") << "seed " << seed;
@@ -91,6 +91,26 @@ TEST(RunJson, SaysWhatTheReplaySays) {
   }
 }
 
+TEST(RunJson, HasNamesBesideNumbers) {
+  const json run = runOf(named());
+  EXPECT_EQ(run["held"], json({"alice.critical", "{bob & co}.critical"}));
+  EXPECT_EQ(run["states"][0]["locationNames"], json({"idle", "idle", "idle", "nobody's"}));
+  const json& goal = run["states"][10];
+  EXPECT_EQ(goal["locationNames"], json({"critical", "critical", "idle", nullptr}));
+  EXPECT_EQ(goal["propositions"], json({1, 11, 21}));
+  EXPECT_EQ(goal["propositionNames"], json({nullptr, "alice_in", "step"}));
+  const json& step = run["steps"][0];
+  EXPECT_EQ(step["name"], "wish");
+  EXPECT_EQ(
+      step["moves"][0],
+      json({{"process", 1}, {"name", "alice"}, {"from", 0}, {"fromName", "idle"}, {"to", 1}}));
+}
+
+TEST(RunJson, HasNoNamesWhereThereAreNone) {
+  EXPECT_EQ(jsonText(runJson(violation().net, violation().property, violation().run)).find("ame\""),
+            std::string::npos);
+}
+
 TEST(RunJson, ReplacesWhatIsNoUtf8) {
   EXPECT_EQ(runOf(thirds())["network"]["title"],
             "two <processes> & a \"title\" \\ $end &lt; \u017c \ufffd");
@@ -98,23 +118,35 @@ TEST(RunJson, ReplacesWhatIsNoUtf8) {
 
 // --- Networks. ---
 
+// The name in a member, if there is one.
+template <class Key>
+void takeName(const json& object, const Key& key, std::map<Key, std::string>& names) {
+  if (object.contains("name")) names[key] = object["name"];
+}
+
 Network networkFrom(const json& value) {
   Network net;
+  for (const json& q : value["propositions"])
+    takeName(q, q["number"].get<int>(), net.names.propositions);
   net.title = value["title"];
   for (const json& t : value["transitions"]) {
     Transition transition;
     transition.interval.earliest = t["earliest"];
     if (!t["latest"].is_null()) transition.interval.latest = t["latest"].get<std::int64_t>();
     transition.moves = movesIn(t["moves"]);
+    takeName(t, net.transitions.size(), net.names.transitions);
     net.transitions.push_back(transition);
   }
   for (const json& p : value["processes"]) {
     Process process;
     for (const json& location : p["locations"]) {
-      process.locations.insert(location["number"].get<int>());
+      const int name = location["number"];
+      process.locations.insert(name);
+      takeName(location, std::pair(net.processes.size(), name), net.names.locations);
       if (!location["propositions"].empty())
         process.labels[location["number"]] = location["propositions"].get<std::set<int>>();
     }
+    takeName(p, net.processes.size(), net.names.processes);
     net.processes.push_back(process);
   }
   return net;
@@ -127,8 +159,20 @@ TEST(NetworkJson, FollowsItsSchemaAndHoldsTheWholeNetwork) {
     const json value = json::parse(tpn::jsonText(networkJson(net)));
     EXPECT_EQ(schemaComplaint(rules, value), "") << "seed " << seed;
     EXPECT_EQ(networkFrom(value), net) << "seed " << seed;
-    EXPECT_EQ(value["propositions"], json(propositions(net)));
+    std::set<int> listed;
+    for (const json& q : value["propositions"]) listed.insert(q["number"].get<int>());
+    EXPECT_EQ(listed, propositions(net));
   }
+}
+
+TEST(NetworkJson, HasNamesBesideNumbers) {
+  const json value = json::parse(tpn::jsonText(networkJson(named().net)));
+  EXPECT_EQ(schemaComplaint(schema("network"), value), "");
+  EXPECT_EQ(value["processes"][1]["name"], "bob & co");
+  EXPECT_FALSE(value["processes"][2].contains("name"));
+  EXPECT_EQ(value["processes"][0]["locations"][5]["name"], "critical");
+  EXPECT_EQ(value["transitions"][15]["name"], "{wish}");
+  EXPECT_EQ(value["propositions"][1], json({{"number", 11}, {"name", "alice_in"}}));
 }
 
 TEST(NetworkJson, ExamplesFollowTheSchema) {

@@ -84,7 +84,7 @@ void expectComplete(const Shown& shown) {
 }
 
 TEST(RunSvg, FixedRunsAreComplete) {
-  for (const Shown& shown : {violation(), thirds(), standstill()}) expectComplete(shown);
+  for (const Shown& shown : {violation(), named(), thirds(), standstill()}) expectComplete(shown);
 }
 
 TEST(RunSvg, RandomRunsAreComplete) {
@@ -95,7 +95,7 @@ TEST(RunSvg, RandomRunsAreComplete) {
 }
 
 TEST(RunSvg, NothingOverlaps) {
-  std::vector<Shown> runs{violation(), thirds(), standstill()};
+  std::vector<Shown> runs{violation(), named(), thirds(), standstill()};
   for (unsigned seed = 1; seed <= 25; ++seed) runs.push_back(randomShown(seed, 40));
   for (const Shown& shown : runs) {
     SCOPED_TRACE(shown.net.title);
@@ -131,6 +131,7 @@ void expectLocationsInside(const Shown& shown) {
 
 TEST(RunSvg, LocationsFitIntoTheirBars) {
   expectLocationsInside(violation());
+  expectLocationsInside(named());
   expectLocationsInside(thirds());
 }
 

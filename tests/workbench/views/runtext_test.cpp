@@ -64,6 +64,24 @@ TEST(RunText, SaysWhatAStepDoes) {
       linesOf(text)[2].starts_with("   1    4/3    4/3           1  1          1: 0 -> 1 "));
 }
 
+TEST(RunText, ShowsNamesWhereThereAreAny) {
+  const Shown shown = named();
+  const std::vector<std::string> lines = linesOf(runText(shown.net, shown.property, shown.run));
+  EXPECT_NE(lines[2].find("alice lock       alice: idle -> 1"), std::string::npos) << lines[2];
+  EXPECT_NE(lines[11].find("alice_in"), std::string::npos) << lines[11];
+  EXPECT_TRUE(lines[13].starts_with(
+      "goal: atleast(2, *.critical) || lock.3 && !alice_in holds in the state after step 10"))
+      << lines[13];
+  EXPECT_EQ(lines[14], "held: alice.critical, {bob & co}.critical");
+}
+
+TEST(RunText, SaysWhatHeldOnlyWhereThePropertyLeavesItOpen) {
+  const Shown shown = violation();
+  EXPECT_EQ(runText(shown.net, shown.property, shown.run).find("held:"), std::string::npos);
+  EXPECT_NE(runText(shown.net, propertyOf("p1p11+"), shown.run).find("held: p1\n"),
+            std::string::npos);
+}
+
 TEST(RunText, StaysReadableWithManyProcesses) {
   const Shown shown = crowd(30);
   for (const std::string& line : linesOf(runText(shown.net, shown.property, shown.run)))

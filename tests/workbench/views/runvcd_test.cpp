@@ -128,6 +128,20 @@ TEST(RunVcd, TooFineTimesAreRefused) {
   EXPECT_THROW(runVcd(shown.net, shown.property, shown.run), std::overflow_error);
 }
 
+TEST(RunVcd, HasNamesForSignalsAndValues) {
+  const Vcd vcd = dumpOf(named());
+  EXPECT_TRUE(vcd.signals.contains("network.alice_in"));
+  EXPECT_TRUE(vcd.signals.contains("network._step_21"));  // not to be taken for the signal
+  EXPECT_TRUE(vcd.signals.contains("network.alice.clock"));
+  EXPECT_TRUE(vcd.signals.contains("network._bob___co_2.location"));
+  const VcdMoment& last = vcd.moments.back();
+  EXPECT_EQ(last.values.at("network.alice.location_name"), "sidle");
+  EXPECT_EQ(last.values.at("network._bob___co_2.location_name"), "scritical");
+  EXPECT_EQ(vcd.moments.at(1).values.at("network.transition_name"), "swish");
+  EXPECT_NE(vcd.comment.find("Held: alice.critical, {bob & co}.critical."), std::string::npos)
+      << vcd.comment;
+}
+
 // A title cannot end its comment.
 TEST(RunVcd, TitleStaysInItsComment) {
   EXPECT_NE(dumpOf(thirds()).comment.find("_end"), std::string::npos);

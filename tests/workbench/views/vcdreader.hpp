@@ -92,7 +92,7 @@ class VcdReader {
     if (word == "$dumpvars" || word == "$end") return;
     if (word[0] == '#') {
       moment(std::stoll(word.substr(1)));
-    } else if (word[0] == 'b' || word[0] == 'r') {
+    } else if (word[0] == 'b' || word[0] == 'r' || word[0] == 's') {
       value(next(), word);
     } else {
       value(word.substr(1), word.substr(0, 1));
@@ -114,7 +114,9 @@ class VcdReader {
     if (vcd_.moments.empty()) fail("a value before any time");
     const VcdSignal& signal = vcd_.signals[name->second];
     if ((signal.type == "real") != (text[0] == 'r')) fail("a wrong kind of value: " + text);
-    if (signal.bits == 1 && text != "0" && text != "1") fail("no bit: " + text);
+    if ((signal.type == "string") != (text[0] == 's')) fail("a wrong kind of value: " + text);
+    if (signal.bits == 1 && signal.type != "string" && text != "0" && text != "1")
+      fail("no bit: " + text);
     if (text[0] == 'b' && text.size() - 1 > static_cast<std::size_t>(signal.bits))
       fail("too many bits: " + text);
     if (signal.type == "event")

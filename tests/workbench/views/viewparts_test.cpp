@@ -24,9 +24,9 @@ TEST(ViewParts, ListsAreShortenedToTheirLimit) {
 }
 
 TEST(ViewParts, LongPropertiesAreCutAndAllArePrintable) {
-  EXPECT_EQ(shortProperty({"p1\x1b", {}}), "p1\xef\xbf\xbd");
-  EXPECT_EQ(shortProperty({std::string(48, 'T'), {}}), std::string(48, 'T'));
-  EXPECT_EQ(shortProperty({std::string(49, 'T'), {}}), std::string(45, 'T') + "...");
+  EXPECT_EQ(shortProperty({"p1\x1b", {}}, 48), "p1\xef\xbf\xbd");
+  EXPECT_EQ(shortProperty({std::string(48, 'T'), {}}, 48), std::string(48, 'T'));
+  EXPECT_EQ(shortProperty({std::string(49, 'T'), {}}, 48), std::string(45, 'T') + "...");
 }
 
 TEST(ViewParts, ForeignTextIsEscapedForXml) {
@@ -43,9 +43,9 @@ TEST(ViewParts, PartsAreTheMovesOfAProcess) {
   ASSERT_EQ(parts.size(), net.processes.size());
   std::size_t moves = 0;
   for (std::size_t p = 0; p < parts.size(); ++p)
-    for (const auto& [transition, source, target] : parts[p]) {
-      const std::vector<Move>& all = net.transitions[transition].moves;
-      const Move move{p, source, target};
+    for (const Part& part : parts[p]) {
+      const std::vector<Move>& all = net.transitions[part.transition].moves;
+      const Move move{p, part.source, part.target, part.counts, part.resets};
       EXPECT_EQ(std::count(all.begin(), all.end(), move), 1);
       ++moves;
     }
@@ -57,7 +57,7 @@ TEST(ViewParts, PartsAreTheMovesOfAProcess) {
 TEST(ViewParts, PartnersAreAllOtherProcessesOfATransition) {
   Transition t;
   for (const std::size_t p : {1U, 3U, 4U, 7U}) t.moves.push_back({p, 0, 1});
-  EXPECT_EQ(partners(t, 3, 8), "2, 5, 8");
+  EXPECT_EQ(partners({}, t, 3, 8), "2, 5, 8");
   EXPECT_TRUE(isShared(t));
 }
 

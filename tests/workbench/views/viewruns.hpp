@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "workbench/network/infix.hpp"
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
 #include "workbench/runs/replay.hpp"
@@ -61,6 +62,21 @@ inline Shown violation() {
           {{fires(1), fires(16, Rational(1, 2)), fires(2), fires(3), fires(7, 1), fires(9),
             fires(17, Rational(1, 4)), fires(19), fires(22, 1), fires(25), fires(13 + 1, 2)},
            10}};
+}
+
+// The same run with names for most things, asked for in infix notation.
+inline Shown named() {
+  Shown shown = violation();
+  shown.net.names.processes = {{0, "alice"}, {1, "bob & co"}, {3, "lock"}};
+  for (const std::size_t p : {0U, 1U, 2U}) {
+    shown.net.names.locations[{p, 0}] = "idle";
+    shown.net.names.locations[{p, 5}] = "critical";
+  }
+  shown.net.names.locations[{3, 0}] = "nobody's";
+  shown.net.names.transitions = {{0, "wish"}, {15, "{wish}"}, {6, "look again"}};
+  shown.net.names.propositions = {{11, "alice_in"}, {21, "step"}};
+  shown.property = readInfix("atleast(2, *.critical) || lock.3 && !alice_in", shown.net);
+  return shown;
 }
 
 // Thirds and long waits; a title that every format has to escape.

@@ -42,6 +42,8 @@ void expectGolden(const std::string& name, const std::map<std::string, std::stri
 }
 
 TEST(GoldenView, ViolationOfMutualExclusion) { expectGolden("violation", viewsOf(violation())); }
+TEST(GoldenView, Names) { expectGolden("named", viewsOf(named())); }
+TEST(GoldenView, NetworkWithNames) { expectGolden("named", viewsOf(named().net)); }
 TEST(GoldenView, Thirds) { expectGolden("thirds", viewsOf(thirds())); }
 TEST(GoldenView, NoStepAtAll) { expectGolden("standstill", viewsOf(standstill())); }
 TEST(GoldenView, NetworkOfFischer) { expectGolden("swapped", viewsOf(violation().net)); }

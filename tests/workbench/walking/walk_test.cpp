@@ -90,6 +90,46 @@ TEST(Walk, FiresAsSoonAsItCanWithoutADelay) {
   EXPECT_EQ(steps(session("2\n1\n3\n").walked), "2 after 0, 1 after 1, 3 after 2");
 }
 
+// Process 1 and some of the rest have names.
+Network namedProcesses() {
+  Network net = twoProcesses();
+  net.names.processes[0] = "lamp";
+  net.names.locations = {{{0, 0}, "off"}, {{1, 1}, "at work"}};
+  net.names.transitions = {{0, "show"}, {1, "start"}, {2, "finish it"}};
+  net.names.propositions[7] = "lit";
+  return net;
+}
+
+TEST(Walk, ShowsNamesWhereThereAreAny) {
+  EXPECT_EQ(session("1\n", namedProcesses()).out, R"(time 0, after 0 steps
+  lamp: location off, clock 0
+  process 2: location 0, clock 0
+  propositions: none
+   1 show  delay 1 to 2      lamp: off -> 1
+   2 start  delay 0 to 2      process 2: 0 -> {at work}
+> time 1, after 1 step
+  lamp: location 1, clock 0
+  process 2: location 0, clock 1
+  propositions: lit
+   2 start  delay 0 to 2      process 2: 0 -> {at work}
+> 
+)");
+}
+
+TEST(Walk, TakesTransitionsByName) {
+  const Network net = namedProcesses();
+  EXPECT_EQ(steps(session("{show} 3/2\nstart 1/2 # soon\n  {finish it}\n", net).walked),
+            "1 after 3/2, 2 after 1/2, 3 after 2");
+  EXPECT_EQ(steps(session("show\n", net).walked), "");  // the command
+}
+
+TEST(Walk, SaysWhichTransitionIsNearest) {
+  EXPECT_NE(session("strat\n", namedProcesses()).out.find("there is the transition start"),
+            std::string::npos);
+  EXPECT_NE(session("finish\n", namedProcesses()).out.find("unknown command 'finish'"),
+            std::string::npos);
+}
+
 TEST(Walk, EndsWithItsInput) {
   const Session s = session("1 3/2");
   EXPECT_EQ(s.out, start + "> " + afterOne + "> \n");
@@ -117,7 +157,7 @@ TEST(Walk, DoesNotUndoMoreThanThereIs) {
 TEST(Walk, ShowsAgainAndHelps) {
   EXPECT_EQ(answers("show\nquit\n"), "> " + start + "> ");
   const std::string help = answers("help\nquit\n");
-  for (const char* command : {"NUMBER", "undo", "show", "text", "json", "vcd", "svg", "quit"})
+  for (const char* command : {"TRANSITION", "undo", "show", "text", "json", "vcd", "svg", "quit"})
     EXPECT_NE(help.find(command), std::string::npos) << command;
 }
 

@@ -1,0 +1,99 @@
+// Questions on the command line and in files, with names, from outside.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/workbench/command/tpn.hpp"
+
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+using Question = Tpn;
+
+const std::string twoCritical = "atleast(2, *.critical)";
+
+TEST_F(Question, OnTheCommandLineIsAnsweredAsThatInTheFile) {
+  const Outcome given =
+      tpn({"check", "fischer-swapped", "-p", twoCritical, "--engine", "bmc", "--json"});
+  const Outcome inFile =
+      tpn({"check", "fischer-swapped", "violation", "--engine", "bmc", "--json"});
+  EXPECT_EQ(given.status, 10) << given.err;
+  json a = json::parse(given.out);
+  json b = json::parse(inFile.out);
+  EXPECT_EQ(a["run"]["property"], twoCritical);
+  EXPECT_EQ(a["run"]["held"], json({"P1.critical", "P2.critical"}));
+  EXPECT_EQ(b["run"]["held"], json({"critical1", "critical2"}));
+  for (json* answer : {&a, &b})
+    for (const char* member : {"property", "held"}) (*answer)["run"].erase(member);
+  EXPECT_EQ(a, b);
+}
+
+TEST_F(Question, InAFileMayBeInfix) {
+  place.write("two.tpn", "\n" + twoCritical + "\n");
+  const Outcome checked = tpn({"check", "fischer-swapped", "two", "--engine", "bmc"});
+  EXPECT_EQ(checked.status, 10);
+  EXPECT_EQ(checked.err, "");
+  EXPECT_THAT(checked.out, HasSubstr("goal: atleast(2, *.critical) holds in the state after step"));
+  EXPECT_THAT(checked.out, HasSubstr("held: P1.critical, P2.critical\n"));
+  const Outcome linted = tpn({"lint", "fischer-swapped", "two"});
+  EXPECT_EQ(linted.status, 0);
+  EXPECT_THAT(linted.out, HasSubstr("two.tpn:2:1: warning: infix notation"));
+}
+
+TEST_F(Question, MayBeProved) {
+  const Outcome checked =
+      tpn({"check", "fischer", "-p", twoCritical, "--engine", "ic3", "--certificate", "proof"});
+  EXPECT_EQ(checked.out, "unreachable\n");
+  const Outcome certified = tpn({"certify", "fischer", "proof", "-p", twoCritical});
+  EXPECT_EQ(certified.out, "unreachable: the certificate proves it\n") << certified.err;
+  EXPECT_EQ(tpn({"certify", "fischer", "proof", "-p", "atleast(1, *.critical)"}).status, 1);
+  EXPECT_THAT(place.read("proof"), HasSubstr("  # clause "));
+}
+
+TEST_F(Question, MayBeExportedAndTraced) {
+  EXPECT_EQ(tpn({"export", "fischer", "-p", "P1.critical", "--aiger", "f.aag"}).status, 0);
+  EXPECT_THAT(place.read("f.aag"), HasSubstr("is bad where: P1.critical\n"));
+  ASSERT_EQ(tpn({"check", "fischer", "critical", "--solver", "cadical", "--keep", "kept"}).status,
+            10);
+  const Outcome traced =
+      shell(std::string("for map in kept/k*.lck; do bound=${map%.lck}; done\n") + TPN_BINARY +
+            " trace fischer -p 'atleast(1, *.critical)' $bound.lck $bound.out");
+  EXPECT_EQ(traced.status, 10) << traced.err;
+  EXPECT_THAT(traced.out, HasSubstr("goal: atleast(1, *.critical) holds"));
+}
+
+TEST_F(Question, IsAskedInOneWay) {
+  for (const std::vector<std::string>& twice :
+       {std::vector<std::string>{"check", "fischer", "violation", "-p", "true"},
+        {"check", "fischer", "--deadlock", "-p", "true"},
+        {"check", "fischer"},
+        {"lint", "fischer", "violation", "-p", "true"},
+        {"export", "fischer", "--aiger", "f.aag"},
+        {"certify", "fischer", "-p", "true"},
+        {"certify", "fischer", "violation", "proof", "-p", "true"},
+        {"trace", "fischer", "-p", "true", "map"}}) {
+    const Outcome outcome = tpn(twice);
+    EXPECT_EQ(outcome.status, 2) << testing::PrintToString(twice);
+    EXPECT_THAT(outcome.err, StartsWith("tpn")) << testing::PrintToString(twice);
+  }
+}
+
+TEST_F(Question, WithAMistakeIsShownWithIt) {
+  const Outcome outcome = tpn({"check", "fischer", "-p", "P1.critical && P2.critcal"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "-p:1:19: error: no location `critcal` in process P2; there is `critical` "
+            "[infix-unknown]\n"
+            "  P1.critical && P2.critcal\n"
+            "                    ^\n");
+}
+
+TEST_F(Question, OfDeadlockIsOneLikeOthers) {
+  const Outcome either = tpn({"check", "handshake", "-p", "deadlock || true", "--engine", "bmc"});
+  EXPECT_EQ(either.status, 10) << either.err;
+}
+
+}  // namespace
