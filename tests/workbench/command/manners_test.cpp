@@ -83,8 +83,8 @@ TEST_F(Manners, EmptyValuesAreRefused) {
 TEST_F(Manners, MissingFileIsToldWithAllNamesTried) {
   EXPECT_EQ(tpn({"show", "nosuch"}).err,
             "tpn: neither nosuch nor nosuch.tpn can be opened: No such file or directory\n");
-  std::filesystem::create_symlink("loop.tpn", place.folder() / "loop.tpn");
-  EXPECT_THAT(tpn({"show", "fischer/x"}).err, EndsWith(": Not a directory\n"));
+  EXPECT_EQ(tpn({"show", "fischer.tpn/x"}).err,
+            "tpn: fischer.tpn/x: cannot be opened: Not a directory\n");
 }
 
 TEST_F(Manners, FolderThatIsNotThereIsToldBeforeTheSearch) {
@@ -129,21 +129,18 @@ TEST_F(Manners, MissingDotIsToldInALineOfOurs) {
 }
 
 TEST_F(Manners, LintStopsAfterTwentyFindingsOfAFile) {
-  std::string property;
-  for (int i = 0; i < 26; ++i) property += "?";
-  place.write("many.tpn", property + "\n");
-  const Outcome some = tpn({"lint", "fischer", "many"});
+  std::string text = "many\ntransitions\n";
+  for (int i = 1; i <= 26; ++i) text += std::to_string(i) + " x 1\n";
+  place.write("many.tpn", text + "endtran\nprocess\n1 0 1\nvaluation\nendval\nend\nend\n");
+  const Outcome some = tpn({"lint", "many"});
   EXPECT_EQ(some.status, 1);
-  const auto lines = std::count(some.out.begin(), some.out.end(), '\n');
-  EXPECT_EQ(lines, 21);
-  EXPECT_THAT(some.out,
-              MatchesRegex("(.*\n)*many.tpn: [0-9]+ more findings, [0-9]+ of them errors; "
-                           "tpn lint --all tells them\n"));
-  const std::string all = tpn({"lint", "fischer", "many", "--all"}).out;
-  EXPECT_GT(std::count(all.begin(), all.end(), '\n'), 25);
-  EXPECT_THAT(all, Not(HasSubstr("more finding")));
-  EXPECT_GT(nlohmann::json::parse(tpn({"lint", "fischer", "many", "--json"}).out).at("errors"), 25);
-  EXPECT_THAT(tpn({"check", "fischer", "many"}).err, HasSubstr("more findings"));
+  EXPECT_EQ(std::count(some.out.begin(), some.out.end(), '\n'), 21);
+  EXPECT_THAT(some.out, HasSubstr("\nmany.tpn: 31 more findings, 31 of them errors; "
+                                  "tpn lint --all tells them\n"));
+  const std::string all = tpn({"lint", "many", "--all"}).out;
+  EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 51);
+  EXPECT_EQ(nlohmann::json::parse(tpn({"lint", "many", "--json"}).out).at("errors"), 51);
+  EXPECT_THAT(tpn({"show", "many"}).err, HasSubstr("31 more findings"));
 }
 
 // Transition 1 needs 5 units in its location, and transition 2 fires within 3.
