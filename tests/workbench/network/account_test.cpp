@@ -92,8 +92,9 @@ TEST(Account, IsEnough) {
       const Property enough = readInfix(facts, net);
       EXPECT_TRUE(holdsAt(enough, at, deadlock)) << facts;
       forAll([&](const Locations& other, bool otherDeadlock) {
-        if (holdsAt(enough, other, otherDeadlock))
+        if (holdsAt(enough, other, otherDeadlock)) {
           EXPECT_TRUE(holdsAt(asked, other, otherDeadlock)) << question << ": " << facts;
+        }
       });
       ++told;
     });

@@ -66,9 +66,10 @@ TEST(LintIsSilent, OnFamiliesOfNetworks) {
   for (const tpn::Family& family : tpn::families())
     for (const int size : {2, 5})
       for (const tpn::Question& question : family.questions)
-        if (question.postfix != nullptr)
+        if (question.postfix != nullptr) {
           EXPECT_EQ(complaints(made(family.name, size), question.postfix(size) + "\n"), "")
               << family.name << " " << size << " " << question.name;
+        }
 }
 
 TEST(LintIsSilent, OnRandomNetworks) {

@@ -117,7 +117,9 @@ TEST(Run, CollidesAndEndsWhereTheModelDoes) {
     ASSERT_EQ(isDeadEnd(net, grid::timed(from)), ended);
     const auto found = collision(net, grid::timed(from));
     ASSERT_EQ(found.has_value(), first.has_value());
-    if (found) ASSERT_GE(found->delay, Rational(*first, grid::perUnit));
+    if (found) {
+      ASSERT_GE(found->delay, Rational(*first, grid::perUnit));
+    }
     ends += ended ? 1 : 0;
     collisions += found ? 1 : 0;
   });
