@@ -74,10 +74,10 @@ TEST(Reading, PropertyOfAQuestionMustFitItsNetwork) {
   const std::string net = std::string(ZERVAN_SOURCE_DIR) + "/examples/handshake/handshake";
   place.write("wrong.tpn", "p1EF\n");
   const std::string folder = place.folder().string();
-  EXPECT_TRUE(inputsOf({net, std::string(ZERVAN_SOURCE_DIR) + "/examples/handshake/busy"}));
-  EXPECT_FALSE(inputsOf({net, folder + "/wrong"}));
-  EXPECT_TRUE(networkOf({net, ""}));
-  EXPECT_THROW(networkOf({folder + "/none", ""}), std::runtime_error);
+  EXPECT_TRUE(inputsOf({net, std::string(ZERVAN_SOURCE_DIR) + "/examples/handshake/busy", {}}));
+  EXPECT_FALSE(inputsOf({net, folder + "/wrong", {}}));
+  EXPECT_TRUE(networkOf({net, "", {}}));
+  EXPECT_THROW(networkOf({folder + "/none", "", {}}), std::runtime_error);
 }
 
 }  // namespace
