@@ -94,7 +94,7 @@ TEST(RunJson, SaysWhatTheReplaySays) {
 TEST(RunJson, HasNamesBesideNumbers) {
   const json run = runOf(named());
   EXPECT_EQ(run["held"], json({"alice.critical", "{bob & co}.critical"}));
-  EXPECT_EQ(run["states"][0]["locationNames"], json({"idle", "idle", "idle", "nobody's"}));
+  EXPECT_EQ(run["states"][0]["locationNames"], json({"idle", "idle", "idle", "no one"}));
   const json& goal = run["states"][10];
   EXPECT_EQ(goal["locationNames"], json({"critical", "critical", "idle", nullptr}));
   EXPECT_EQ(goal["propositions"], json({1, 11, 21}));

@@ -72,7 +72,7 @@ inline Shown named() {
     shown.net.names.locations[{p, 0}] = "idle";
     shown.net.names.locations[{p, 5}] = "critical";
   }
-  shown.net.names.locations[{3, 0}] = "nobody's";
+  shown.net.names.locations[{3, 0}] = "no one";
   shown.net.names.transitions = {{0, "wish"}, {15, "{wish}"}, {6, "look again"}};
   shown.net.names.propositions = {{11, "alice_in"}, {21, "step"}};
   shown.property = readInfix("atleast(2, *.critical) || lock.3 && !alice_in", shown.net);

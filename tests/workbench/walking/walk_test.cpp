@@ -214,8 +214,8 @@ TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
   process 2: location 0, clock 0
   propositions: none
   stuck: time stops after 2, and no transition can fire until then
-   1  cannot fire       process 1: 0 -> 1
-   2  cannot fire       process 2: 0 -> 1
+   1  cannot fire       process 1: 0 -> 1; it cannot fire before 3 has passed, and transition 1 has to fire within 2
+   2  cannot fire       process 2: 0 -> 1; it cannot fire before 5 has passed, and transition 1 has to fire within 2
 > 
 )");
 }
@@ -277,7 +277,7 @@ TEST(WalkScript, StopsAtABadLineAndKeepsWhatWasDone) {
   const Session s = script("# a lap\n1 3/2\n\n2 4\n2\n");
   EXPECT_EQ(s.walked.error,
             "moves.txt:4: error: transition 2 fires too late: its clocks are at 11/2 or more, past "
-            "3");
+            "3; it fires with delay 0 to 3/2");
   EXPECT_EQ(steps(s.walked), "1 after 3/2");
   EXPECT_EQ(script("fly").walked.error, "moves.txt:1: error: unknown command 'fly'; try help");
 }
