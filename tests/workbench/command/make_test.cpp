@@ -51,14 +51,14 @@ TEST_F(Tpn, MakePrintsNetsOfOtherForms) {
 
 TEST_F(Tpn, MakeRefusesWhatThereIsNot) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> refused{
-      {{"fish", "3"}, "tpn make: there is no fish; without arguments, it lists what there is\n"},
-      {{"ring", "1"}, "tpn make: ring has 2 or more stations\n"},
+      {{"fish", "3"}, "tpn: make: there is no fish; without arguments, it lists what there is\n"},
+      {{"ring", "1"}, "tpn: make: ring has 2 or more stations\n"},
       {{"ring", "2", "down"},
-       "tpn make: there is no property down of ring; without arguments, it lists what there is\n"},
+       "tpn: make: there is no property down of ring; without arguments, it lists what there is\n"},
       {{"dining", "2", "stuck"},
-       "tpn make: stuck cannot be said in postfix; with --infix it can\n"},
+       "tpn: make: stuck cannot be said in postfix; with --infix it can\n"},
       {{"random", "5", "--transitions", "9"},
-       "tpn make: random has at least twice as many transitions as processes\n"}};
+       "tpn: make: random has at least twice as many transitions as processes\n"}};
   for (const auto& [arguments, message] : refused) {
     std::vector<std::string> all{"make"};
     all.insert(all.end(), arguments.begin(), arguments.end());
