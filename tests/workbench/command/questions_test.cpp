@@ -21,14 +21,14 @@ TEST_F(Question, OnTheCommandLineIsAnsweredAsThatInTheFile) {
   const Outcome inFile =
       tpn({"check", "fischer-swapped", "violation", "--engine", "bmc", "--json"});
   EXPECT_EQ(given.status, 10) << given.err;
-  json a = json::parse(given.out);
-  json b = json::parse(inFile.out);
+  const json a = json::parse(given.out);
+  const json b = json::parse(inFile.out);
   EXPECT_EQ(a["run"]["property"], twoCritical);
   EXPECT_EQ(a["run"]["held"], json({"P1.critical", "P2.critical"}));
   EXPECT_EQ(b["run"]["held"], json({"critical1", "critical2"}));
-  for (json* answer : {&a, &b})
-    for (const char* member : {"property", "held"}) (*answer)["run"].erase(member);
-  EXPECT_EQ(a, b);
+  // There is more than one run of this length.
+  for (const char* member : {"answer", "noRunUpTo", "shortest", "transitions"})
+    EXPECT_EQ(a[member], b[member]) << member;
 }
 
 TEST_F(Question, InAFileMayBeInfix) {
