@@ -79,7 +79,8 @@ void requirePlainMoves(const Network& net, const std::string& what) {
       if (move.counts && move.resets) continue;
       const std::string place = processName(net, move.process);
       throw std::runtime_error(what + " cannot say what transition " + transitionName(net, t) +
-                               " does: it " + (move.counts ? "reads " : "puts a token on ") + place +
+                               " does: it " + (move.counts ? "reads " : "puts a token on ") +
+                               place +
                                (move.counts ? " without taking its token" : " without taking one"));
     }
 }

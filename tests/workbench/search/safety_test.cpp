@@ -70,8 +70,8 @@ TEST_P(Unsafety, IsNoneWhereTheGoalIsReached) {
   EXPECT_EQ(unsafety(net, orUnsafe(full), *found.run), "");
 }
 
-// Place 3 gets a token from 1 until 4, which 2 takes away within 3, and another one at 5 from 3: the
-// first one has to come at 2 or later, though it could at 0.
+// Place 3 gets a token from 1 until 4, which 2 takes away within 3, and another one at 5 from 3:
+// the first one has to come at 2 or later, though it could at 0.
 TEST_P(Unsafety, IsFoundWhereItTakesTime) {
   Network net;
   net.processes.assign(3, {{0, 1}, {}});
