@@ -44,7 +44,7 @@ constexpr std::array formats{
 // What a command line asks for, wherever the network comes from.
 struct Wanted {
   std::function<Network()> network;
-  const std::vector<Question>* questions;
+  const std::vector<FamilyQuestion>* questions;
 };
 
 int refused(const std::string& message) {
@@ -53,11 +53,12 @@ int refused(const std::string& message) {
 }
 
 std::string listed() {
-  const auto line = [](std::string name, std::string size, const std::vector<Question>& questions) {
+  const auto line = [](std::string name, std::string size,
+                       const std::vector<FamilyQuestion>& questions) {
     name.resize(std::max<std::size_t>(name.size() + 1, 18), ' ');
     size.resize(std::max<std::size_t>(size.size() + 1, 24), ' ');
     std::string text = name + size;
-    for (const Question& question : questions)
+    for (const FamilyQuestion& question : questions)
       text += (&question == &questions.front() ? "" : " ") + std::string(question.name);
     return text + "\n";
   };
@@ -99,7 +100,7 @@ int printNetwork(const Arguments& a, const Wanted& wanted) {
 }
 
 int printQuestion(const Arguments& a, const Wanted& wanted) {
-  const Question* question = questionNamed(*wanted.questions, a.question);
+  const FamilyQuestion* question = questionNamed(*wanted.questions, a.question);
   if (question == nullptr)
     return refused("there is no property " + a.question + " of " + a.name +
                    "; without arguments, it lists what there is");

@@ -103,7 +103,7 @@ class Crossing {
   NetworkBuilder net_;
 };
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"down", [](int) { return proposed(2); }, [](int) { return std::string("gate.down"); }},
       {"danger", [](int) { return std::string("p1p-2&"); },

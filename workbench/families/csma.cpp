@@ -71,7 +71,7 @@ class Csma {
   NetworkBuilder net_;
 };
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"owned", [](int) { return proposed(1); }, [](int) { return std::string("some_owner"); }},
       {"collision", [](int) { return proposed(2); },

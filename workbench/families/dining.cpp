@@ -74,7 +74,7 @@ std::string neighboursInfix(int size) {
   return text;
 }
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"eating", [](int) { return proposed(1); }, [](int) { return std::string("some_eating"); }},
       {"neighbours", neighboursPostfix, neighboursInfix},

@@ -33,12 +33,13 @@ const std::vector<Family>& families() {
 
 const Family* familyNamed(std::string_view name) { return named(families(), name); }
 
-const Question* questionNamed(const std::vector<Question>& questions, std::string_view name) {
+const FamilyQuestion* questionNamed(const std::vector<FamilyQuestion>& questions,
+                                    std::string_view name) {
   return named(questions, name);
 }
 
-const std::vector<Question>& dealtQuestions() {
-  static const std::vector<Question> all{
+const std::vector<FamilyQuestion>& dealtQuestions() {
+  static const std::vector<FamilyQuestion> all{
       {"one", [](int) { return proposed(1); }, [](int) { return proposed(1); }},
       {"three", [](int size) { return everyOne(1, std::min(size, 3)); },
        [](int size) { return std::string(size == 2 ? "p11 && p21" : "p11 && p21 && p31"); }},

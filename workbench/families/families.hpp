@@ -19,7 +19,7 @@
 namespace tpn {
 
 // The text of a question of a size. Each asks for the same states in both notations.
-struct Question {
+struct FamilyQuestion {
   const char* name;
   std::string (*postfix)(int size);  // null where that notation cannot say it
   std::string (*infix)(int size);
@@ -30,17 +30,18 @@ struct Family {
   const char* counted;  // what the size counts: "trains"
   int least;            // the least size
   Network (*network)(int size);
-  std::vector<Question> questions;
+  std::vector<FamilyQuestion> questions;
 };
 
 // In the order in which they are listed.
 const std::vector<Family>& families();
 
 const Family* familyNamed(std::string_view name);  // null: there is none
-const Question* questionNamed(const std::vector<Question>& questions, std::string_view name);
+const FamilyQuestion* questionNamed(const std::vector<FamilyQuestion>& questions,
+                                    std::string_view name);
 
 // About dealtNetwork (random.hpp), by its processes.
-const std::vector<Question>& dealtQuestions();
+const std::vector<FamilyQuestion>& dealtQuestions();
 
 // What families.cpp lists: a network that keeps its promises and one or more that do not.
 std::vector<Family> fischerFamilies();

@@ -68,7 +68,7 @@ class Fischer {
   NetworkBuilder net_;
 };
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"critical", [](int) { return proposed(1); },
        [](int) { return std::string("some_critical"); }},

@@ -57,7 +57,7 @@ std::string staleInfix(int size) {
   return text;
 }
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"busy", [](int size) { return everyOne(2, size); },
        [](int size) { return numbered("atleast(", size) + ", *.working)"; }},

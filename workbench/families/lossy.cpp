@@ -121,7 +121,7 @@ class Lossy {
   NetworkBuilder net_;
 };
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"done", [](int) { return proposed(1); }, [](int) { return std::string("sender.done"); }},
       {"failed", [](int) { return proposed(2); }, [](int) { return std::string("sender.failed"); }},

@@ -87,7 +87,7 @@ std::string stallInfix(int size) {
   return text + " || " + numbered("done", size) + " && consuming";
 }
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"delivered", [](int size) { return proposed(about(size + 1, 1)); },
        [](int) { return std::string("consumer.consuming"); }},

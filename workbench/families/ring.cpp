@@ -69,7 +69,7 @@ class Ring {
   NetworkBuilder net_;
 };
 
-std::vector<Question> questions() {
+std::vector<FamilyQuestion> questions() {
   return {
       {"last", [](int size) { return proposed(about(size, 2)); },
        [](int size) { return numbered("station", size) + ".sending"; }},

@@ -60,7 +60,7 @@ void walk(const Network& net, Do call) {
 
 TEST_P(Families, AskTheSameInBothNotations) {
   forSizes([](int size, const Network& net) {
-    for (const Question& question : GetParam().questions) {
+    for (const FamilyQuestion& question : GetParam().questions) {
       if (question.postfix == nullptr) continue;
       Diagnostics found;
       const auto postfix = readProperty("phi", question.postfix(size) + "\n", found);
@@ -97,7 +97,7 @@ TEST(FamiliesByName, AreFound) {
 TEST(DealtQuestions, AskTheSameInBothNotations) {
   for (const int size : {2, 3, 5}) {
     const Network net = dealtNetwork(static_cast<std::size_t>(size), 50, 1);
-    for (const Question& question : dealtQuestions()) {
+    for (const FamilyQuestion& question : dealtQuestions()) {
       Diagnostics found;
       const auto postfix = readProperty("phi", question.postfix(size) + "\n", found);
       const Property infix = readInfix(question.infix(size), net);

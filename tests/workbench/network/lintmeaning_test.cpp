@@ -65,7 +65,7 @@ TEST(LintIsSilent, OnTheExamples) {
 TEST(LintIsSilent, OnFamiliesOfNetworks) {
   for (const tpn::Family& family : tpn::families())
     for (const int size : {2, 5})
-      for (const tpn::Question& question : family.questions)
+      for (const tpn::FamilyQuestion& question : family.questions)
         if (question.postfix != nullptr) {
           EXPECT_EQ(complaints(made(family.name, size), question.postfix(size) + "\n"), "")
               << family.name << " " << size << " " << question.name;
@@ -75,7 +75,7 @@ TEST(LintIsSilent, OnFamiliesOfNetworks) {
 TEST(LintIsSilent, OnRandomNetworks) {
   for (unsigned seed = 1; seed <= 20; ++seed) {
     const std::string network = tpn::networkFile(tpn::dealtNetwork(4, 12, seed));
-    for (const tpn::Question& question : tpn::dealtQuestions())
+    for (const tpn::FamilyQuestion& question : tpn::dealtQuestions())
       EXPECT_EQ(complaints(network, question.postfix(4) + "\n"), "") << seed;
   }
 }
