@@ -6,7 +6,7 @@ namespace tpn {
 
 namespace {
 
-// Inside of single quotes, and of [...] or between colons in a specification.
+// Inside of single quotes, and of [...] or between colons in what tells of an option.
 std::string inQuotes(const std::string& text) {
   std::string result;
   for (const char c : text) {
