@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "workbench/nets/distinct.hpp"
-#include "workbench/nets/namelines.hpp"
+#include "workbench/network/namelines.hpp"
 
 namespace tpn {
 

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "workbench/nets/namelines.hpp"
+#include "workbench/network/namelines.hpp"
 #include "workbench/nets/tinalexer.hpp"
 
 namespace tpn {

@@ -1,6 +1,5 @@
 #include "workbench/nets/tinareader.hpp"
 
-#include <array>
 #include <utility>
 
 #include "workbench/nets/netbuilder.hpp"

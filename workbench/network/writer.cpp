@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "workbench/network/namelines.hpp"
+
 namespace tpn {
 
 namespace {
@@ -50,24 +52,14 @@ bool isTitle(const std::string& text) {
   return !text.empty() && text.back() != '\r' && text.find('\n') == std::string::npos;
 }
 
-std::string nameLine(const std::string& thing, const std::string& name) {
-  assert(!name.empty() && name.find('\n') == std::string::npos);
-  return thing + " " + writtenName(name) + "\n";
-}
-
 // The section, or nothing where nothing has a name.
 std::string namesSection(const Names& names) {
   if (names == Names{}) return "";
   std::string lines = "names\n";
-  for (const auto& [index, name] : names.processes)
-    lines += nameLine("process " + std::to_string(number(index)), name);
-  for (const auto& [spot, name] : names.locations)
-    lines += nameLine(
-        "location " + std::to_string(number(spot.first)) + " " + std::to_string(spot.second), name);
-  for (const auto& [index, name] : names.transitions)
-    lines += nameLine("transition " + std::to_string(number(index)), name);
-  for (const auto& [proposition, name] : names.propositions)
-    lines += nameLine("proposition " + std::to_string(proposition), name);
+  for (const NameLine& name : nameLines(names)) {
+    assert(!name.name.empty() && name.name.find('\n') == std::string::npos);
+    lines += nameLineText(name) + "\n";
+  }
   return lines;
 }
 

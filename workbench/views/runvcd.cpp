@@ -1,82 +1,24 @@
 // A run as a value change dump (IEEE 1364), for GTKWave and the like.
 //
-// A dump has whole ticks, and a viewer shows one value a tick. So a unit of time is divided twice:
-// into parts, a multiple of the least common multiple of the denominators of all times, and every
-// part into slots, a power of ten. What happens at one instant has the instant's part to itself:
-//
-//   slot 0   time has passed: clocks
-//   slot 1   the first step at this instant: locations, propositions, resets
-//   slot 2   the second one, after no delay
-//   ...
-//
-// Hence  exact time = floor(tick / slots) / parts,  and steps at one instant stay apart. Where a
-// power of ten, not too large, will do for the parts, it is taken, and a unit is shown as a second.
-// Otherwise a tick is called a nanosecond; the comment in the file says how many make a unit.
+// How times become ticks: vcdscale.hpp.
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <limits>
 #include <map>
-#include <numeric>
 #include <optional>
-#include <stdexcept>
 #include <string_view>
-#include <utility>
 
 #include "workbench/base/printable.hpp"
 #include "workbench/network/account.hpp"
 #include "workbench/runs/deadend.hpp"
+#include "workbench/views/vcdscale.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
 
 namespace {
-
-std::int64_t product(std::int64_t a, std::int64_t b) {
-  if (b != 0 && a > std::numeric_limits<std::int64_t>::max() / b)
-    throw std::overflow_error("the times of this run need more ticks than 64 bits can count");
-  return a * b;
-}
-
-struct Scale {
-  std::int64_t parts = 1;  // of a time unit
-  std::int64_t slots = 1;  // of a part
-  int digits = 0;          // parts * slots = 10^digits; -1: it is no such power, or too large a one
-
-  std::int64_t tick(const Rational& time, std::int64_t slot) const {
-    return product(product(time.numerator(), parts / time.denominator()), slots) + slot;
-  }
-};
-
-std::int64_t commonDenominator(const std::vector<Rational>& times) {
-  std::int64_t common = 1;
-  for (const Rational& time : times)
-    common = product(common / std::gcd(common, time.denominator()), time.denominator());
-  return common;
-}
-
-// The most states that are reached at one instant.
-std::int64_t mostAtOnce(const std::vector<Rational>& times) {
-  std::map<Rational, std::int64_t> counts;
-  std::int64_t most = 0;
-  for (const Rational& time : times) most = std::max(most, ++counts[time]);
-  return most;
-}
-
-Scale scaleFor(const std::vector<Rational>& times) {
-  Scale scale;
-  const std::int64_t needed = 100 * mostAtOnce(times);  // what happens at once stays close together
-  for (; scale.slots < needed; ++scale.digits) scale.slots *= 10;
-  const std::int64_t common = commonDenominator(times);
-  constexpr int finest = 15;  // a femtosecond
-  for (; scale.digits <= finest; ++scale.digits, scale.parts *= 10)
-    if (scale.parts % common == 0) return scale;
-  scale.digits = -1;
-  scale.parts = common;
-  return scale;
-}
 
 // 10^-digits seconds.
 std::string tickName(int digits) {
@@ -243,13 +185,13 @@ std::string remark(std::string text) {
 }
 
 // What stands before the signals.
-void writeHead(Dump& dump, const Network& net, const Scale& scale,
+void writeHead(Dump& dump, const Network& net, const VcdScale& scale,
                const std::vector<std::string>& goal) {
   const std::string slots = std::to_string(scale.slots);
   dump.raw("$comment");
   dump.raw(remark(net.title));
   for (const std::string& line : goal) dump.raw(remark(line));
-  dump.raw("  One time unit is " + std::to_string(product(scale.parts, scale.slots)) + " ticks" +
+  dump.raw("  One time unit is " + std::to_string(scale.ticks()) + " ticks" +
            (scale.digits < 0 ? "" : ": shown as one second") + ".");
   dump.raw("  Times are exact: floor(tick / " + slots + ") / " + std::to_string(scale.parts) + ".");
   dump.raw("  Of the " + slots +
@@ -274,7 +216,7 @@ std::vector<std::string> goalLines(const Network& net, const Property& property,
 
 std::string runVcd(const Network& net, const Property& property, const Run& run) {
   const Replay replay = replayed(net, property, run);
-  const Scale scale = scaleFor(replay.times);
+  const VcdScale scale = vcdScaleFor(replay.times);
   Dump dump;
   writeHead(dump, net, scale, goalLines(net, property, run, replay));
   Signals signals(dump, net, property);

@@ -1,4 +1,4 @@
-#include "workbench/nets/namelines.hpp"
+#include "workbench/network/namelines.hpp"
 
 #include "workbench/network/names.hpp"
 
