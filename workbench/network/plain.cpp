@@ -182,6 +182,7 @@ class Plainer {
     Items all = Counter(operands).atLeast(0, operands.size(), static_cast<std::size_t>(item.least));
     if (item.most >= item.operands) return all;
     std::vector<Items> others;
+    others.reserve(operands.size());
     for (const Items& operand : operands) others.push_back(negated(operand));
     const auto least = static_cast<std::size_t>(item.operands - item.most);
     const Items rest = Counter(others).atLeast(0, others.size(), least);
