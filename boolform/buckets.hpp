@@ -14,20 +14,18 @@
 template <class Value>
 class Buckets {
  public:
-  // At most `values` values, fewer than 2^32.
-  void makeRoom(std::size_t buckets, std::size_t values) {
-    begin_.resize(buckets + 1);
-    // Not initialised: touching memory once more is what costs.
-    values_ = std::make_unique_for_overwrite<Value[]>(values);
-  }
-
-  void clear() { std::fill(begin_.begin(), begin_.end(), 0); }
+  void clear(std::size_t buckets) { begin_.assign(buckets + 1, 0); }
+  // Fewer than 2^32 in all.
   void count(std::size_t bucket) { ++begin_[bucket]; }
-  void countingDone() { std::partial_sum(begin_.begin(), begin_.end(), begin_.begin()); }
+  // Makes room for what has been counted. Not initialised: touching memory once more is what costs.
+  void countingDone() {
+    std::partial_sum(begin_.begin(), begin_.end(), begin_.begin());
+    values_ = std::make_unique_for_overwrite<Value[]>(begin_.back());
+  }
   void put(std::size_t bucket, Value value) { values_[--begin_[bucket]] = value; }
 
   std::size_t size() const { return begin_.empty() ? 0 : begin_.size() - 1; }  // in buckets
-  std::span<Value> operator[](std::size_t bucket) {
+  std::span<Value> operator[](std::size_t bucket) const {
     return {values_.get() + begin_[bucket], values_.get() + begin_[bucket + 1]};
   }
 

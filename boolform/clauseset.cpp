@@ -21,8 +21,9 @@ void ClauseSet::insert(const Clause& clause) {
   ordered_ = false;
 }
 
-void ClauseSet::insertDefinitions(int root, const std::vector<Triple>& nodes) {
-  definitions_.add(root, nodes);
+void ClauseSet::insertDefinitions(int root, const std::vector<Triple>& nodes,
+                                  const Repetition& copies) {
+  definitions_.add(root, nodes, copies);
   ordered_ = false;
 }
 

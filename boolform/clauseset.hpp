@@ -16,8 +16,8 @@ class ClauseSet {
   void insert(const Clause& clause);
 
   // The clauses that define the node `root` and every node below it; `nodes` is the node table,
-  // borrowed, and the same one each time.
-  void insertDefinitions(int root, const std::vector<Triple>& nodes);
+  // borrowed, and the same one each time; some of them may be known to be copies.
+  void insertDefinitions(int root, const std::vector<Triple>& nodes, const Repetition& copies = {});
 
   void clear() { *this = ClauseSet(); }
 

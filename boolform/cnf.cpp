@@ -28,5 +28,5 @@ void BoolForm::toCNF(ClauseSet& cnf) const {
     return;
   }
   addVar(cnf, nr);
-  if (isNodeNr(nr)) cnf.insertDefinitions(std::abs(nr), tv);
+  if (isNodeNr(nr)) cnf.insertDefinitions(std::abs(nr), tv, mti.copies());
 }

@@ -20,20 +20,21 @@ int Definitions::maxLiteral() const { return marked_.empty() ? 0 : numberOf(mark
 
 // Operands are older than their node, so one scan downwards meets every node after all its users:
 // no queue is needed. A mark is 1 until the node's turn comes, then 3.
-void Definitions::add(int root, const std::vector<Triple>& nodes) {
+void Definitions::add(int root, const std::vector<Triple>& nodes, const Repetition& copies) {
   nodes_ = &nodes;
   const std::size_t last = indexOf(root);
   if (last >= marked_.size()) marked_.resize(last + 1, 0);
   if (marked_[last] == 0) marked_[last] = 1;
   for (std::size_t i = last + 1; i-- > 0;)
-    if (marked_[i] == 1) visit(i);
+    if (marked_[i] == 1) mark(i);
 
-  first_[0].makeRoom(places(), sizes_[0]);
-  second_.makeRoom(2 * places(), sizes_[1]);
-  first_[1].makeRoom(places(), sizes_[2]);
+  copied_ = CopiedClauses(copies, equalCopies(copies), nodes, marked_);
+  copiesBegin_ = copies.begin();
+  copiesEnd_ = copies.begin() + copies.size(copied_.times());
+  fill();
 }
 
-void Definitions::visit(std::size_t i) {
+void Definitions::mark(std::size_t i) {
   const auto [op, l, r] = (*nodes_)[i];
   for (const int operand : {l, r})
     if (isNodeNr(operand))
@@ -43,15 +44,26 @@ void Definitions::visit(std::size_t i) {
   marked_[i] = 3;
   if (op == bfCon) {
     assert(std::abs(l) != std::abs(r));
-    ++sizes_[minorMajor(l, r).first < 0 ? 2 : 0];
-    sizes_[1] += 2;
     clauses_ += 3;
   } else {
     assert(0 < l && l < r);
-    sizes_[0] += 2;
-    sizes_[2] += 2;
     clauses_ += 4;
   }
+}
+
+// How many copies are defined as the block is; none where ordering the block's clauses would cost
+// more than the copies' that it saves.
+int Definitions::equalCopies(const Repetition& copies) const {
+  constexpr int fewest = 8;
+  const auto size = static_cast<std::ptrdiff_t>(copies.size(1));
+  const auto block = marked_.begin() + static_cast<std::ptrdiff_t>(copies.begin()) - size;
+  int equal = 0;
+  for (auto copy = block + size; equal < copies.times() && marked_.end() - copy >= size;
+       copy += size) {
+    if (!std::equal(copy, copy + size, block)) break;
+    ++equal;
+  }
+  return equal < fewest ? 0 : equal;
 }
 
 bool Definitions::contains(const Clause& c) const {
@@ -65,10 +77,13 @@ bool Definitions::contains(const Clause& c) const {
   return found;
 }
 
-// take(first, second, third) for each, node by node; a clause of two literals has no first.
+// take(first, second, third) for each that goes into a bucket, node by node; a clause of two
+// literals has no first.
 template <class Take>
 void Definitions::clauses(Take&& take) const {
   for (std::size_t i = 0; i < marked_.size(); ++i) {
+    if (i == copiesBegin_ && copiesBegin_ < copiesEnd_) i = copiesEnd_;
+    if (i == marked_.size()) break;
     if (marked_[i] == 0) continue;
     const auto [op, l, r] = (*nodes_)[i];
     const int n = numberOf(i);
@@ -88,27 +103,25 @@ void Definitions::clauses(Take&& take) const {
 
 // A bucket is filled from its end on, with older nodes first: where they are negated, as the third
 // literals of two-literal clauses are, that is their order.
-void Definitions::fill() const {
-  const std::size_t middle = places();
-  const auto secondPlace = [&](int literal) {  // ~i where it is negative
-    return middle + (placeOf(literal) ^ -static_cast<std::size_t>(literal < 0));
-  };
-  first_[0].clear();
-  second_.clear();
-  first_[1].clear();
+void Definitions::fill() {
+  for (const bool positive : {false, true}) {
+    three_[positive].clear(places());
+    two_[positive].clear(places());
+  }
   clauses([&](int first, int second, int) {
     if (first == 0)
-      second_.count(secondPlace(second));
+      two_[second > 0].count(placeOf(second));
     else
-      first_[first > 0].count(placeOf(first));
+      three_[first > 0].count(placeOf(first));
   });
-  first_[0].countingDone();
-  second_.countingDone();
-  first_[1].countingDone();
+  for (const bool positive : {false, true}) {
+    three_[positive].countingDone();
+    two_[positive].countingDone();
+  }
   clauses([&](int first, int second, int third) {
     if (first == 0)
-      second_.put(secondPlace(second), third);
+      two_[second > 0].put(placeOf(second), third);
     else
-      first_[first > 0].put(placeOf(first), Tail(second, third));
+      three_[first > 0].put(placeOf(first), Tail(second, third));
   });
 }

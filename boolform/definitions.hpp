@@ -8,17 +8,19 @@
 // Ordered by absolute value, n is the third literal of them all, for it is younger than its
 // operands; the operand with the smaller absolute value, the minor one, precedes the major one. No
 // clause occurs twice. Ascending order by first, second and third literal, an empty slot counting
-// as 0, has three regions:
+// as 0, has four regions (copiedclauses.hpp):
 //
-//     first negative     conjunctions with a positive minor operand, and equivalences
-//     first empty        the two-literal clauses of conjunctions
-//     first positive     conjunctions with a negative minor operand, and equivalences
+//     first negative                   conjunctions with a positive minor operand, equivalences
+//     first empty, second negative     the two-literal clauses of conjunctions
+//     first empty, second positive
+//     first positive                   conjunctions with a negative minor operand, equivalences
 //
-// In each of them the clauses are put into buckets by the literal they begin with, so that 4 or 8
-// bytes hold the rest of a clause. In the middle region the walk over the nodes leaves a bucket in
+// In each of them the clauses are put into buckets by the leading literal, so that 4 or 8 bytes
+// hold the rest of a clause. In the middle regions the walk over the nodes leaves a bucket in
 // order. In the others a bucket is mostly small, and is sorted on its way out, in the cache.
 // Sorting a list of all clauses would take several times as long and twice the memory
-// (docs/performance.md).
+// (docs/performance.md). The copies of a repetition are not in the buckets: their clauses are those
+// of the block, moved up.
 //
 // Asserted of every node: its operands are as the constructors leave them, different variables or
 // nodes, and in an equivalence positive and ascending.
@@ -35,14 +37,16 @@
 
 #include "boolform/buckets.hpp"
 #include "boolform/clause.hpp"
+#include "boolform/copiedclauses.hpp"
 #include "boolform/node.hpp"
+#include "boolform/repetition.hpp"
 
 class Definitions {
  public:
   // Adds the clauses of the node `root` and of every node below it. `nodes`, the store's node table
-  // and the same one each time, is borrowed. Makes room for ordering them: forEach allocates
-  // nothing.
-  void add(int root, const std::vector<Triple>& nodes);
+  // and the same one each time, is borrowed; some of its nodes are `copies`. Orders the clauses as
+  // far as that needs memory: forEach allocates nothing.
+  void add(int root, const std::vector<Triple>& nodes, const Repetition& copies = {});
 
   std::size_t size() const { return clauses_; }
   int maxLiteral() const;                           // absolute value; 0 where there is no clause
@@ -53,12 +57,10 @@ class Definitions {
   template <class Sink>
   void forEach(Sink&& sink) const {
     if (clauses_ == 0) return;
-    fill();
-    const std::size_t middle = places();
-    for (std::size_t i = middle; i-- > 0;) forEachIn(first_[0][i], -literalAt(i), sink);
-    for (std::size_t i = middle; i-- > 0;) forEachIn(second_[middle + ~i], -literalAt(i), sink);
-    for (std::size_t i = 0; i < middle; ++i) forEachIn(second_[middle + i], literalAt(i), sink);
-    for (std::size_t i = 0; i < middle; ++i) forEachIn(first_[1][i], literalAt(i), sink);
+    forEachIn(threeNegative, three_[0], sink);
+    forEachIn(twoNegative, two_[0], sink);
+    forEachIn(twoPositive, two_[1], sink);
+    forEachIn(threePositive, three_[1], sink);
   }
 
  private:
@@ -91,38 +93,82 @@ class Definitions {
   }
   int shift() const { return varNrLimit - maxVariable_; }
 
-  void visit(std::size_t i);
-  void fill() const;
+  void mark(std::size_t i);
+  int equalCopies(const Repetition& copies) const;
+  void fill();
   template <class Take>
   void clauses(Take&& take) const;
 
-  template <class Sink>
-  static void forEachIn(std::span<Tail> bucket, int first, Sink& sink) {
+  template <class Value, class Sink>
+  void forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const;
+
+  static void order(std::span<Tail> bucket) {
     if (bucket.size() > 1) std::sort(bucket.begin(), bucket.end());
-    for (const Tail tail : bucket) sink(ordered(first, tail.second(), tail.third()));
   }
-  template <class Sink>
-  static void forEachIn(std::span<const int> bucket, int second, Sink& sink) {
-    for (const int third : bucket) sink(ordered(0, second, third));
-  }
-  static Clause ordered(int first, int second, int third);
+  static void order(std::span<int>) {}
+  static Clause clause(int leading, Tail tail);
+  static Clause clause(int leading, int third);
 
   const std::vector<Triple>* nodes_ = nullptr;
   std::vector<std::uint8_t> marked_;  // by node: is it defined?
   std::size_t clauses_ = 0;
-  std::size_t sizes_[3] = {};  // by region
   int maxVariable_ = 0;
 
-  // The clauses with a first literal, negative [0] or positive [1], by its place. Those without, by
-  // the second: where its place is i, at places() + i, or at places() + ~i where it is negative.
-  mutable Buckets<Tail> first_[2];
-  mutable Buckets<int> second_;
+  // Negative [0] or positive [1], by the place of the leading literal.
+  Buckets<Tail> three_[2];
+  Buckets<int> two_[2];
+
+  CopiedClauses copied_;
+  std::size_t copiesBegin_ = 0;  // the nodes that are not in the buckets
+  std::size_t copiesEnd_ = 0;
 };
 
-inline Clause Definitions::ordered(int first, int second, int third) {
+inline Clause Definitions::clause(int leading, Tail tail) {
   Clause c;
-  c.first = first;
-  c.second = second;
+  c.first = leading;
+  c.second = tail.second();
+  c.third = tail.third();
+  return c;
+}
+
+inline Clause Definitions::clause(int leading, int third) {
+  Clause c;
+  c.first = 0;
+  c.second = leading;
   c.third = third;
   return c;
+}
+
+// The copies' clauses between the buckets, and in them.
+template <class Value, class Sink>
+void Definitions::forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const {
+  const std::size_t count = buckets.size();
+  const std::int64_t end = std::int64_t{maxLiteral()} + 1;
+  std::int64_t done = isNegative(region) ? end : 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t place = isNegative(region) ? count - 1 - i : i;
+    const std::span<Value> bucket = buckets[place];
+    if (bucket.empty()) continue;
+    order(bucket);
+    const std::int64_t size = literalAt(place);
+    const int leading = static_cast<int>(isNegative(region) ? -size : size);
+    auto next = bucket.begin();
+    if (copied_.times() > 0) {
+      if (isNegative(region))
+        copied_.forEach(region, size + 1, done, sink);
+      else
+        copied_.forEach(region, done, size, sink);
+      done = isNegative(region) ? size : size + 1;
+      copied_.forEach(region, size, size + 1, [&](const Clause& copy) {
+        while (next != bucket.end() && clause(leading, *next) < copy)
+          sink(clause(leading, *next++));
+        sink(copy);
+      });
+    }
+    while (next != bucket.end()) sink(clause(leading, *next++));
+  }
+  if (isNegative(region))
+    copied_.forEach(region, 0, done, sink);
+  else
+    copied_.forEach(region, done, end, sink);
 }

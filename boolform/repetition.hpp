@@ -38,9 +38,13 @@ class Repetition {
   // The last distance.nodes elements of `nodes` are the block; `times` copies will follow.
   Repetition(const Distance& distance, int times, const std::vector<Triple>& nodes);
 
-  // The copies' places in the node table: begin() .. begin() + size() - 1.
+  // The copies' places in the node table: begin() .. begin() + size() - 1; the first ones take up
+  // size(copies).
   std::size_t begin() const { return begin_; }
-  std::size_t size() const;
+  std::size_t size() const { return size(times_); }
+  std::size_t size(int copies) const;
+  int times() const { return times_; }
+  const Distance& distance() const { return distance_; }
 
   // The number of the copy with this key, or 0. nodeWith(key) tells the number of the node with a
   // key, or 0 where that is unknown; it must know the nodes of the block.
@@ -74,8 +78,8 @@ class Repetition {
   }
 };
 
-inline std::size_t Repetition::size() const {
-  return static_cast<std::size_t>(times_) * static_cast<std::size_t>(distance_.nodes);
+inline std::size_t Repetition::size(int copies) const {
+  return static_cast<std::size_t>(copies) * static_cast<std::size_t>(distance_.nodes);
 }
 
 // Only the two or three copies whose larger operands reach up to the key's come into question.

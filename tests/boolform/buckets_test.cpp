@@ -18,8 +18,7 @@ Lists randomLists(std::mt19937& random) {
 }
 
 void fill(Buckets<int>& buckets, const Lists& lists) {
-  buckets.makeRoom(lists.size(), 100);
-  buckets.clear();
+  buckets.clear(lists.size());
   for (std::size_t i = 0; i < lists.size(); ++i)
     for (std::size_t n = lists[i].size(); n > 0; --n) buckets.count(i);
   buckets.countingDone();

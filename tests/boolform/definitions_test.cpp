@@ -11,6 +11,7 @@
 
 #include "boolform/clauseset.hpp"
 #include "tests/boolform/assertion.hpp"
+#include "tests/boolform/chain.hpp"
 #include "tests/boolform/clauses.hpp"
 #include "tests/boolform/store.hpp"
 
@@ -162,6 +163,35 @@ TEST_P(Defined, OtherClausesTakeTheirPlaces) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Variables, Defined, testing::Values(2, 6, 200, 999999));
+
+// On top of a chain whose steps are copied, formulas over whatever there is: what is asked of a
+// path. The root is their conjunction, or a formula somewhere below, so that some copies, or parts
+// of them, are not defined.
+TEST_F(EmptyStore, DefinitionsOfCopiesTakeTheirPlaces) {
+  for (unsigned seed = 1; seed <= 120; ++seed) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    clearStore();
+    BoolForm whole = copiedChain(seed, 8 + static_cast<int>(random() % 40)).path;
+    const int highest = BoolForm::maxNr;
+    for (auto n = random() % 60; n > 0; --n) {
+      const unsigned variables = static_cast<unsigned>(highest - varNrLimit) / 4;
+      const BoolForm a = lit(node(1 + static_cast<int>(random() % BoolForm::tv.size())));
+      const BoolForm b = lit(1 + static_cast<int>(random() % variables));
+      whole = random() % 2 == 0 ? con(whole, dis(a, b)) : equ(whole, con(neg(b), a));
+    }
+    const int below = highest - static_cast<int>(random() % (BoolForm::tv.size() / 2));
+    for (const int root : {std::abs(whole.nr), below}) {
+      Definitions definitions;
+      Expected expected;
+      definitions.add(root, BoolForm::tv, BoolForm::mti.copies());
+      expected.add(root);
+      const auto& clauses = expected.clauses;
+      ASSERT_EQ(listOf(definitions), Clauses(clauses.begin(), clauses.end()));
+      EXPECT_EQ(definitions.size(), clauses.size());
+    }
+  }
+}
 
 using DefinitionsDeathTest = EmptyStore;
 

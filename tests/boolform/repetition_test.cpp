@@ -8,53 +8,10 @@
 #include <vector>
 
 #include "tests/boolform/assertion.hpp"
+#include "tests/boolform/chain.hpp"
 #include "tests/boolform/store.hpp"
 
 namespace {
-
-constexpr int perState = 4;
-
-// A chain of random relations between state i and state i + 1, the same ones at every step.
-class Chain {
- public:
-  explicit Chain(unsigned seed) : seed_(seed) {}
-
-  BoolForm path{true};
-  int steps = 0;
-
-  void step() {
-    std::mt19937 random(seed_);
-    const int from = steps++ * perState;
-    std::vector<BoolForm> pool;
-    for (int v = 1; v <= 2 * perState; ++v) pool.push_back(lit(from + v));
-    const auto pick = [&] {
-      const BoolForm f = pool[random() % pool.size()];
-      return random() % 2 == 0 ? f : neg(f);
-    };
-    for (int i = 0; i < 12; ++i) {
-      const BoolForm a = pick();
-      const BoolForm b = pick();
-      const BoolForm f = random() % 3 == 0 ? equ(a, b) : con(a, b);
-      if (f.nr != BoolForm::trueNr && isNodeNr(f.nr)) pool.push_back(f);
-    }
-    path = con(path, pool.back());
-  }
-
-  void stepsTo(int count) {
-    while (steps < count) step();
-  }
-
- private:
-  unsigned seed_;
-};
-
-// The last step's nodes as a block.
-Distance lastBlock(Chain& chain, int step) {
-  chain.stepsTo(step - 1);
-  const std::size_t before = BoolForm::tv.size();
-  chain.stepsTo(step);
-  return {perState, static_cast<int>(BoolForm::tv.size() - before)};
-}
 
 // Formulas over states anywhere on the path and over what is in the store, most of them there
 // already in one of two ways of making the path.
@@ -84,7 +41,6 @@ class Repeated : public testing::TestWithParam<unsigned> {
 };
 
 TEST_P(Repeated, GivesTheNodesThatBuildingGives) {
-  constexpr int built = 4;
   constexpr int states = 60;
   Chain plain(GetParam());
   plain.stepsTo(states);
@@ -93,13 +49,8 @@ TEST_P(Repeated, GivesTheNodesThatBuildingGives) {
   const Keys plainKeys = BoolForm::tv;
 
   clearStore();
-  Chain chain(GetParam());
-  const Distance up = lastBlock(chain, built);
-  ASSERT_GT(up.nodes, 0);
-  ASSERT_TRUE(BoolForm::lastRepeat(up));
-  BoolForm::repeatLast(up, states - built);
-  chain.path = moved(chain.path, (states - built) * up);
-  chain.steps = states;
+  Chain chain = copiedChain(GetParam(), states);
+  ASSERT_EQ(chain.steps, states);
   EXPECT_EQ(askAround(GetParam(), states), plainAnswers);
   chain.stepsTo(states + 2);
   EXPECT_EQ(chain.path, plain.path);

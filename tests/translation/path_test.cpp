@@ -4,7 +4,9 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "boolform/clauseset.hpp"
 #include "tests/model/networks.hpp"
 #include "tests/model/sample.hpp"
 #include "tests/translation/built.hpp"
@@ -173,6 +175,32 @@ TEST(LongPath, GoesOnFromAShorterOne) {
         stepByStep(*model, 20);
         return stepByStep(*model, 50);
       });
+}
+
+std::vector<Clause> clausesOf(const BoolForm& whole, const Repetition& copies) {
+  ClauseSet cnf;
+  cnf.insertDefinitions(std::abs(whole.nr), BoolForm::tv, copies);
+  std::vector<Clause> list;
+  cnf.forEach([&](const Clause& c) { list.push_back(c); });
+  return list;
+}
+
+// With a property on top, which has clauses about the copies' nodes and variables.
+TEST(LongPath, HasTheSameClausesWhetherTheyAreCopiedOrNot) {
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    BoolForm::emptyStore();
+    const Model model = modelOf(randomNetwork(seed));
+    EctlTransl translator(*model, 36 + static_cast<int>(seed % 30));
+    const BoolForm path = translator.symbPath();
+    const BoolForm asked = translator.inSomeState(EctlForm("p1p2&p1p-2&+"));
+    const BoolForm whole = con(asked, path);
+    if (!isNodeNr(whole.nr)) continue;
+    EXPECT_GT(BoolForm::mti.copies().times(), 7);
+    const auto copied = clausesOf(whole, BoolForm::mti.copies());
+    EXPECT_FALSE(copied.empty());
+    EXPECT_TRUE(copied == clausesOf(whole, {}));
+  }
 }
 
 TEST(PathWithoutTransitions, IsFalseFromTheActionStepOn) {
