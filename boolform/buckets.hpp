@@ -19,12 +19,14 @@ class Buckets {
   void count(std::size_t bucket) { ++begin_[bucket]; }
   // Makes room for what has been counted. Not initialised: touching memory once more is what costs.
   void countingDone() {
+    largest_ = *std::max_element(begin_.begin(), begin_.end());
     std::partial_sum(begin_.begin(), begin_.end(), begin_.begin());
     values_ = std::make_unique_for_overwrite<Value[]>(begin_.back());
   }
   void put(std::size_t bucket, Value value) { values_[--begin_[bucket]] = value; }
 
   std::size_t size() const { return begin_.empty() ? 0 : begin_.size() - 1; }  // in buckets
+  std::size_t largest() const { return largest_; }                             // values in a bucket
   std::span<Value> operator[](std::size_t bucket) const {
     return {values_.get() + begin_[bucket], values_.get() + begin_[bucket + 1]};
   }
@@ -34,4 +36,5 @@ class Buckets {
   // into it is.
   std::vector<std::uint32_t> begin_;
   std::unique_ptr<Value[]> values_;
+  std::size_t largest_ = 0;
 };

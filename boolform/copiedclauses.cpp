@@ -25,6 +25,7 @@ Clause moved(const Clause& c, const Distance& up) {
 CopiedClauses::CopiedClauses(const Repetition& copies, int times, const std::vector<Triple>& nodes,
                              std::span<const std::uint8_t> isDefined)
     : times_(times), distance_(copies.distance()) {
+  if (times == 0) return;
   std::vector<Clause> block;
   const auto size = static_cast<std::size_t>(distance_.nodes);
   for (std::size_t i = copies.begin() - size; i < copies.begin(); ++i) {

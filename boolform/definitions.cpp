@@ -101,6 +101,28 @@ void Definitions::clauses(Take&& take) const {
   }
 }
 
+// Where an operand has many users, as a proposition of a long property has, they have mostly been
+// made in the order of their other operands. Its bucket then is two lists woven into each other:
+// negative second literals, ascending, and positive ones, descending.
+void Definitions::order(std::span<Tail> bucket) const {
+  constexpr std::size_t many = 32;
+  if (bucket.size() < 2) return;
+  if (bucket.size() >= many) {
+    Tail* negative = unwoven_.get();
+    Tail* positive = negative + bucket.size();
+    for (const Tail tail : bucket) {
+      const bool below = tail.second() < 0;
+      *negative = tail;
+      positive[-1] = tail;
+      negative += below;
+      positive -= !below;
+    }
+    std::copy(unwoven_.get(), unwoven_.get() + bucket.size(), bucket.begin());
+    if (std::is_sorted(bucket.begin(), bucket.end())) return;
+  }
+  std::sort(bucket.begin(), bucket.end());
+}
+
 // A bucket is filled from its end on, with older nodes first: where they are negated, as the third
 // literals of two-literal clauses are, that is their order.
 void Definitions::fill() {
@@ -118,6 +140,8 @@ void Definitions::fill() {
     three_[positive].countingDone();
     two_[positive].countingDone();
   }
+  unwoven_ =
+      std::make_unique_for_overwrite<Tail[]>(std::max(three_[0].largest(), three_[1].largest()));
   clauses([&](int first, int second, int third) {
     if (first == 0)
       two_[second > 0].put(placeOf(second), third);

@@ -17,7 +17,8 @@
 //
 // In each of them the clauses are put into buckets by the leading literal, so that 4 or 8 bytes
 // hold the rest of a clause. In the middle regions the walk over the nodes leaves a bucket in
-// order. In the others a bucket is mostly small, and is sorted on its way out, in the cache.
+// order. In the others a bucket is mostly small, or nearly in order, and is sorted on its way out,
+// in the cache.
 // Sorting a list of all clauses would take several times as long and twice the memory
 // (docs/performance.md). The copies of a repetition are not in the buckets: their clauses are those
 // of the block, moved up.
@@ -32,6 +33,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -102,10 +104,8 @@ class Definitions {
   template <class Value, class Sink>
   void forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const;
 
-  static void order(std::span<Tail> bucket) {
-    if (bucket.size() > 1) std::sort(bucket.begin(), bucket.end());
-  }
-  static void order(std::span<int>) {}
+  void order(std::span<Tail> bucket) const;
+  void order(std::span<int>) const {}
   static Clause clause(int leading, Tail tail);
   static Clause clause(int leading, int third);
 
@@ -117,6 +117,7 @@ class Definitions {
   // Negative [0] or positive [1], by the place of the leading literal.
   Buckets<Tail> three_[2];
   Buckets<int> two_[2];
+  std::unique_ptr<Tail[]> unwoven_;  // room for any bucket
 
   CopiedClauses copied_;
   std::size_t copiesBegin_ = 0;  // the nodes that are not in the buckets

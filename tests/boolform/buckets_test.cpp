@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -28,6 +29,9 @@ void fill(Buckets<int>& buckets, const Lists& lists) {
 
 void expectReversed(Buckets<int>& buckets, const Lists& lists) {
   ASSERT_EQ(buckets.size(), lists.size());
+  EXPECT_EQ(buckets.largest(), std::max_element(lists.begin(), lists.end(), [](auto& a, auto& b) {
+                                 return a.size() < b.size();
+                               })->size());
   for (std::size_t i = 0; i < lists.size(); ++i)
     EXPECT_EQ(std::vector<int>(buckets[i].begin(), buckets[i].end()),
               std::vector<int>(lists[i].rbegin(), lists[i].rend()));
@@ -53,6 +57,9 @@ TEST(Buckets, AreFilledAnew) {
   }
 }
 
-TEST(Buckets, NoneToBeginWith) { EXPECT_EQ(Buckets<int>().size(), 0U); }
+TEST(Buckets, NoneToBeginWith) {
+  EXPECT_EQ(Buckets<int>().size(), 0U);
+  EXPECT_EQ(Buckets<int>().largest(), 0U);
+}
 
 }  // namespace
