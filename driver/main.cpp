@@ -1,11 +1,14 @@
 // zervan NET PHI K: the order of a run, and its reports of time and memory.
 
+#include <malloc.h>
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <iostream>
+#include <limits>
 #include <new>
 #include <string>
 
@@ -43,6 +46,14 @@ bool complain(const WrittenRun& run, const Written& log) {
                 << std::endl;
   if (!log.opened) std::cout << "Nie mozna otworzyc pliku bmctime.out\n";
   return run.clauses.cut() || run.map.cut() || !log.whole();
+}
+
+// Memory that a table has grown out of is kept for the next one: handed back to the system and asked
+// for again, it would come as pages to be cleared once more.
+void keepMemory() {
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+  mallopt(M_TOP_PAD, 1 << 20);
 }
 
 int run(const std::string& net, const std::string& phi, const std::string& length, int k) {
@@ -83,6 +94,7 @@ int main(int argc, char** argv) {
     std::cerr << "Length of path should be > 0\n";
     return exitPathLength;
   }
+  keepMemory();
   try {
     return run(argv[1], argv[2], argv[3], k);
   } catch (const Refusal& refusal) {

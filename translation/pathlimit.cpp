@@ -12,7 +12,7 @@ namespace {
 
 // At the peak, when the clauses are ordered, a conjunction takes 45 bytes and an equivalence 61:
 // its key and mark, 16 or 32 for what the buckets hold of its clauses, and 16 for where its own
-// buckets begin.
+// buckets begin. Copies take 29, but how many of them a path has shows only when it is there.
 constexpr std::int64_t peakBytesPerNode = 64;
 
 std::string refusalText(int k, const std::string& needs, const std::string& about, int largest) {

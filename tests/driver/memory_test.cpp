@@ -105,7 +105,7 @@ TEST_F(Memory, RefusalNamesTheMemoryThereIs) {
 }
 
 TEST_F(Memory, RefusalNamesALengthThatRunsThrough) {
-  for (const rlim_t bytes : {32 * mebibyte, 64 * mebibyte, 200 * mebibyte}) {
+  for (const rlim_t bytes : {32 * mebibyte, 64 * mebibyte, 150 * mebibyte}) {
     const int fits = refusedFor(bytes, "45000");
     EXPECT_GT(fits, 0) << bytes;
     EXPECT_EQ(within(bytes, std::to_string(fits)).status, 0) << bytes;
