@@ -39,6 +39,9 @@ class CopiedClauses {
   // How many copies these clauses define: the first `times`, or none where that is too few.
   int times() const { return times_; }
 
+  // All leading literals have absolute values below this.
+  std::int64_t end() const { return std::max(variables_.end(), nodes_.end()); }
+
   // sink(const Clause&) for every clause of the region whose leading literal has an absolute value
   // of from .. to - 1, in ascending order.
   template <class Sink>
@@ -66,6 +69,8 @@ class CopiedClauses {
     int first = 0;
     int last = -1;
 
+    std::int64_t end() const { return begin + (last + 1) * size; }
+
     Windows() = default;
     Windows(const std::vector<Clause>& block, bool ofNodes, int times, const Distance& distance);
     Items between(Region region, std::int64_t from, std::int64_t to) const;
@@ -88,7 +93,7 @@ void CopiedClauses::Windows::forEach(const CopiedClauses& all, Region region, st
                                      std::int64_t to, Sink&& sink) const {
   const std::int64_t bottom = begin + first * size;
   const std::int64_t low = std::max(from, bottom);
-  const std::int64_t high = std::min(to, begin + (last + 1) * size);
+  const std::int64_t high = std::min(to, end());
   if (low >= high) return;
   const int lowest = first + static_cast<int>((low - bottom) / size);
   const int highest = first + static_cast<int>((high - 1 - bottom) / size);

@@ -35,6 +35,7 @@
 #include <cstdlib>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "boolform/buckets.hpp"
@@ -140,27 +141,27 @@ inline Clause Definitions::clause(int leading, int third) {
   return c;
 }
 
-// The copies' clauses between the buckets, and in them.
+// The copies' clauses between the buckets, and in them; `from` .. `to - 1` are the leading literals
+// for which they are still to come.
 template <class Value, class Sink>
 void Definitions::forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const {
   const std::size_t count = buckets.size();
-  const std::int64_t end = std::int64_t{maxLiteral()} + 1;
-  std::int64_t done = isNegative(region) ? end : 0;
+  std::int64_t from = 0;
+  std::int64_t to = copied_.end();
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t place = isNegative(region) ? count - 1 - i : i;
     const std::span<Value> bucket = buckets[place];
     if (bucket.empty()) continue;
     order(bucket);
-    const std::int64_t size = literalAt(place);
-    const int leading = static_cast<int>(isNegative(region) ? -size : size);
+    const int at = literalAt(place);
+    const int leading = isNegative(region) ? -at : at;
     auto next = bucket.begin();
-    if (copied_.times() > 0) {
+    if (isNegative(region) ? at < to : from < to) {
       if (isNegative(region))
-        copied_.forEach(region, size + 1, done, sink);
+        copied_.forEach(region, at + std::int64_t{1}, std::exchange(to, at), sink);
       else
-        copied_.forEach(region, done, size, sink);
-      done = isNegative(region) ? size : size + 1;
-      copied_.forEach(region, size, size + 1, [&](const Clause& copy) {
+        copied_.forEach(region, std::exchange(from, at + std::int64_t{1}), at, sink);
+      copied_.forEach(region, at, at + std::int64_t{1}, [&](const Clause& copy) {
         while (next != bucket.end() && clause(leading, *next) < copy)
           sink(clause(leading, *next++));
         sink(copy);
@@ -168,8 +169,5 @@ void Definitions::forEachIn(Region region, const Buckets<Value>& buckets, Sink& 
     }
     while (next != bucket.end()) sink(clause(leading, *next++));
   }
-  if (isNegative(region))
-    copied_.forEach(region, 0, done, sink);
-  else
-    copied_.forEach(region, done, end, sink);
+  copied_.forEach(region, from, to, sink);
 }
