@@ -4,9 +4,11 @@
 #include <memory>
 
 #include "workbench/base/files.hpp"
+#include "workbench/command/ending.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/proof/checker.hpp"
+#include "workbench/search/watch.hpp"
 
 namespace tpn {
 
@@ -16,15 +18,23 @@ struct Arguments {
   Files files;
   std::string certificate;
   bool deadlock = false;
+  double timeout = 0;
 };
 
 int certify(const Arguments& a) {
   const std::optional<Asked> asked = askedOf(a.files);
   if (!asked) return failed;
-  const Recheck result = recheck(asked->net, asked->goal, readCertificateFile(a.certificate), {});
+  const CertificateFile file = readCertificateFile(a.certificate);
+  const Watch::Report none;
+  const Watch watch(limitOf(a.timeout), stoppedBySignals(), none);
+  const Recheck result = recheck(asked->net, asked->goal, file, [&] { return watch.over(); });
   if (result.result == Recheck::confirmed) {
     writeFile("-", "unreachable: the certificate proves it\n");
     return done;
+  }
+  if (result.result == Recheck::stopped) {
+    writeFile("-", "undecided: " + watch.reason() + "\n");
+    return neither;
   }
   std::cerr << a.certificate << ": " << result.complaint << "\n";
   return failed;
@@ -48,6 +58,7 @@ Action declare(CLI::App& app) {
   app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it")
       ->type_name("FILE");
   app.add_flag("--deadlock", a->deadlock, "it is about a deadlock; there is no PHI");
+  addTimeout(app, a->timeout);
   return [a] { return checkedArguments(*a); };
 }
 

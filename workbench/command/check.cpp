@@ -4,10 +4,7 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cmath>
-#include <csignal>
 #include <cstdio>
 #include <limits>
 #include <memory>
@@ -15,6 +12,7 @@
 
 #include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
+#include "workbench/command/ending.hpp"
 #include "workbench/command/ranges.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
@@ -69,8 +67,6 @@ class ProgressLine {
   bool shown_ = false;
 };
 
-std::atomic<bool> stopped{false};
-
 // What the run leads to.
 Goal shownGoal(const Goal& goal, const Answer& v) {
   if (v.kind != Answer::unsafe) return withoutSafety(goal);
@@ -95,43 +91,32 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
   return exitOf(v);
 }
 
-// Set by the signals that ask for an end. One that was ignored from the start, as under nohup,
-// stays so.
-void stopOnSignals() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-    if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopped = true; });
-}
-
-std::optional<std::chrono::milliseconds> timeoutOf(const Arguments& a) {
-  // Nobody waits longer, and a clock counts nanoseconds up to ten times that.
-  constexpr double longest = 1e9;
-  if (a.timeout <= 0) return std::nullopt;
-  return std::chrono::milliseconds(std::llround(std::min(a.timeout, longest) * 1000));
-}
-
 constexpr int usualLength = 17;  // of searches that do not end by themselves
 
-Answer byBounds(const Arguments& a, const Asked& asked, const Watch::Report& report) {
+Answer byBounds(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
+                const Watch::Report& report) {
   CheckOptions options = a.byBounds;
-  options.timeout = timeoutOf(a);
+  options.timeout = limitOf(a.timeout);
   options.maxBound = boundOf(static_cast<std::size_t>(a.maxTransitions.value_or(usualLength)));
   return answerOf(check(asked.net, asked.goal, options, stopped, report));
 }
 
-Answer byEngines(const Arguments& a, const Asked& asked, const Watch::Report& report) {
+Answer byEngines(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
+                 const Watch::Report& report) {
   EngineOptions options{a.engine, a.maxTransitions, a.shortest};
   if (a.engine == Engine::bounded && !a.maxTransitions) options.maxTransitions = usualLength;
-  Watch watch(timeoutOf(a), stopped, report);
+  Watch watch(limitOf(a.timeout), stopped, report);
   return answered(asked.net, asked.goal, options, watch);
 }
 
 // With its progress on the terminal, until a signal stops it.
 Answer searched(const Arguments& a, const Asked& asked) {
-  stopOnSignals();
+  const std::atomic<bool>& stopped = stoppedBySignals();
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
   try {
-    Answer found = a.asksByBounds() ? byBounds(a, asked, report) : byEngines(a, asked, report);
+    const auto search = a.asksByBounds() ? byBounds : byEngines;
+    Answer found = search(a, asked, stopped, report);
     progress.clear();
     return found;
   } catch (...) {
@@ -207,7 +192,7 @@ Action declare(CLI::App& app) {
   app.add_option("--max-transitions", a->maxTransitions, "the longest runs to search for")
       ->type_name("N")
       ->check(wholeNumber(0, 500'000'000));
-  app.add_option("--timeout", a->timeout, "stop after S seconds")->type_name("S")->check(seconds());
+  addTimeout(app, a->timeout);
   declareEngines(app, *a);
   declareBounds(app, a->byBounds);
   app.add_option_function<std::string>("--max-bound", refuseBounds)->group("");

@@ -40,10 +40,10 @@ LinearInvariant image(const Generator& g, const LinearInvariant& invariant) {
   return result;
 }
 
-Certificate flattened(const Certificate& certificate) {
+Certificate flattened(const Certificate& certificate, const Checkpoint& checkpoint) {
   Certificate flat;
-  flat.clauses = closed(certificate.clauses, certificate.generators);
-  flat.linear = closed(certificate.linear, certificate.generators);
+  flat.clauses = closed(certificate.clauses, certificate.generators, checkpoint);
+  flat.linear = closed(certificate.linear, certificate.generators, checkpoint);
   return flat;
 }
 

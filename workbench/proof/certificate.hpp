@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/network/network.hpp"
 
 namespace tpn {
@@ -81,6 +82,6 @@ struct Certificate {
 };
 
 // All clauses with their images, each sorted; all linear invariants with theirs; no generators.
-Certificate flattened(const Certificate& certificate);
+Certificate flattened(const Certificate& certificate, const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

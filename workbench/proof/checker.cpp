@@ -15,8 +15,6 @@ namespace tpn {
 
 namespace {
 
-struct Stopped {};
-
 // A transition that moves processes of a clause, as the clause sees it. A move that does not reset
 // leaves all as it is.
 class Touched {
@@ -57,15 +55,21 @@ class Touched {
 class Checker {
  public:
   Checker(const Network& scaled, const Certificate& certificate, const std::vector<AtomClause>& all,
-          const std::function<bool()>& stop)
+          const std::function<bool()>& stop, const Checkpoint& checkpoint)
       : net_(scaled),
-        stop_(stop),
+        checkpoint_(checkpoint),
         solver_(makeCadical(Use::manyShortSearches)),
         state_(net_, thresholds(net_, all), *solver_),
         steps_(net_, state_) {
     solver_->stop(stop);
-    for (const AtomClause& clause : all) state_.add(state_.literals(clause));
-    for (const LinearInvariant& invariant : certificate.linear) state_.assertLinear(invariant);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      checkpoint.at(i);
+      state_.add(state_.literals(all[i]));
+    }
+    for (const LinearInvariant& invariant : certificate.linear) {
+      checkpoint();
+      state_.assertLinear(invariant);
+    }
   }
 
   // What is wrong, or empty.
@@ -80,10 +84,10 @@ class Checker {
 
  private:
   bool possible(const std::vector<int>& assumptions) {
-    if (stop_ && stop_()) throw Stopped{};
+    checkpoint_();
     for (const int literal : assumptions) solver_->assume(literal);
     const Solver::Result result = solver_->solve();
-    if (result == Solver::Result::undecided) throw Stopped{};
+    if (result == Solver::Result::undecided) throw Interrupted();
     return result == Solver::Result::satisfiable;
   }
 
@@ -109,7 +113,7 @@ class Checker {
   }
 
   const Network& net_;
-  const std::function<bool()>& stop_;
+  const Checkpoint& checkpoint_;
   std::unique_ptr<Solver> solver_;
   StateClauses state_;
   StepConditions steps_;
@@ -117,16 +121,18 @@ class Checker {
 
 std::string complaintAbout(const Network& net, const Goal& goal, const Certificate& certificate,
                            const std::function<bool()>& stop) {
+  const Checkpoint checkpoint(stop);
   std::string complaint = shapeComplaint(net, certificate);
-  if (complaint.empty()) complaint = symmetryComplaint(net, certificate.generators);
-  if (complaint.empty()) complaint = linearComplaint(net, certificate.linear);
+  if (complaint.empty()) complaint = symmetryComplaint(net, certificate.generators, checkpoint);
+  if (complaint.empty()) complaint = linearComplaint(net, certificate.linear, checkpoint);
   if (!complaint.empty()) return complaint;
-  const std::vector<AtomClause> all = closed(certificate.clauses, certificate.generators);
+  const std::vector<AtomClause> all =
+      closed(certificate.clauses, certificate.generators, checkpoint);
   complaint = initialComplaint(all);
-  if (complaint.empty()) complaint = vacuityComplaint(net, all);
+  if (complaint.empty()) complaint = vacuityComplaint(net, all, checkpoint);
   if (!complaint.empty()) return complaint;
   const Network scaled = inUnits(net);
-  Checker checker(scaled, certificate, all, stop);
+  Checker checker(scaled, certificate, all, stop, checkpoint);
   return checker.complaint(goal, certificate.clauses);
 }
 
@@ -137,7 +143,7 @@ Recheck recheck(const Network& net, const Goal& goal, const Certificate& certifi
   try {
     const std::string complaint = complaintAbout(net, goal, certificate, stop);
     return {complaint.empty() ? Recheck::confirmed : Recheck::refuted, complaint};
-  } catch (const Stopped&) {
+  } catch (const Interrupted&) {
     return {Recheck::stopped, ""};
   }
 }

@@ -75,7 +75,8 @@ struct Before {
 }  // namespace
 
 std::vector<AtomClause> closed(const std::vector<AtomClause>& representatives,
-                               const std::vector<Generator>& generators) {
+                               const std::vector<Generator>& generators,
+                               const Checkpoint& checkpoint) {
   const Movers movers(generators);
   std::unordered_set<AtomClause, HashOfClause> seen;
   std::vector<AtomClause> all;
@@ -83,13 +84,16 @@ std::vector<AtomClause> closed(const std::vector<AtomClause>& representatives,
     if (seen.insert(clause).second) all.push_back(std::move(clause));
   };
   for (const AtomClause& clause : representatives) put(normal(clause));
-  for (std::size_t next = 0; next < all.size(); ++next)
+  for (std::size_t next = 0; next < all.size(); ++next) {
+    if (next % 256 == 0) checkpoint();
     for (const std::size_t g : moversOf(all[next], movers)) put(image(generators[g], all[next]));
+  }
   return all;
 }
 
 std::vector<LinearInvariant> closed(const std::vector<LinearInvariant>& representatives,
-                                    const std::vector<Generator>& generators) {
+                                    const std::vector<Generator>& generators,
+                                    const Checkpoint& checkpoint) {
   std::set<LinearInvariant, Before> seen;
   std::vector<LinearInvariant> all;
   const auto put = [&](LinearInvariant invariant) {
@@ -97,7 +101,10 @@ std::vector<LinearInvariant> closed(const std::vector<LinearInvariant>& represen
   };
   for (const LinearInvariant& invariant : representatives) put(invariant);
   for (std::size_t next = 0; next < all.size(); ++next)
-    for (const Generator& g : generators) put(image(g, all[next]));
+    for (const Generator& g : generators) {
+      checkpoint();
+      put(image(g, all[next]));
+    }
   return all;
 }
 

@@ -141,10 +141,12 @@ std::string shapeComplaint(const Network& net, const Certificate& certificate) {
   return "";
 }
 
-std::string symmetryComplaint(const Network& net, const std::vector<Generator>& generators) {
+std::string symmetryComplaint(const Network& net, const std::vector<Generator>& generators,
+                              const Checkpoint& checkpoint) {
   std::set<Shape> shapes;
   for (const Transition& t : net.transitions) shapes.insert(shape(t, Generator{}));
   for (std::size_t i = 0; i < generators.size(); ++i) {
+    checkpoint();
     const Generator& g = generators[i];
     if (!permutes(net, g)) return numbered("generator", i) + " does not permute the processes";
     if (!mapsLocations(net, g))
@@ -155,8 +157,10 @@ std::string symmetryComplaint(const Network& net, const std::vector<Generator>& 
   return "";
 }
 
-std::string linearComplaint(const Network& net, const std::vector<LinearInvariant>& invariants) {
+std::string linearComplaint(const Network& net, const std::vector<LinearInvariant>& invariants,
+                            const Checkpoint& checkpoint) {
   for (std::size_t i = 0; i < invariants.size(); ++i) {
+    checkpoint();
     const std::string complaint = linearComplaint(net, invariants[i]);
     if (!complaint.empty()) return numbered("linear invariant", i) + " " + complaint;
   }

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/proof/certificate.hpp"
 
 namespace tpn {
@@ -13,10 +14,12 @@ namespace tpn {
 std::string shapeComplaint(const Network& net, const Certificate& certificate);
 
 // Is each generator a permutation that maps the network onto itself?
-std::string symmetryComplaint(const Network& net, const std::vector<Generator>& generators);
+std::string symmetryComplaint(const Network& net, const std::vector<Generator>& generators,
+                              const Checkpoint& checkpoint = {});
 
 // Does each sum have its total at first, and does no transition change it?
-std::string linearComplaint(const Network& net, const std::vector<LinearInvariant>& invariants);
+std::string linearComplaint(const Network& net, const std::vector<LinearInvariant>& invariants,
+                            const Checkpoint& checkpoint = {});
 
 // Is each clause true in the initial state?
 std::string initialComplaint(const std::vector<AtomClause>& clauses);

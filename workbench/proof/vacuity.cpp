@@ -22,12 +22,13 @@ std::int64_t units(const Rational& clock, std::int64_t unit) {
 
 class Guard {
  public:
-  Guard(const Network& net, const std::vector<AtomClause>& all)
+  Guard(const Network& net, const std::vector<AtomClause>& all, const Checkpoint& checkpoint)
       : net_(net),
         scaled_(inUnits(net)),
         unit_(unitOfTime(net)),
         caps_(clockCaps(scaled_)),
         all_(all),
+        checkpoint_(checkpoint),
         solver_(makeCadical(Use::manyShortSearches)),
         thresholds_(thresholds(scaled_, {})),
         state_(scaled_, thresholds_, *solver_),
@@ -36,6 +37,7 @@ class Guard {
   std::string complaint() {
     const TimedState initial = initialState(net_);
     for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
+      checkpoint_();
       const auto when = window(net_, initial, t);
       if (!when) continue;
       std::string found = complaint(initial, t, when->from);
@@ -98,6 +100,7 @@ class Guard {
   std::int64_t unit_;
   std::vector<std::map<int, std::int64_t>> caps_;
   const std::vector<AtomClause>& all_;
+  const Checkpoint& checkpoint_;
   std::unique_ptr<Solver> solver_;
   Thresholds thresholds_;
   StateClauses state_;
@@ -106,8 +109,9 @@ class Guard {
 
 }  // namespace
 
-std::string vacuityComplaint(const Network& net, const std::vector<AtomClause>& all) {
-  return Guard(net, all).complaint();
+std::string vacuityComplaint(const Network& net, const std::vector<AtomClause>& all,
+                             const Checkpoint& checkpoint) {
+  return Guard(net, all, checkpoint).complaint();
 }
 
 }  // namespace tpn

@@ -6,11 +6,13 @@
 
 #include <string>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/proof/certificate.hpp"
 
 namespace tpn {
 
 // What is wrong, in one line, or empty. `all`: the clauses with their images.
-std::string vacuityComplaint(const Network& net, const std::vector<AtomClause>& all);
+std::string vacuityComplaint(const Network& net, const std::vector<AtomClause>& all,
+                             const Checkpoint& checkpoint);
 
 }  // namespace tpn

@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "tests/driver/runprogram.hpp"
+#include "tests/workbench/proof/endless.hpp"
 #include "tests/workbench/proof/fischer.hpp"
 #include "workbench/base/files.hpp"
 #include "workbench/network/propertyreader.hpp"
 #include "workbench/network/strictread.hpp"
+#include "workbench/network/writer.hpp"
 #include "workbench/proof/certificatetext.hpp"
 
 namespace {
@@ -83,6 +85,36 @@ TEST_F(Certify, TakesADeadlockInPlaceOfAProperty) {
   const Outcome outcome = place.run(TPN_BINARY, {"certify", "--deadlock", "fischer", "proof"});
   EXPECT_EQ(outcome.err, "proof: a goal state is inside\n");  // a process waits for a value
   EXPECT_EQ(outcome.status, 1);
+}
+
+// Of a question and a proof without end, once it is stopped.
+class CertifyEnds : public testing::Test {
+ protected:
+  void SetUp() override {
+    place.write("net.tpn", networkFile(endless::network()));
+    place.write("phi.tpn", "p1\n");
+    Diagnostics none;
+    const Network net = *readNetwork("", place.read("net.tpn"), none);
+    const Property phi = *readProperty("", "p1\n", none);
+    place.write("proof", certificateText({statement(net, {phi}), endless::proof()}));
+  }
+
+  Workplace place;
+};
+
+TEST_F(CertifyEnds, WithTheTime) {
+  const Outcome outcome =
+      place.run(TPN_BINARY, {"certify", "net", "phi", "proof", "--timeout", "1"});
+  EXPECT_EQ(outcome.out, "undecided: the time is over\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.status, 30);
+}
+
+TEST_F(CertifyEnds, OnASignal) {
+  const Outcome outcome = place.run(
+      "sh", {"-c", "timeout --preserve-status -s INT 1 " TPN_BINARY " certify net phi proof"});
+  EXPECT_EQ(outcome.out, "undecided: interrupted\n");
+  EXPECT_EQ(outcome.status, 30);
 }
 
 TEST_F(Certify, WithoutACertificateMakesNoSense) {

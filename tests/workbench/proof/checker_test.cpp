@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <random>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "tests/workbench/proof/endless.hpp"
 #include "tests/workbench/proof/fischer.hpp"
 #include "tests/workbench/proof/reachable.hpp"
 
@@ -42,6 +44,36 @@ TEST(Fischer, NeedsTheSymmetry) {
   Certificate less = fischer::proof(3);
   less.generators.pop_back();
   EXPECT_NE(complaint(fischer::network(3), fischer::violation(3), less), "");
+}
+
+// Asked for the n-th time, it is over.
+std::function<bool()> overAfter(int& questions, int n) {
+  return [&questions, n] { return ++questions >= n; };
+}
+
+TEST(Recheck, EndsWhereImagesOfAClauseHaveNoEnd) {
+  const auto start = std::chrono::steady_clock::now();
+  const auto over = [&] {
+    return std::chrono::steady_clock::now() - start > std::chrono::seconds(1);
+  };
+  const Property none{"p2", {{PropertyItem::proposition, 2}}};
+  const Recheck result = recheck(endless::network(), none, endless::proof(), over);
+  EXPECT_EQ(result.result, Recheck::stopped);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST(Recheck, ConfirmsNothingWhereverItIsStopped) {
+  int all = 0;
+  const Network net = fischer::network(3);
+  const auto check = [&](const std::function<bool()>& stop) {
+    return recheck(net, fischer::violation(3), fischer::proof(3), stop).result;
+  };
+  EXPECT_EQ(check([&] { return ++all < 0; }), Recheck::confirmed);
+  EXPECT_GT(all, 50);
+  for (int n = 1; n <= all; ++n) {
+    int questions = 0;
+    EXPECT_EQ(check(overAfter(questions, n)), Recheck::stopped) << n;
+  }
 }
 
 }  // namespace
