@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -18,6 +19,10 @@ struct PartialSums {
   std::vector<std::set<std::int64_t>> sums;
 };
 
-PartialSums partialSums(const Network& net, const LinearInvariant& invariant);
+// None where that takes more than `most` additions, or more than 64 bits: there may be twice as
+// many sums with each process. An invariant that is left out makes a proof harder to confirm, not
+// easier.
+std::optional<PartialSums> partialSums(const Network& net, const LinearInvariant& invariant,
+                                       std::size_t most = 1'000'000);
 
 }  // namespace tpn

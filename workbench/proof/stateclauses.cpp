@@ -124,17 +124,20 @@ int StateClauses::literalAfterUnit(const Atom& atom) {
 
 // One variable a partial sum; a location leads from each to the next, forth and back.
 void StateClauses::assertLinear(const LinearInvariant& invariant) {
-  const PartialSums parts = partialSums(net_, invariant);
+  const std::optional<PartialSums> parts = partialSums(net_, invariant);
+  if (!parts) return;
   std::map<std::int64_t, int> before{{0, truth_}};
   std::size_t i = 0;
-  for (const auto& [process, add] : parts.addends) {
+  for (const auto& [process, add] : parts->addends) {
     std::map<std::int64_t, int> after;
-    for (const std::int64_t sum : parts.sums[++i]) after[sum] = fresh();
+    for (const std::int64_t sum : parts->sums[++i]) after[sum] = fresh();
     const std::size_t p = process;
     const auto lead = [&, p](const auto& from, const auto& to, int location, std::int64_t by) {
       for (const auto& [sum, variable] : from) {
         std::vector<int> clause{-variable, -at({p, location})};
-        const auto end = to.find(sum + by);
+        std::int64_t result = 0;
+        const bool fits = !__builtin_add_overflow(sum, by, &result);
+        const auto end = fits ? to.find(result) : to.end();
         if (end != to.end()) clause.push_back(end->second);
         this->add(clause);
       }

@@ -41,7 +41,7 @@ class StateClauses {
   int literalAfterUnit(const Atom& atom);  // after a unit of time
   std::vector<int> literals(const AtomClause& clause) const;
 
-  void assertLinear(const LinearInvariant& invariant);
+  void assertLinear(const LinearInvariant& invariant);  // unless it has too many partial sums
 
  private:
   void oneLocation(std::size_t process);
