@@ -17,6 +17,7 @@ inline Network network() {
     net.processes[p].locations = {0, 1, 2};
     net.processes[p].labels[2] = {1};
     net.transitions.push_back({{0, 0}, {{p, 0, 1}}});
+    net.transitions.push_back({{0, 0}, {{p, 1, 2}}});
   }
   return net;
 }
