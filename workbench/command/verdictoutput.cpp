@@ -20,12 +20,16 @@ const char* nameOf(Answer::Kind kind) {
 }  // namespace
 
 std::string answerJson(const Inputs& q, const Answer& a) {
-  Json json{{"answer", nameOf(a.kind)}};
+  Json json{{"format", "tpn-check"}, {"version", 2}, {"answer", nameOf(a.kind)}};
   if (a.run) {
     json["transitions"] = a.run->steps.size();
+    json["k"] = boundOf(a.run->steps.size());
     json["shortest"] = a.shortest;
   }
-  if (a.kind != Answer::unreachable && a.noRunUpTo >= 0) json["noRunUpTo"] = a.noRunUpTo;
+  if (a.kind != Answer::unreachable && a.noRunUpTo >= 0) {
+    json["noRunUpTo"] = a.noRunUpTo;
+    json["noRunUpToK"] = boundOf(static_cast<std::size_t>(a.noRunUpTo));
+  }
   for (const auto& [bound, reason] : a.unanswered)
     json["unanswered"].push_back({{"bound", bound}, {"reason", reason}});
   if (!a.reason.empty()) json["reason"] = a.reason;

@@ -101,6 +101,7 @@ TEST_F(CheckEnds, TraceHasTheSameJson) {
   EXPECT_EQ(schemaComplaint(schema, yes), "");
   EXPECT_EQ(yes.at("answer"), "reachable");
   EXPECT_EQ(yes.at("transitions"), 4);
+  EXPECT_EQ(yes.at("k"), 11);
   EXPECT_EQ(yes.at("run").at("goal"), 4);
   const Json no = Json::parse(shell("$tpn trace net phi kept/k8.lck kept/k8.out --json").out);
   EXPECT_EQ(schemaComplaint(schema, no), "");

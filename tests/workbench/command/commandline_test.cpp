@@ -131,10 +131,15 @@ TEST_F(Tpn, JsonIsAsItsSchemaSays) {
   const Json run = Json::parse(tpn({"check", "handshake", "busy", "--json"}).out);
   EXPECT_EQ(schemaComplaint(schema("check.schema.json"), run), "");
   EXPECT_EQ(schemaComplaint(schema("run.schema.json"), run.at("run")), "");
+  EXPECT_EQ(run.at("transitions"), 1);
+  EXPECT_EQ(run.at("k"), 2);
   const Json none = Json::parse(tpn({"check", "fischer", "violation", "--solver", "cadical",
                                      "--max-transitions", "3", "--json"})
                                     .out);
   EXPECT_EQ(schemaComplaint(schema("check.schema.json"), none), "");
+  EXPECT_EQ(none.at("noRunUpTo"), 3);
+  EXPECT_EQ(none.at("noRunUpToK"), 8);
+  EXPECT_FALSE(none.contains("k"));
   const Json net = Json::parse(tpn({"show", "fischer", "--json"}).out);
   EXPECT_EQ(schemaComplaint(schema("network.schema.json"), net), "");
   place.write("bad.tpn", "title\ntransitions\n");
