@@ -67,19 +67,12 @@ class ProgressLine {
   bool shown_ = false;
 };
 
-// What the run leads to.
-Goal shownGoal(const Goal& goal, const Answer& v) {
-  if (v.kind != Answer::unsafe) return withoutSafety(goal);
-  Goal unsafe{"unsafe", {}, 1};
-  unsafe.items.emplace_back().kind = PropertyItem::unsafe;
-  return unsafe;
-}
-
 int answer(const Arguments& a, const Asked& asked, const Answer& v) {
-  const Inputs q{asked.net, shownGoal(asked.goal, v)};
-  std::string text = a.views.shows("json") ? answerJson(q, v) : headline(v);
+  const Inputs question{asked.net, withoutSafety(asked.goal)};
+  const Inputs shown{asked.net, shownGoal(question.property, v)};
+  std::string text = a.views.shows("json") ? answerJson(question, v) : answerText(question, v);
   if (v.run && !a.views.shows("json"))
-    text += "\n" + a.views.shown().print(q.net, q.property, *v.run);
+    text += "\n" + a.views.shown().print(shown.net, shown.property, *v.run);
   if (v.certificate && !a.certificate.empty())
     attempted([&] {
       writeFile(a.certificate,
@@ -87,7 +80,7 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
                                  a.flat ? flattened(*v.certificate) : *v.certificate},
                                 &asked.net));
     });
-  print(a.views, q, v.run, text);
+  print(a.views, shown, v.run, text);
   return exitOf(v);
 }
 

@@ -10,6 +10,7 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/command/verdictoutput.hpp"
 #include "workbench/command/viewchoice.hpp"
+#include "workbench/views/goalline.hpp"
 
 namespace tpn {
 
@@ -31,7 +32,7 @@ int trace(const Arguments& a) {
   if (!q) return failed;
   const Answer v = answerOf(
       traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput)));
-  std::string text = "no run: unsatisfiable\n";
+  std::string text = "no run: unsatisfiable\n" + goalLine(q->property, "");
   if (v.run) text = a.views.shown().print(q->net, q->property, *v.run);
   if (a.views.shows("json")) text = answerJson(*q, v);
   print(a.views, *q, v.run, text);

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "workbench/base/json.hpp"
+#include "workbench/views/goalline.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
@@ -17,10 +18,31 @@ const char* nameOf(Answer::Kind kind) {
   return kind == Answer::unreachable ? "unreachable" : "undecided";
 }
 
+const char* outcome(Answer::Kind kind) {
+  if (kind == Answer::unreachable) return "is never reached";
+  return kind == Answer::unsafe ? "stays unanswered" : "";
+}
+
 }  // namespace
 
+Goal shownGoal(const Goal& question, const Answer& a) {
+  if (a.kind != Answer::unsafe) return question;
+  Goal unsafe{"unsafe", {}, 1};
+  unsafe.items.emplace_back().kind = PropertyItem::unsafe;
+  return unsafe;
+}
+
+std::string answerText(const Inputs& q, const Answer& a) {
+  std::string text = headline(a);
+  if (a.kind != Answer::reachable) text += goalLine(q.property, outcome(a.kind));
+  return text;
+}
+
 std::string answerJson(const Inputs& q, const Answer& a) {
-  Json json{{"format", "tpn-check"}, {"version", 2}, {"answer", nameOf(a.kind)}};
+  Json json{{"format", "tpn-check"},
+            {"version", 2},
+            {"answer", nameOf(a.kind)},
+            {"property", q.property.text}};
   if (a.run) {
     json["transitions"] = a.run->steps.size();
     json["k"] = boundOf(a.run->steps.size());
@@ -33,7 +55,7 @@ std::string answerJson(const Inputs& q, const Answer& a) {
   for (const auto& [bound, reason] : a.unanswered)
     json["unanswered"].push_back({{"bound", bound}, {"reason", reason}});
   if (!a.reason.empty()) json["reason"] = a.reason;
-  if (a.run) json["run"] = runJson(q.net, q.property, *a.run);
+  if (a.run) json["run"] = runJson(q.net, shownGoal(q.property, a), *a.run);
   return jsonText(json);
 }
 

@@ -1,4 +1,5 @@
-// An answer as JSON, docs/check.schema.json, and as an exit status: the same for check and trace.
+// An answer as text, as JSON (docs/check.schema.json) and as an exit status: the same for check and
+// trace. `q` is what was asked, without what is added to it of a net that may be unsafe.
 
 #pragma once
 
@@ -6,10 +7,16 @@
 
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
+#include "workbench/network/goal.hpp"
 #include "workbench/search/answer.hpp"
 
 namespace tpn {
 
+// What the answer's run leads to: the question, or that the net is not safe.
+Goal shownGoal(const Goal& question, const Answer& answer);
+
+// All that is said but for the run. The question is in it where no run repeats it.
+std::string answerText(const Inputs& q, const Answer& answer);
 std::string answerJson(const Inputs& q, const Answer& answer);
 Exit exitOf(const Answer& answer);
 

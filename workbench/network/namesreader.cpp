@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "workbench/base/spelling.hpp"
+#include "workbench/network/called.hpp"
 #include "workbench/network/names.hpp"
 
 namespace tpn {
@@ -72,7 +73,8 @@ std::optional<std::string> nameAt(const Line& line, int column, Report& report) 
 
 class Collector {
  public:
-  Collector(const Network& net, Report& report) : net_(net), report_(report) {}
+  Collector(const Network& net, const std::vector<NameLine>& lines, Report& report)
+      : net_(net), called_(lines), report_(report) {}
 
   void take(const NameLine& line) {
     if (!exists(line)) return unknown(line);
@@ -111,15 +113,28 @@ class Collector {
     }
   }
 
-  static std::string described(const NameLine& line) {
+  std::string described(const NameLine& line) const {
+    switch (line.kind) {
+      case NameLine::process:
+        return called_.process(line.number);
+      case NameLine::location:
+        return called_.location(line.number, line.inner) + " of " + called_.process(line.number);
+      case NameLine::transition:
+        return called_.transition(line.number);
+      default:
+        return called_.proposition(line.number);
+    }
+  }
+
+  // Not by the name that this very line gives it.
+  std::string missing(const NameLine& line) const {
     if (line.kind == NameLine::location)
-      return "location " + std::to_string(line.inner) + " of process " +
-             std::to_string(line.number);
+      return "location " + std::to_string(line.inner) + " of " + called_.process(line.number);
     return std::string(wordFor(line.kind)) + " " + std::to_string(line.number);
   }
 
   void unknown(const NameLine& line) {
-    report_.add(Rule::nameUnknown, line.at, "there is no " + described(line));
+    report_.add(Rule::nameUnknown, line.at, "there is no " + missing(line));
   }
 
   void keep(const NameLine& line) {
@@ -140,6 +155,7 @@ class Collector {
   }
 
   const Network& net_;
+  Called called_;
   Report& report_;
   Names found_;
   std::set<int> propositions_;
@@ -201,7 +217,7 @@ std::optional<NameLine> readNameLine(const Line& line, Report& report) {
 }
 
 Names namesOf(const std::vector<NameLine>& lines, const Network& net, Report& report) {
-  Collector collector(net, report);
+  Collector collector(net, lines, report);
   for (const NameLine& line : lines) collector.take(line);
   return collector.names();
 }

@@ -10,6 +10,8 @@
 #include <set>
 #include <string>
 
+#include "workbench/network/called.hpp"
+
 namespace tpn {
 
 namespace {
@@ -22,16 +24,24 @@ bool has(const Field& field) { return field.value.has_value(); }
 
 // --- Intervals. ---
 
-void checkTime(const Field& field, bool mayBeOpen, Report& report) {
+// "time 4 of transition 2 vote": as far as it can be read.
+std::string timeOf(const DeclarationLine& line, const char* what, int time, const Called& called) {
+  const Field& transition = line.transition;
+  return numbered(what, time) +
+         (has(transition) ? " of " + called.transition(*transition.value) : "");
+}
+
+void checkTime(const DeclarationLine& line, bool latest, const Called& called, Report& report) {
+  const Field& field = latest ? line.latest : line.earliest;
   if (!has(field)) return;
   const int time = *field.value;
-  if (time < 0 && !(mayBeOpen && time == noLimit))
+  if (time < 0 && !(latest && time == noLimit))
     report.add(Rule::timeNegative, field.at,
-               "time " + std::to_string(time) + " is negative" +
-                   (mayBeOpen ? "; only -1, for no limit, may be" : ""));
+               timeOf(line, "time", time, called) + " is negative" +
+                   (latest ? "; only -1, for no limit, may be" : ""));
   if (time > mostConstant)
     report.add(Rule::timeTooLarge, field.at,
-               numbered("time", time) + " is above " + std::to_string(mostConstant) +
+               timeOf(line, "time", time, called) + " is above " + std::to_string(mostConstant) +
                    ", the most that zervan can encode");
 }
 
@@ -44,27 +54,28 @@ int largestLatest(const NetworkFile& file) {
 
 // Clocks of w bits hold constants below 2^w; those above the largest latest time come out wrong
 // before that, for no single delay is longer.
-void checkRange(const DeclarationLine& line, int largest, Report& report) {
+void checkRange(const DeclarationLine& line, int largest, const Called& called, Report& report) {
   const int earliest = line.earliest.value.value_or(0);
   if (earliest <= largest || earliest > mostConstant) return;
   const auto bits = [](int n) { return std::bit_width(static_cast<unsigned>(n)); };
   const bool fits = bits(earliest) <= bits(2 * largest + 2);
   report.add(Rule::earliestTooLate, line.earliest.at,
-             numbered("earliest time", earliest) + " exceeds " + std::to_string(largest) +
-                 ", the largest latest time of all; zervan " + (fits ? "may miss runs" : "aborts"));
+             timeOf(line, "earliest time", earliest, called) + " exceeds " +
+                 std::to_string(largest) + ", the largest latest time of all; zervan " +
+                 (fits ? "may miss runs" : "aborts"));
 }
 
-void checkIntervals(const NetworkFile& file, Report& report) {
+void checkIntervals(const NetworkFile& file, const Called& called, Report& report) {
   const int largest = largestLatest(file);
   for (const DeclarationLine& line : file.declarations) {
-    checkTime(line.earliest, false, report);
-    checkTime(line.latest, true, report);
-    checkRange(line, largest, report);
+    checkTime(line, false, called, report);
+    checkTime(line, true, called, report);
+    checkRange(line, largest, called, report);
     const int latest = line.latest.value.value_or(noLimit);
     const int earliest = line.earliest.value.value_or(0);
     if (latest >= 0 && earliest > latest)
       report.add(Rule::intervalEmpty, line.earliest.at,
-                 "earliest time " + std::to_string(earliest) + " is above the latest, " +
+                 timeOf(line, "earliest time", earliest, called) + " is above the latest, " +
                      std::to_string(latest) + "; the transition never happens");
   }
 }
@@ -73,7 +84,8 @@ void checkIntervals(const NetworkFile& file, Report& report) {
 
 class Transitions {
  public:
-  Transitions(const NetworkFile& file, Report& report) : file_(file), report_(report) {}
+  Transitions(const NetworkFile& file, const Called& called, Report& report)
+      : file_(file), called_(called), report_(report) {}
 
   void check(const Checkpoint& checkpoint) {
     for (const DeclarationLine& line : file_.declarations) declare(line.transition);
@@ -98,11 +110,11 @@ class Transitions {
     declarationsKnown_ = declarationsKnown_ && inRange && isNew;
     if (!inRange)
       report_.add(Rule::transitionNumber, field.at,
-                  numbered("transition", t) + ": the numbers have to go from 1 to " +
+                  called_.transition(t) + ": the numbers have to go from 1 to " +
                       std::to_string(count()) + ", the number of these lines");
     else if (!isNew)
       report_.add(Rule::transitionTwice, field.at,
-                  numbered("transition", t) + " has an interval already, in line " +
+                  called_.transition(t) + " has an interval already, in line " +
                       std::to_string(first->second.line));
   }
 
@@ -123,10 +135,10 @@ class Transitions {
       const auto [first, isNew] = moves.emplace(t, line.transition.at);
       if (!isKnown(t))
         report_.add(Rule::transitionUndeclared, line.transition.at,
-                    numbered("transition", t) + " has no interval; zervan lets it never happen");
+                    called_.transition(t) + " has no interval; zervan lets it never happen");
       else if (!isNew)
         report_.add(Rule::moveTwice, line.transition.at,
-                    numbered("process", process) + " has a move for " + numbered("transition", t) +
+                    called_.process(process) + " has a move for " + called_.transition(t) +
                         " already, in line " + std::to_string(first->second.line));
     }
   }
@@ -135,10 +147,11 @@ class Transitions {
     for (const auto& [t, at] : declared_)
       if (used_.count(t) == 0)
         report_.add(Rule::transitionUnused, at,
-                    numbered("transition", t) + " is used by no process; zervan stops at it");
+                    called_.transition(t) + " is used by no process; zervan stops at it");
   }
 
   const NetworkFile& file_;
+  const Called& called_;
   Report& report_;
   std::map<int, Place> declared_;  // where first
   std::set<int> used_;
@@ -150,8 +163,8 @@ class Transitions {
 
 class Places {
  public:
-  Places(const ProcessBlock& block, int process, Report& report)
-      : block_(block), process_(numbered("process", process)), report_(report) {}
+  Places(const ProcessBlock& block, int process, const Called& called, Report& report)
+      : block_(block), process_(process), called_(called), report_(report) {}
 
   void check() {
     for (const MoveLine& line : block_.moves) {
@@ -161,7 +174,8 @@ class Places {
     for (const LabelLine& line : block_.labels) checkLabels(line);
     if (!known_ || places_.empty()) return;
     if (places_.count(0) == 0)
-      report_.add(Rule::locationZero, block_.at, process_ + " has no location 0, where it starts");
+      report_.add(Rule::locationZero, block_.at,
+                  called_.process(process_) + " has no location 0, where it starts");
     else
       checkNumbering();
   }
@@ -172,8 +186,7 @@ class Places {
       known_ = false;
     } else if (*field.value < 0) {
       known_ = false;
-      report_.add(Rule::locationNegative, field.at,
-                  numbered("location", *field.value) + " is negative");
+      report_.add(Rule::locationNegative, field.at, located(*field.value) + " is negative");
     } else {
       places_.emplace(*field.value, field.at);
     }
@@ -183,13 +196,14 @@ class Places {
     for (const Field& q : line.propositions)
       if (has(q) && *q.value < 0)
         report_.add(Rule::propositionNegative, q.at,
-                    numbered("proposition", *q.value) + " is negative, which no property can say");
+                    called_.proposition(*q.value) + " is negative, which no property can say");
     if (!has(line.location) || !known_) return;
     const int location = *line.location.value;
     const bool only = places_.empty() && location == 0;  // a process that never moves is in 0
     if (places_.count(location) == 0 && !only)
       report_.add(Rule::labelUnknownLocation, line.location.at,
-                  numbered("location", location) + " occurs in no move of " + process_);
+                  called_.location(process_, location) + " occurs in no move of " +
+                      called_.process(process_));
   }
 
   // zervan keeps as many bits of a location as their count needs.
@@ -201,21 +215,25 @@ class Places {
       const unsigned kept = static_cast<unsigned>(location) & mask;
       if (taken.insert(kept).second) continue;
       report_.add(Rule::locationAlias, at,
-                  numbered("location", location) + " of " + process_ + ": zervan takes it for " +
-                      std::to_string(kept) + "; number the " + std::to_string(count) +
-                      " locations from 0 to " + std::to_string(count - 1));
+                  located(location) + ": zervan takes it for " + std::to_string(kept) +
+                      "; number the " + std::to_string(count) + " locations from 0 to " +
+                      std::to_string(count - 1));
       return;
     }
     const auto& [largest, at] = *places_.rbegin();
     if (static_cast<unsigned>(largest) >= count)
       report_.add(Rule::locationGap, at,
-                  numbered("location", largest) + " of " + process_ + ", but it has " +
-                      std::to_string(count) + " only; number them from 0 to " +
-                      std::to_string(count - 1));
+                  located(largest) + ", but it has " + std::to_string(count) +
+                      " only; number them from 0 to " + std::to_string(count - 1));
+  }
+
+  std::string located(int location) const {
+    return called_.location(process_, location) + " of " + called_.process(process_);
   }
 
   const ProcessBlock& block_;
-  std::string process_;
+  int process_;  // its number
+  const Called& called_;
   Report& report_;
   std::map<int, Place> places_;  // where first
   bool known_ = true;
@@ -243,12 +261,13 @@ Process processOf(const ProcessBlock& block) {
 }  // namespace
 
 void checkNumbers(const NetworkFile& file, Report& report, const Checkpoint& checkpoint) {
-  checkIntervals(file, report);
+  const Called called(file.names);
+  checkIntervals(file, called, report);
   checkpoint();
-  Transitions(file, report).check(checkpoint);
+  Transitions(file, called, report).check(checkpoint);
   for (std::size_t p = 0; p < file.processes.size(); ++p) {
     checkpoint();
-    Places(file.processes[p], number(p), report).check();
+    Places(file.processes[p], number(p), called, report).check();
   }
 }
 

@@ -12,6 +12,7 @@
 
 #include "workbench/base/textlines.hpp"
 #include "workbench/network/lintrules.hpp"
+#include "workbench/network/shown.hpp"
 
 namespace tpn {
 
@@ -220,6 +221,7 @@ void lintTogether(const Network& net, const std::string& propertyFile, const Pro
     if (isProposition && known.count(item.number) == 0 && told.insert(item.number).second)
       report.add(Rule::propositionUnknown, {property.line, static_cast<int>(item.begin) + 1},
                  "proposition " + std::to_string(item.number) +
+                     andName(propositionName({}, item.number), propositionName(net, item.number)) +
                      " labels no location of the network; it is false everywhere");
   }
 }

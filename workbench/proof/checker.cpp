@@ -97,7 +97,7 @@ class Checker {
       return "";  // time makes nothing else false
     std::vector<int> assumptions{steps_.unitPasses()};
     for (const Atom& atom : clause) assumptions.push_back(-state_.literalAfterUnit(atom));
-    return possible(assumptions) ? "a unit of time leads outside: clause " + text(clause) : "";
+    return possible(assumptions) ? "a unit of time leads outside: " + text(net_, clause) : "";
   }
 
   std::string transitionComplaint(const AtomClause& clause) {
@@ -107,7 +107,7 @@ class Checker {
       std::vector<int> assumptions = steps_.firing(t);
       for (const Atom& atom : touched.untouched()) assumptions.push_back(-state_.literal(atom));
       if (possible(assumptions))
-        return "transition " + shownTransition(net_, t) + " leads outside: clause " + text(clause);
+        return "transition " + shownTransition(net_, t) + " leads outside: " + text(net_, clause);
     }
     return "";
   }
@@ -128,7 +128,7 @@ std::string complaintAbout(const Network& net, const Goal& goal, const Certifica
   if (!complaint.empty()) return complaint;
   const std::vector<AtomClause> all =
       closed(certificate.clauses, certificate.generators, checkpoint);
-  complaint = initialComplaint(all);
+  complaint = initialComplaint(net, all);
   if (complaint.empty()) complaint = vacuityComplaint(net, all, checkpoint);
   if (!complaint.empty()) return complaint;
   const Network scaled = inUnits(net);

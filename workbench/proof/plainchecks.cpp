@@ -129,6 +129,16 @@ std::string text(const AtomClause& clause) {
   return result;
 }
 
+std::string text(const Network& net, const AtomClause& clause) {
+  std::string names;
+  for (const Atom& atom : clause)
+    names += std::string(names.empty() ? "" : " ") + (atom.positive ? "" : "-") +
+             (atom.kind == Atom::location
+                  ? shownSpot(net, atom.process, static_cast<int>(atom.value))
+                  : shownProcess(net, atom.process) + ">=" + std::to_string(atom.value));
+  return "clause " + text(clause) + (net.names == Names{} ? "" : " (" + names + ")");
+}
+
 std::string shapeComplaint(const Network& net, const Certificate& certificate) {
   for (std::size_t i = 0; i < certificate.linear.size(); ++i)
     for (const auto& [spot, c] : certificate.linear[i].coefficients)
@@ -167,10 +177,10 @@ std::string linearComplaint(const Network& net, const std::vector<LinearInvarian
   return "";
 }
 
-std::string initialComplaint(const std::vector<AtomClause>& clauses) {
+std::string initialComplaint(const Network& net, const std::vector<AtomClause>& clauses) {
   for (const AtomClause& clause : clauses)
     if (std::none_of(clause.begin(), clause.end(), holdsInitially))
-      return "the initial state is not inside: clause " + text(clause);
+      return "the initial state is not inside: " + text(net, clause);
   return "";
 }
 

@@ -22,9 +22,12 @@ std::string linearComplaint(const Network& net, const std::vector<LinearInvarian
                             const Checkpoint& checkpoint = {});
 
 // Is each clause true in the initial state?
-std::string initialComplaint(const std::vector<AtomClause>& clauses);
+std::string initialComplaint(const Network& net, const std::vector<AtomClause>& clauses);
 
 std::string text(const Atom& atom);          // as in the file
 std::string text(const AtomClause& clause);  // its atoms, a blank between them
+
+// "clause -2@1 3>=4", and in parentheses what that means where the network has names.
+std::string text(const Network& net, const AtomClause& clause);
 
 }  // namespace tpn

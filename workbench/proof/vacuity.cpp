@@ -60,8 +60,8 @@ class Guard {
     for (const TimedState& state : {after(initial, delay), then})
       for (const AtomClause& clause : all_)
         if (!holds(clause, state))
-          return "transition " + shownTransition(net_, t) + " leads outside at first: clause " +
-                 text(clause);
+          return "transition " + shownTransition(net_, t) +
+                 " leads outside at first: " + text(net_, clause);
     return "";
   }
 

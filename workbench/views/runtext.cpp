@@ -7,6 +7,7 @@
 
 #include "workbench/network/account.hpp"
 #include "workbench/network/shown.hpp"
+#include "workbench/views/goalline.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -156,12 +157,10 @@ std::string accountText(const std::vector<std::string>& facts) {
 
 std::string goalText(const Network& net, const Property& property, const Run& run,
                      const Replay& replay) {
-  constexpr std::size_t longest = 400;
   const TimedState& goal = replay.states[run.goal];
   const std::string where = run.goal == 0 ? std::string("the initial state")
                                           : "the state after step " + std::to_string(run.goal);
-  return "goal: " + shortProperty(property, longest) + " holds in " + where + ", at time " +
-         replay.times[run.goal].text() + "\n" +
+  return goalLine(property, "holds in " + where + ", at time " + replay.times[run.goal].text()) +
          (leavesOpen(property) ? accountText(goalAccount(net, property, goal)) : "") +
          wrapped("     ", placesAt(net, goal.locations));
 }

@@ -33,7 +33,8 @@ std::vector<std::string> goalAccount(const Network& net, const Property& propert
                                      const TimedState& goal) {
   const std::set<int> propositions = propositionsAt(net, goal.locations);
   const bool deadlock = asksDeadlock(property) && isDeadEnd(net, goal);
-  return account(net, property, {propositions, goal.locations, deadlock});
+  const bool unsafe = asksSafety(property) && collision(net, goal);
+  return account(net, property, {propositions, goal.locations, deadlock, unsafe});
 }
 
 std::vector<Parts> partsByProcess(const Network& net) {

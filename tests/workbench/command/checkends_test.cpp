@@ -106,6 +106,7 @@ TEST_F(CheckEnds, TraceHasTheSameJson) {
   const Json no = Json::parse(shell("$tpn trace net phi kept/k8.lck kept/k8.out --json").out);
   EXPECT_EQ(schemaComplaint(schema, no), "");
   EXPECT_EQ(no.at("answer"), "undecided");
+  EXPECT_EQ(no.at("property"), yes.at("property"));
 }
 
 TEST_F(CheckEnds, TraceRefusesAnAnswerWithoutEnd) {

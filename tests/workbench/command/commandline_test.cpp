@@ -82,7 +82,7 @@ TEST_F(Tpn, PictureInTheReadmeIsTheOneThatIsDrawn) {
 TEST_F(Tpn, CheckThatNeverReachesItExitsWith20AndHasACertificate) {
   const Outcome outcome = tpn({"check", "fischer", "violation", "--certificate", "proof"});
   EXPECT_EQ(outcome.status, 20);
-  EXPECT_EQ(outcome.out, "unreachable\n");
+  EXPECT_EQ(outcome.out, "unreachable\ngoal: p11p21&p11p31&+p21p31&+ is never reached\n");
   EXPECT_EQ(tpn({"certify", "fischer", "violation", "proof"}).status, 0);
 }
 
@@ -90,7 +90,9 @@ TEST_F(Tpn, CheckWithoutRunOfThatLengthExitsWith30) {
   const Outcome outcome =
       tpn({"check", "fischer", "violation", "--engine", "bmc", "--max-transitions", "5"});
   EXPECT_EQ(outcome.status, 30);
-  EXPECT_EQ(outcome.out, "undecided: no run of up to 5 transitions (k = 14) does it\n");
+  EXPECT_EQ(
+      outcome.out,
+      "undecided: no run of up to 5 transitions (k = 14) does it\ngoal: p11p21&p11p31&+p21p31&+\n");
 }
 
 TEST_F(Tpn, CheckAnswersForDeadlocks) {

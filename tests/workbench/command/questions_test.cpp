@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/workbench/base/jsonschema.hpp"
 #include "tests/workbench/command/tpn.hpp"
 
 namespace {
@@ -46,11 +47,35 @@ TEST_F(Question, InAFileMayBeInfix) {
 TEST_F(Question, MayBeProved) {
   const Outcome checked =
       tpn({"check", "fischer", "-p", twoCritical, "--engine", "ic3", "--certificate", "proof"});
-  EXPECT_EQ(checked.out, "unreachable\n");
+  EXPECT_EQ(checked.out, "unreachable\ngoal: atleast(2, *.critical) is never reached\n");
   const Outcome certified = tpn({"certify", "fischer", "proof", "-p", twoCritical});
   EXPECT_EQ(certified.out, "unreachable: the certificate proves it\n") << certified.err;
   EXPECT_EQ(tpn({"certify", "fischer", "proof", "-p", "atleast(1, *.critical)"}).status, 1);
   EXPECT_THAT(place.read("proof"), HasSubstr("  # clause "));
+}
+
+TEST_F(Question, IsRepeatedWhateverTheAnswerIs) {
+  place.write("twice.net", "net twice\npl p (1)\npl q\ntr t [0,1] p -> p q\n");
+  const std::vector<std::vector<std::string>> checks{
+      {"fischer-swapped", "-p", "P1.critical"},
+      {"fischer", "-p", "!true"},
+      {"fischer", "-p", "P1.critical && P2.critical", "--engine", "bmc", "--max-transitions", "2"},
+      {"twice.net", "-p", "!p"}};  // unsafe: the second firing
+  const std::vector<std::string> told{
+      "goal: P1.critical holds in", "goal: !true is never reached\n",
+      "goal: P1.critical && P2.critical\n", "goal: !p stays unanswered\n"};
+  const std::vector<std::string> asked{"P1.critical", "!true", "P1.critical && P2.critical", "!p"};
+  const std::vector<std::string> answers{"reachable", "unreachable", "undecided", "unsafe"};
+  for (std::size_t i = 0; i < checks.size(); ++i) {
+    std::vector<std::string> arguments{"check"};
+    arguments.insert(arguments.end(), checks[i].begin(), checks[i].end());
+    EXPECT_THAT(tpn(arguments).out, HasSubstr(told[i]));
+    arguments.emplace_back("--json");
+    const json found = json::parse(tpn(arguments).out);
+    EXPECT_EQ(schemaComplaint(schema("check.schema.json"), found), "");
+    EXPECT_EQ(found.at("answer"), answers[i]);
+    EXPECT_EQ(found.at("property"), asked[i]);
+  }
 }
 
 TEST_F(Question, MayBeExportedAndTraced) {

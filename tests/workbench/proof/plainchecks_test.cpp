@@ -157,10 +157,22 @@ TEST(Shapes, NameWhatDoesNotExist) {
 }
 
 TEST(InitialState, IsInsideEachClause) {
-  EXPECT_EQ(initialComplaint({{{Atom::location, true, 0, 0}}, {{Atom::clock, false, 0, 1}}}), "");
-  EXPECT_EQ(initialComplaint({{{Atom::location, true, 0, 1}, {Atom::clock, true, 1, 1}}}),
-            "the initial state is not inside: clause 1@1 2>=1");
-  EXPECT_NE(initialComplaint({{}}), "");
+  EXPECT_EQ(
+      initialComplaint(counted(), {{{Atom::location, true, 0, 0}}, {{Atom::clock, false, 0, 1}}}),
+      "");
+  EXPECT_EQ(
+      initialComplaint(counted(), {{{Atom::location, true, 0, 1}, {Atom::clock, true, 1, 1}}}),
+      "the initial state is not inside: clause 1@1 2>=1");
+  EXPECT_NE(initialComplaint(counted(), {{}}), "");
+}
+
+TEST(Clauses, AreToldWithNamesToo) {
+  Network net = counted();
+  const AtomClause clause{{Atom::location, false, 0, 1}, {Atom::clock, true, 2, 4}};
+  EXPECT_EQ(text(net, clause), "clause -1@1 3>=4");
+  net.names.processes[2] = "count";
+  net.names.locations[{0, 1}] = "inside";
+  EXPECT_EQ(text(net, clause), "clause -1@1 3>=4 (-1.inside count>=4)");
 }
 
 }  // namespace
