@@ -60,7 +60,7 @@ std::optional<Window> windowOfCounting(const Network& net, const TimedState& sta
 // The window of every transition, for the cost of a few.
 std::vector<std::optional<Window>> windows(const Network& net, const TimedState& state);
 
-// Why an enabled transition without a window cannot fire, in words that go on from "transition N":
+// Why an enabled transition without a window cannot fire, in words that go on from "cannot fire":
 // what it waits for, and what does not wait so long.
 std::string hindrance(const Network& net, const TimedState& state, std::size_t transition);
 

@@ -1,5 +1,6 @@
 #include "workbench/walking/statetext.hpp"
 
+#include <algorithm>
 #include <iomanip>
 #include <ostream>
 
@@ -44,15 +45,32 @@ std::string nameOf(const Network& net, std::size_t transition) {
   return andName(std::to_string(number(transition)), shownTransition(net, transition));
 }
 
+// Of UTF-8, in characters.
+std::size_t width(const std::string& text) {
+  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80; };
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins));
+}
+
+std::string padded(std::string text, std::size_t columns) {
+  return text.append(columns - std::min(columns, width(text)), ' ');
+}
+
 void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
+  constexpr std::size_t longestName = 24;  // longer ones shift their line
   const std::string reason = stuck(net, state);
   if (!reason.empty()) out << "  " << reason << "\n";
+  std::vector<std::size_t> enabledOnes;
+  std::size_t widest = 0;
+  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
+    if (!enabled(net.transitions[t], state.locations)) continue;
+    enabledOnes.push_back(t);
+    widest = std::max(widest, std::min(longestName, width(nameOf(net, t))));
+  }
   const std::vector<std::optional<Window>> delays = windows(net, state);
-  for (std::size_t t = 0; t < net.transitions.size(); ++t)
-    if (enabled(net.transitions[t], state.locations))
-      out << std::right << std::setw(4) << number(t) << nameOf(net, t) << "  " << std::left
-          << std::setw(16) << delaysText(delays[t]) << "  " << movesText(net, net.transitions[t])
-          << (delays[t] ? "" : "; it " + hindrance(net, state, t)) << "\n";
+  for (const std::size_t t : enabledOnes)
+    out << std::setw(4) << number(t) << padded(nameOf(net, t), widest) << "  "
+        << padded(delaysText(delays[t]), 16) << "  " << movesText(net, net.transitions[t])
+        << (delays[t] ? "" : "; not " + hindrance(net, state, t)) << "\n";
 }
 
 }  // namespace

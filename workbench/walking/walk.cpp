@@ -145,7 +145,7 @@ class Session {
     if (!enabled(net_.transitions[transition], state().locations)) return "";
     if (const auto delays = window(net_, state(), transition))
       return "; it fires with " + delaysText(delays);
-    return "; it " + hindrance(net_, state(), transition);
+    return "; it cannot fire " + hindrance(net_, state(), transition);
   }
 
   std::string take(const Step& step) {

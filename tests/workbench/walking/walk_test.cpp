@@ -208,14 +208,29 @@ TEST(Walk, SaysWhenNothingCanFireAnyMore) {
             std::string::npos);
 }
 
+TEST(Walk, ShowsNamesBehindNumbersInColumns) {
+  Network net = impatient();
+  net.names.transitions = {{0, "go"}, {1, "wait\xc3\xa9"}};
+  net.names.processes[1] = "B";
+  const std::string out = session("", net).out;
+  EXPECT_NE(out.find("   1 go       cannot fire       process 1: 0 -> 1; not before 3 has"),
+            std::string::npos)
+      << out;
+  EXPECT_NE(
+      out.find("   2 {wait\xc3\xa9}  cannot fire       B: 0 -> 1; not before 5 has passed, and "
+               "transition go has to fire within 2\n"),
+      std::string::npos)
+      << out;
+}
+
 TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
   EXPECT_EQ(session("", impatient()).out, R"(time 0, after 0 steps
   process 1: location 0, clock 0
   process 2: location 0, clock 0
   propositions: none
   stuck: time stops after 2, and no transition can fire until then
-   1  cannot fire       process 1: 0 -> 1; it cannot fire before 3 has passed, and transition 1 has to fire within 2
-   2  cannot fire       process 2: 0 -> 1; it cannot fire before 5 has passed, and transition 1 has to fire within 2
+   1  cannot fire       process 1: 0 -> 1; not before 3 has passed, and transition 1 has to fire within 2
+   2  cannot fire       process 2: 0 -> 1; not before 5 has passed, and transition 1 has to fire within 2
 > 
 )");
 }
