@@ -165,7 +165,7 @@ void declareBounds(CLI::App& app, CheckOptions& options) {
   CLI::Option* const solver = app.add_option("--solver", options.solver,
                                              "ask this program, by name or path, bound by bound")
                                   ->type_name("cadical|minisat|picosat|cryptominisat5|PATH");
-  app.add_option("--jobs", options.jobs, "bounds side by side, with --solver")
+  app.add_option("--jobs", options.jobs, "bounds side by side")
       ->type_name("N")
       ->capture_default_str()
       ->check(wholeNumber(1, std::numeric_limits<int>::max()))

@@ -1,6 +1,9 @@
 #include "workbench/command/commandline.hpp"
 
+#include <memory>
+
 #include "workbench/base/spelling.hpp"
+#include "workbench/command/helplayout.hpp"
 #include "workbench/command/ranges.hpp"
 
 namespace tpn {
@@ -37,11 +40,13 @@ std::string unexpected(const CLI::App& app, const std::string& command, const st
 
 CommandLine::CommandLine(const std::string& version)
     : app_("From a network of timed processes to an answer one can see and trust.", "tpn") {
-  app_.set_version_flag("--version", version);
+  app_.formatter(std::make_shared<HelpLayout>());
+  app_.set_help_flag("-h,--help", "print this help");
+  app_.set_version_flag("--version", version, "print the version");
   app_.require_subcommand(1);
   for (const Subcommand* row : subcommands) {
     CLI::App* subcommand = app_.add_subcommand(row->name, row->help);
-    subcommand->set_version_flag("--version", version);
+    subcommand->set_version_flag("--version", version, "print the version");
     subcommand->final_callback([this, given = row->declare(*subcommand)] { action_ = given; });
     for (CLI::Option* option : subcommand->get_options())
       if (option->get_items_expected_max() > 0) option->transform(notEmpty());

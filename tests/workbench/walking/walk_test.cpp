@@ -105,7 +105,7 @@ TEST(Walk, ShowsNamesWhereThereAreAny) {
   lamp: location off, clock 0
   process 2: location 0, clock 0
   propositions: none
-   1 show  delay 1 to 2      lamp: off -> 1
+   1 show   delay 1 to 2      lamp: off -> 1
    2 start  delay 0 to 2      process 2: 0 -> {at work}
 > time 1, after 1 step
   lamp: location 1, clock 0
