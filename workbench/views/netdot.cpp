@@ -32,12 +32,18 @@ std::string node(std::size_t process, const std::string& name) {
   return "p" + std::to_string(number(process)) + "_" + name;
 }
 
+// What a page finds a location by: numbers, whatever the names are.
+std::string locationClass(std::size_t process, int location) {
+  return "location at-" + std::to_string(number(process)) + "-" + std::to_string(location);
+}
+
 std::string locationDot(const Network& net, std::size_t index, int location, const Colour& colour) {
   std::string words = escaped(locationName(net, index, location));
   const auto names = propositionNames(net, labelsAt(net.processes[index], location));
   if (!names.empty()) words += "\\n" + escaped(shortened(names, " ", 6));
-  return "    " + node(index, std::to_string(location)) + " [label=\"" + words +
-         "\", fillcolor=\"" + colour.fill + "\", fontcolor=\"" + colour.ink + "\"" +
+  return "    " + node(index, std::to_string(location)) + " [class=\"" +
+         locationClass(index, location) + "\", label=\"" + words + "\", fillcolor=\"" +
+         colour.fill + "\", fontcolor=\"" + colour.ink + "\"" +
          (location == 0 ? ", penwidth=2.5" : "") + "];\n";
 }
 
@@ -55,6 +61,7 @@ struct Arrow {
 struct Caption {
   std::string words;                     // without the transitions
   std::vector<std::string> transitions;  // names or numbers
+  std::string classes;                   // what a page finds them by: " fires-3 fires-8"
 };
 using Captions = std::vector<Caption>;
 
@@ -67,8 +74,10 @@ std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, cons
     if (isShared(t)) rest += " with " + partners(net, t, process, 6);
     Captions& lines = arrows[{part.source, part.target, isShared(t), !part.counts, !part.resets}];
     const auto [place, isNew] = places.try_emplace({&lines, rest}, lines.size());
-    if (isNew) lines.push_back({rest, {}});
-    lines[place->second].transitions.push_back(shownTransition(net, part.transition));
+    if (isNew) lines.push_back({rest, {}, ""});
+    Caption& line = lines[place->second];
+    line.transitions.push_back(shownTransition(net, part.transition));
+    line.classes += " fires-" + std::to_string(number(part.transition));
   }
   return arrows;
 }
@@ -79,8 +88,11 @@ std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, cons
 std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& lines) {
   constexpr std::size_t mostLines = 12;
   std::vector<std::string> words;
-  for (const Caption& line : lines)
+  std::string classes = arrow.shared ? "shared" : "local";
+  for (const Caption& line : lines) {
     words.push_back(escaped(shortened(line.transitions, ", ", 8) + "  " + line.words));
+    classes += line.classes;
+  }
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);
   const std::string middle =
@@ -91,7 +103,7 @@ std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& li
       (arrow.puts    ? ", style=dotted"
        : arrow.reads ? ", style=dashed"
                      : "");
-  return "    " + middle + " [class=\"" + (arrow.shared ? "shared" : "local") + "\", label=\"" +
+  return "    " + middle + " [class=\"" + classes + "\", label=\"" +
          shortened(words, "\\l", mostLines) + "\\l\", shape=box, style=\"rounded,filled\", " +
          (arrow.shared ? "fillcolor=\"#222222\", fontcolor=\"#ffffff\""
                        : "fillcolor=\"#ffffff\", color=\"#888888\"") +

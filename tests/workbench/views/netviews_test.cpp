@@ -119,9 +119,23 @@ TEST(NetworkDot, TitlesAreEscaped) {
 // Black ones are shared: as many as there are arrows of shared transitions.
 TEST(NetworkDot, SharedTransitionsAreMarked) {
   const std::string dot = networkDot(twoProcesses());
-  EXPECT_NE(dot.find("p1_1_0_shared [class=\"shared\", label=\"3  [2, inf) with 2\\l\""),
+  EXPECT_NE(dot.find("p1_1_0_shared [class=\"shared fires-3\", label=\"3  [2, inf) with 2\\l\""),
             std::string::npos);
-  EXPECT_NE(dot.find("p1_0_1 [class=\"local\", label=\"1  [1, 2]\\l\""), std::string::npos);
+  EXPECT_NE(dot.find("p1_0_1 [class=\"local fires-1\", label=\"1  [1, 2]\\l\""), std::string::npos);
+}
+
+TEST(NetworkDot, LocationsAndTransitionsAreFoundByNumber) {
+  const Network net = named().net;
+  const XmlFile picture(drawn(networkDot(net)));
+  for (std::size_t p = 0; p < net.processes.size(); ++p)
+    for (const int l : net.processes[p].locations)
+      EXPECT_EQ(picture.value("count(//*[@class=\"node location at-" + std::to_string(number(p)) +
+                              "-" + std::to_string(l) + "\"])"),
+                "1");
+  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+    EXPECT_NE(picture.value("count(//*[contains(concat(@class, \" \"), \" fires-" +
+                            std::to_string(number(t)) + " \")])"),
+              "0");
 }
 
 }  // namespace
