@@ -32,7 +32,7 @@ class Picture {
         attribute("xmlns", "http://www.w3.org/2000/svg") + attribute("width", at_.width) +
         attribute("height", height) +
         attribute("viewBox", "0 0 " + std::to_string(at_.width) + " " + std::to_string(height)) +
-        ">\n" + hint(net_.title) + svgStyle;
+        attribute("fill", "#222") + ">\n" + hint(net_.title) + svgStyle;
     svg += box(0, 0, at_.width, height, attribute("fill", "#fff"));
     svg += heading() + instantAreas();
     if (marked()) svg += goalArea();
@@ -110,7 +110,7 @@ std::string Picture::goalArea() const {
   area += box(x, at_.lanesTop - 3, width, 3, ink) + box(x, at_.lanesBottom, width, 3, ink);
   area += box(x - 18, at_.lanesTop - 38, 36, 16, ink + attribute("rx", 3));
   area += label(x, at_.lanesTop - 26, "mark", "goal",
-                attribute("style", "fill: #fff; font-weight: bold"));
+                attribute("fill", "#fff") + attribute("font-weight", "bold"));
   return area + "</g>\n";
 }
 
@@ -184,8 +184,7 @@ std::string Picture::bar(std::size_t process, std::size_t from, std::size_t to) 
   constexpr int again = 480;
   for (int offset = 0; offset == 0 || offset + again / 2 < width; offset += again)
     result += label(x + 8 + offset, middle(process) + 4, "place",
-                    pictured(locationName(net_, process, location)),
-                    attribute("style", std::string("fill: ") + colour.ink));
+                    pictured(locationName(net_, process, location)), attribute("fill", colour.ink));
   return result + "</g>\n";
 }
 
@@ -213,8 +212,7 @@ std::string Picture::step(std::size_t step) const {
   result += box(x - width / 2, top, width, 13,
                 attribute("rx", 3) + attribute("fill", shared ? "#222" : "#fff") +
                     attribute("stroke", shared ? "#222" : "#888"));
-  result += label(x, top + 10, "mark", name,
-                  attribute("style", std::string("fill: ") + (shared ? "#fff" : "#222")));
+  result += label(x, top + 10, "mark", name, attribute("fill", shared ? "#fff" : "#222"));
   for (const Move& move : transition.moves)
     result += "<circle" + attribute("cx", x) + attribute("cy", middle(move.process)) +
               attribute("r", 4) + attribute("fill", move.resets ? "#222" : "#fff") +

@@ -30,7 +30,7 @@ std::string label(int x, int y, const std::string& type, const std::string& text
 std::string hint(const std::string& text) { return "<title>" + xmlText(text) + "</title>\n"; }
 
 const char* const svgStyle = R"(<style>
-text { font-family: "DejaVu Sans", Verdana, Arial, sans-serif; font-size: 10px; fill: #222; }
+text { font-family: "DejaVu Sans", Verdana, Arial, sans-serif; font-size: 10px; }
 .heading { font-size: 15px; font-weight: bold; }
 .lane { font-size: 12px; text-anchor: end; }
 .place { font-size: 11px; }

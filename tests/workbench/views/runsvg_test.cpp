@@ -172,6 +172,11 @@ TEST(RunSvg, StandsAlone) {
   EXPECT_EQ(svg.find("http"), svg.rfind("http"));
 }
 
+// A page's policy forbids them.
+TEST(RunSvg, HasNoStyleAttributes) {
+  EXPECT_EQ(XmlFile(pictureOf(violation())).value("count(//@style)"), "0");
+}
+
 TEST(RunSvg, GoalLocationsAreOutlined) {
   const XmlFile xml(pictureOf(violation()));
   EXPECT_EQ(xml.value("count(//*[@class=\"witness\"])"), "2");
