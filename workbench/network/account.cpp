@@ -21,17 +21,11 @@ class Account {
       : net_(net), property_(property), holds_(values(property, state)) {
     assert(holds_.back());
     for (std::size_t i = 0; i < property_.items.size(); ++i) add(i);
+    chooseAll();
   }
 
-  std::vector<std::string> facts() {
-    std::vector<std::size_t> chosen{property_.items.size() - 1};
-    while (!chosen.empty()) {
-      const std::size_t item = chosen.back();
-      chosen.pop_back();
-      choose(item, chosen);
-    }
-    return std::move(facts_);
-  }
+  std::vector<std::string> facts() { return std::move(facts_); }
+  std::vector<std::size_t> items() { return std::move(items_); }
 
  private:
   const PropertyItem& item(std::size_t i) const { return property_.items[i]; }
@@ -68,16 +62,29 @@ class Account {
     return costs_[right] < costs_[left] ? right : left;
   }
 
+  void chooseAll() {
+    std::vector<std::size_t> chosen{property_.items.size() - 1};
+    while (!chosen.empty()) {
+      const std::size_t item = chosen.back();
+      chosen.pop_back();
+      choose(item, chosen);
+    }
+    std::sort(items_.begin(), items_.end());
+  }
+
   void choose(std::size_t i, std::vector<std::size_t>& chosen) {
-    if (isLeaf(item(i))) return say(leafText(item(i)));
+    if (isLeaf(item(i))) return say(i, leafText(item(i)));
     if (item(i).kind == PropertyItem::disjunction) return chosen.push_back(cheapest(i));
-    if (item(i).kind == PropertyItem::counter && item(i).most < item(i).operands) say(countText(i));
+    if (item(i).kind == PropertyItem::counter && item(i).most < item(i).operands)
+      say(i, countText(i));
     for (std::size_t k = operandCount(i); k-- > 0;)
       if (holds_[operand(i, k)]) chosen.push_back(operand(i, k));
   }
 
-  void say(const std::string& fact) {
-    if (!fact.empty() && said_.insert(fact).second) facts_.push_back(fact);
+  void say(std::size_t item, const std::string& fact) {
+    if (fact.empty()) return;
+    items_.push_back(item);
+    if (said_.insert(fact).second) facts_.push_back(fact);
   }
 
   std::string leafText(const PropertyItem& leaf) const {
@@ -116,6 +123,7 @@ class Account {
   std::vector<std::size_t> costs_;     // by item: the fewest facts
   std::vector<std::size_t> stack_;
   std::vector<std::string> facts_;
+  std::vector<std::size_t> items_;
   std::set<std::string> said_;
 };
 
@@ -124,6 +132,11 @@ class Account {
 std::vector<std::string> account(const Network& net, const Property& property,
                                  const StateFacts& state) {
   return Account(net, property, state).facts();
+}
+
+std::vector<std::size_t> accountItems(const Network& net, const Property& property,
+                                      const StateFacts& state) {
+  return Account(net, property, state).items();
 }
 
 bool leavesOpen(const Property& property) {

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,11 @@ namespace tpn {
 // that the property holds. Takes time linear in the property, but for logarithms.
 std::vector<std::string> account(const Network& net, const Property& property,
                                  const StateFacts& state);
+
+// The items of the property that these facts are about, ascending. Operands of a counter stand
+// where it does in the text.
+std::vector<std::size_t> accountItems(const Network& net, const Property& property,
+                                      const StateFacts& state);
 
 // Does an account say more than the property itself?
 bool leavesOpen(const Property& property);

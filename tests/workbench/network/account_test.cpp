@@ -108,6 +108,25 @@ TEST(Account, OfALongPropertyIsMadeInTime) {
   EXPECT_THAT(because(text, {1, 0, 0, 0}), ElementsAre("first"));
 }
 
+TEST(Account, SaysWhichPartsOfTheTextItIsAbout) {
+  const Network net = four();
+  const auto parts = [&](const std::string& text, const Locations& at) {
+    const std::set<int> held = propositionsAt(net, at);
+    const Property property = readInfix(text, net);
+    std::vector<std::string> texts;
+    for (const std::size_t item : accountItems(net, property, {held, at, false})) {
+      const PropertyItem& about = property.items[item];
+      texts.push_back(text.substr(about.begin, about.end - about.begin));
+    }
+    return texts;
+  };
+  EXPECT_THAT(parts("p3 || first && !b.0", {1, 1, 0, 0}), ElementsAre("first", "b.0"));
+  EXPECT_THAT(parts("p1 && p1", {1, 0, 0, 0}), ElementsAre("p1", "p1"));
+  EXPECT_THAT(parts("p4 || atmost(1, *.in)", {1, 0, 0, 0}),
+              ElementsAre("atmost(1, *.in)", "atmost(1, *.in)"));
+  EXPECT_THAT(parts("p1 || true", {1, 0, 0, 0}), IsEmpty());
+}
+
 TEST(LeavesOpen, WhatHasMoreThanOneWayToHold) {
   const Network net = four();
   EXPECT_FALSE(leavesOpen(readInfix("p1 && !p2 && deadlock", net)));
