@@ -1,25 +1,18 @@
 #include "workbench/proof/statement.hpp"
 
-#include <openssl/evp.h>
-
-#include <array>
 #include <numeric>
 #include <set>
 #include <stdexcept>
+
+#include "workbench/base/sha256.hpp"
 
 namespace tpn {
 
 namespace {
 
-std::string sha256(const std::string& text) {
-  std::array<unsigned char, 32> digest{};
-  std::size_t length = 0;
-  if (EVP_Q_digest(nullptr, "SHA256", nullptr, text.data(), text.size(), digest.data(), &length) !=
-          1 ||
-      length != digest.size())
-    throw std::runtime_error("SHA-256 is not available");
+std::string fingerprint(const std::string& text) {
   std::string hexadecimal;
-  for (const unsigned char byte : digest) {
+  for (const unsigned char byte : sha256(text)) {
     hexadecimal += "0123456789abcdef"[byte >> 4U];
     hexadecimal += "0123456789abcdef"[byte & 15U];
   }
@@ -110,7 +103,7 @@ std::string goalMeaning(const Network& net, const Goal& goal) {
 }
 
 Statement statement(const Network& net, const Goal& goal) {
-  return {sha256(networkMeaning(net)), sha256(goalMeaning(net, goal)), unitOfTime(net)};
+  return {fingerprint(networkMeaning(net)), fingerprint(goalMeaning(net, goal)), unitOfTime(net)};
 }
 
 }  // namespace tpn
