@@ -23,6 +23,6 @@ struct PartialSums {
 // many sums with each process. An invariant that is left out makes a proof harder to confirm, not
 // easier.
 std::optional<PartialSums> partialSums(const Network& net, const LinearInvariant& invariant,
-                                       std::size_t most = 1'000'000);
+                                       std::size_t most = 4'000'000);
 
 }  // namespace tpn
