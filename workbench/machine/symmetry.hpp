@@ -5,6 +5,10 @@
 //
 // They are automorphisms of a coloured graph, found by the library bliss (Junttila and Kaski 2007),
 // and each is verified on the machine itself before it is given out.
+//
+// machine/exchange finds swaps of two processes by trying. It is no help here: the prover learns
+// orbits of clauses, and rotations of a ring or data that is permuted by itself are as good to it
+// as swaps. Nor is a property looked at here: its images are asked about as well.
 
 #pragma once
 

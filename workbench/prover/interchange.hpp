@@ -9,6 +9,9 @@
 // first k of the rest.
 //
 // That the swaps move owners as they should is verified; where they do not, nothing is left out.
+// Nothing is searched for: the swaps are those among the generators that machine/symmetry found,
+// under which frames are closed. Classes of machine/exchange, made with a property in mind, would
+// be smaller.
 
 #pragma once
 
