@@ -1,8 +1,8 @@
 // Runs the benchmarks of one program and prints, beside each, how many times as fast it was as the
 // first of its family, in CPU time. A family is what stands before the first ':' of a benchmark's
 // name; between that and the last '/' stands the variant, then the size: "order:tree/1000000".
-// Times depend on the machine, ratios hardly. The exit status is 1 where a benchmark failed or
-// there was none to run.
+// Whatever the benchmark has counted stands behind that. Times depend on the machine, ratios
+// hardly. The exit status is 1 where a benchmark failed or there was none to run.
 
 #pragma once
 
@@ -28,8 +28,11 @@ class RatioReporter : public benchmark::BenchmarkReporter {
       const std::string key = name.substr(0, name.find(':')) + name.substr(size);
       const double time = run.GetAdjustedCPUTime();
       const double first = first_.emplace(key, time).first->second;
-      std::printf("%-40s %12s %14.1f\n", name.substr(0, size).c_str(),
-                  name.substr(size + 1).c_str(), first / time);
+      std::printf("%-40s %12s %14.1f", name.substr(0, size).c_str(), name.substr(size + 1).c_str(),
+                  first / time);
+      for (const auto& [counted, count] : run.counters)
+        std::printf("  %s %.0f", counted.c_str(), count.value);
+      std::printf("\n");
     }
   }
 
