@@ -37,9 +37,10 @@ class Blocking {
     Way way;
   };
 
-  // Is there a step from frame level - 1 into the cube, from outside of it? If there is none, the
-  // cube has been reduced to the literals that this takes; it does not contain the initial state,
-  // before or after. Throws Interrupted.
+  // A step from frame level - 1 into the cube, from outside of it. Where none is returned, the cube
+  // has been enlarged, to fewer literals, so that no step leads into it from outside; there may be
+  // one from what has been added. It does not contain the initial state, before or after. Throws
+  // Interrupted.
   std::optional<Predecessor> intoFrom(Cube& cube, std::size_t level);
 
   // A larger cube around it for which there is none either. What is said of processes that are far

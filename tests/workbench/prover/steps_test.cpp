@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/workbench/proof/randomproofs.hpp"
+#include "tests/workbench/prover/cubestates.hpp"
 
 namespace tpn {
 namespace {
@@ -13,37 +13,14 @@ namespace {
 class Backwards {
  public:
   explicit Backwards(const Sample& s)
-      : machine_(makeMachine(s.net)),
-        layout_(StateLayout::capped(machine_)),
-        words_(machine_, layout_),
+      : states_(s),
         solver_(makeCadical(Use::manyShortSearches)),
-        steps_(machine_, layout_, words_, {1}, {}, *solver_, layout_.size() + 1, {}) {
-    addAt(*solver_, facts(machine_, layout_), 0);
-    const states::Explorer explorer(s.scaled);
-    for (const states::State& from : explorer.everything()) all_[from] = explorer.next(from);
+        steps_(states_.machine(), states_.layout(), states_.words(), {1}, {}, *solver_,
+               states_.layout().size() + 1, {}) {
+    addAt(*solver_, facts(states_.machine(), states_.layout()), 0);
   }
 
-  bool holds(int literal, const states::State& s) const {
-    const Meaning& m = words_.meaning(literal);
-    const auto& locations = machine_.processes[m.process].locations;
-    const bool value =
-        m.isClock ? s.clocks[m.process] >= m.value
-                  : s.locations[m.process] == locations[static_cast<std::size_t>(m.value)].number;
-    return value == (literal > 0);
-  }
-  bool inside(const Cube& cube, const states::State& s) const {
-    return std::all_of(cube.begin(), cube.end(), [&](int l) { return holds(l, s); });
-  }
-
-  Cube randomCube(Samples& random) const {
-    Cube cube;
-    for (std::size_t i = random.upTo(3) + 1; i > 0; --i) {
-      const int variable =
-          static_cast<int>(random.upTo(static_cast<std::size_t>(words_.variables()) - 1)) + 1;
-      cube.push_back(random.upTo(1) == 0 ? variable : -variable);
-    }
-    return words_.normal(cube);
-  }
+  const CubeStates& states() const { return states_; }
 
   // Is there a state outside the cube that steps into it? Every preimage on the way is one, whole.
   bool into(const Cube& cube) {
@@ -62,30 +39,18 @@ class Backwards {
     return found;
   }
 
-  bool intoByStates(const Cube& cube) const {
-    for (const auto& [s, next] : all_)
-      if (!inside(cube, s))
-        for (const states::State& to : next)
-          if (inside(cube, to)) return true;
-    return false;
-  }
-
  private:
   void expectPreimage(const Cube& cube, const Cube& before) const {
     int count = 0;
-    for (const auto& [s, next] : all_) {
-      if (!inside(before, s)) continue;
+    for (const auto& [s, next] : states_.next()) {
+      if (!states_.inside(before, s)) continue;
       ++count;
-      EXPECT_TRUE(
-          std::any_of(next.begin(), next.end(), [&](const auto& to) { return inside(cube, to); }));
+      EXPECT_TRUE(states_.followed(cube, s));
     }
     EXPECT_GT(count, 0);
   }
 
-  std::map<states::State, std::vector<states::State>> all_;  // and what follows each
-  Machine machine_;
-  StateLayout layout_;
-  Vocabulary words_;
+  CubeStates states_;
   std::unique_ptr<Solver> solver_;
   Steps steps_;
 };
@@ -100,18 +65,8 @@ TEST(Steps, DoNotTakeAClockForReachedThatDoesNotCount) {
   const StateLayout layout = StateLayout::capped(makeMachine(s.net));
   const Cube cube{layout.location(0, 1), -layout.clock(0, 2)};
   Backwards backwards(s);
-  EXPECT_FALSE(backwards.intoByStates(cube));
+  EXPECT_FALSE(backwards.states().entered(cube));
   EXPECT_FALSE(backwards.into(cube));
-}
-
-std::int64_t numberOfStates(const Machine& machine) {
-  std::int64_t product = 1;
-  for (const Machine::Process& process : machine.processes) {
-    std::int64_t sum = 0;
-    for (const Machine::Location& location : process.locations) sum += location.cap + 1;
-    product = std::min<std::int64_t>(product * sum, 1'000'000);
-  }
-  return product;
 }
 
 class StepsInto : public testing::TestWithParam<MoveKinds> {};
@@ -122,11 +77,11 @@ TEST_P(StepsInto, ACubeLeadFromWhereTheStatesSay) {
   int no = 0;
   for (int i = 0; i < 150; ++i) {
     const Sample s = samples.next();
-    if (numberOfStates(makeMachine(s.net)) > 2000) continue;
+    if (CubeStates::count(s) > 2000) continue;
     Backwards backwards(s);
     for (int j = 0; j < 10; ++j) {
-      const Cube cube = backwards.randomCube(samples);
-      const bool expected = backwards.intoByStates(cube);
+      const Cube cube = backwards.states().randomCube(samples);
+      const bool expected = backwards.states().entered(cube);
       EXPECT_EQ(backwards.into(cube), expected) << "network " << i;
       ++(expected ? yes : no);
     }

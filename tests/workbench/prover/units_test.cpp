@@ -1,13 +1,11 @@
 // The prover's parts one by one, on Fischer's protocol with three processes: cubes, orbits, what is
-// redundant under a symmetry, what an obligation is about, frames, how many locations exclude one
-// another.
+// redundant under a symmetry, what an obligation is about, frames, facts.
 
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "tests/workbench/proof/fischer.hpp"
-#include "workbench/machine/atmostone.hpp"
 #include "workbench/machine/symmetry.hpp"
 #include "workbench/prover/facts.hpp"
 #include "workbench/prover/frames.hpp"
@@ -198,25 +196,6 @@ TEST_F(FramesOfFischer, NoOrbitIsCut) {
   Frames small(f_.words, f_.orbits, 2, *solver_, f_.layout.size() + 100);
   small.openTo(2);
   EXPECT_THROW(small.learn({f_.at(0, 5)}, 1), OrbitTooLarge);
-}
-
-// Enumerated: in how many ways can none or one of so many literals hold?
-TEST(AtMostOne, LeavesEachAloneAndNone) {
-  for (const int count : {1, 2, 5, 6, 7, 30, 200}) {
-    const auto solver = makeCadical(Use::manyShortSearches);
-    ClauseSink sink(*solver);
-    std::vector<int> literals;
-    for (int v = sink.fresh(count), i = 0; i < count; ++i) literals.push_back(v + i);
-    addAtMostOne(sink, literals);
-    for (int a = 0; a < count; ++a)
-      for (int b = 0; b <= a; b += 1 + count / 20) {
-        solver->assume(literals[static_cast<std::size_t>(a)]);
-        solver->assume(literals[static_cast<std::size_t>(b)]);
-        EXPECT_EQ(solver->solve() == Solver::Result::satisfiable, a == b) << a << " " << b;
-      }
-    for (const int literal : literals) solver->assume(-literal);
-    EXPECT_EQ(solver->solve(), Solver::Result::satisfiable);
-  }
 }
 
 TEST(Facts, ProcessesOfManyLocationsAreInOne) {

@@ -1,0 +1,174 @@
+// Relative induction against the states of small networks, one by one: what steps into a cube from
+// a frame, what is left of the cube where nothing does, and how much more is excluded with it.
+
+#include "workbench/prover/blocking.hpp"
+
+#include <gtest/gtest.h>
+
+#include "tests/workbench/prover/cubestates.hpp"
+#include "workbench/machine/goal.hpp"
+#include "workbench/prover/cores.hpp"
+#include "workbench/prover/goalstates.hpp"
+
+namespace tpn {
+namespace {
+
+// Frame 0 is the initial state, frames 1 to 3 are all states until something is learnt.
+struct Blocks {
+  explicit Blocks(const Sample& s) : states(s) {
+    addAt(*solver, facts(states.machine(), states.layout()), 0);
+    frames.openTo(3);
+  }
+
+  // The states of a frame that has learnt these.
+  bool has(std::size_t level, const states::State& s) const {
+    return std::none_of(frames.learnt().begin(), frames.learnt().end(), [&](const auto& learnt) {
+      return learnt.level >= level && states.inside(learnt.cube, s);
+    });
+  }
+  bool enteredFrom(std::size_t level, const Cube& cube) const {
+    if (level == 0)
+      return !states.inside(cube, states.initial()) && states.followed(cube, states.initial());
+    return std::any_of(states.next().begin(), states.next().end(), [&](const auto& entry) {
+      return has(level, entry.first) && !states.inside(cube, entry.first) &&
+             states.followed(cube, entry.first);
+    });
+  }
+
+  CubeStates states;
+  std::unique_ptr<Solver> solver = makeCadical(Use::manyShortSearches);
+  Checkpoint checkpoint;
+  Steps steps{states.machine(),           states.layout(), states.words(), {1}, {}, *solver,
+              states.layout().size() + 1, checkpoint};
+  Frames frames{states.words(), Orbits(), 100, *solver, steps.variables() + 1};
+  Blocking blocking{states.machine(), states.layout(), states.words(), steps,
+                    frames,           *solver,         checkpoint};
+};
+
+class BlockingOf : public testing::TestWithParam<MoveKinds> {
+ protected:
+  // Each sample that is small enough, with cubes that the initial state is not in.
+  template <class Judge>
+  void forEach(unsigned seed, const Judge& judge) {
+    Samples samples(seed, GetParam());
+    for (int i = 0; i < 60; ++i) {
+      const Sample s = samples.next();
+      if (CubeStates::count(s) > 500) continue;
+      Blocks b(s);
+      for (int j = 0; j < 6; ++j) {
+        const Cube cube = b.states.randomCube(samples);
+        if (!b.states.words().holdsInitially(cube)) judge(b, cube);
+      }
+    }
+  }
+};
+
+TEST_P(BlockingOf, FindsWhatStepsIntoACube) {
+  int found = 0;
+  int none = 0;
+  forEach(1, [&](Blocks& b, const Cube& cube) {
+    for (const std::size_t level : {1U, 2U}) {
+      Cube rest = cube;
+      const auto before = b.blocking.intoFrom(rest, level);
+      ++(before ? found : none);
+      if (before) {
+        EXPECT_TRUE(b.enteredFrom(level - 1, cube));
+        for (const auto& [s, next] : b.states.next())
+          EXPECT_TRUE(!b.states.inside(before->cube, s) || b.states.followed(cube, s));
+        continue;
+      }
+      EXPECT_TRUE(b.states.covered(cube, rest));
+      EXPECT_FALSE(b.states.words().holdsInitially(rest));
+      EXPECT_FALSE(b.enteredFrom(level - 1, rest));
+    }
+  });
+  EXPECT_GT(found, 50);
+  EXPECT_GT(none, 50);
+}
+
+TEST_P(BlockingOf, GeneralisesToCubesThatAreNotSteppedIntoEither) {
+  int larger = 0;
+  forEach(2, [&](Blocks& b, const Cube& cube) {
+    Cube more = cube;
+    if (b.blocking.intoFrom(more, 2)) return;
+    b.blocking.generalise(more, 2, {});
+    EXPECT_TRUE(b.states.covered(cube, more));
+    EXPECT_FALSE(b.states.words().holdsInitially(more));
+    EXPECT_FALSE(b.enteredFrom(1, more));
+    larger += b.states.covered(more, cube) ? 0 : 1;
+  });
+  EXPECT_GT(larger, 10);
+}
+
+// A step from a state of a frame leads to one of the next; the initial state is in all.
+TEST_P(BlockingOf, LearnsWhatFramesMayKnow) {
+  std::size_t learnt = 0;
+  forEach(3, [&](Blocks& b, const Cube& cube) {
+    for (const std::size_t level : {1U, 2U}) {
+      Cube rest = cube;
+      if (b.blocking.intoFrom(rest, level)) break;
+      b.blocking.exclude(rest, level, {});
+      EXPECT_FALSE(b.blocking.reaches(level, cube));
+    }
+    learnt += b.frames.learnt().size();
+    for (const Frames::Learnt& known : b.frames.learnt()) {
+      EXPECT_FALSE(b.states.inside(known.cube, b.states.initial()));
+      for (std::size_t level = 1; level <= known.level; ++level)
+        EXPECT_FALSE(b.enteredFrom(level - 1, known.cube)) << level << " of " << known.level;
+    }
+  });
+  EXPECT_GT(learnt, 100U);
+}
+
+// What a part of a cube is blocked by is kept by the frames as well.
+TEST_P(BlockingOf, CoresLearnsWhatFramesMayKnow) {
+  int blocked = 0;
+  forEach(4, [&](Blocks& b, const Cube& cube) {
+    const Nearness nearness(b.states.machine(), b.states.words());
+    Cores cores(b.states.words(), nearness, b.blocking, b.checkpoint);
+    const Processes about{b.states.words().meaning(cube.front()).process};
+    if (!cores.block(cube, about, 2)) return;
+    ++blocked;
+    EXPECT_FALSE(b.blocking.reaches(2, cube));
+    for (const Frames::Learnt& known : b.frames.learnt()) {
+      EXPECT_FALSE(b.states.inside(known.cube, b.states.initial()));
+      for (std::size_t level = 1; level <= known.level; ++level)
+        EXPECT_FALSE(b.enteredFrom(level - 1, known.cube)) << level << " of " << known.level;
+    }
+  });
+  EXPECT_GT(blocked, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfMoves, BlockingOf, testing::Values(MoveKinds::plain, MoveKinds::all));
+
+// Every state of the cube that is given for a goal is one, and there is none where there is no goal
+// state.
+TEST(GoalStates, AreGoalsAllOfThem) {
+  Samples samples(5);
+  int found = 0;
+  for (int i = 0; i < 80; ++i) {
+    const Sample s = samples.next();
+    if (CubeStates::count(s) > 500 || asksWhatComes(s.goal)) continue;
+    Blocks b(s);
+    const StateFormula formula =
+        propertyFormula(s.net, b.states.machine(), b.states.layout(), s.goal);
+    const int goal = addFormula(*b.solver, formula, b.states.layout().size(), 0, 1000);
+    const states::Explorer explorer(s.scaled);
+    const auto cube = GoalStates(b.states.words(), b.frames, *b.solver, goal).of(1);
+    int inside = 0;
+    for (const auto& [state, next] : b.states.next()) {
+      if (!cube) {
+        EXPECT_FALSE(explorer.isGoal(s.goal, state)) << i;
+      } else if (b.states.inside(*cube, state)) {
+        EXPECT_TRUE(explorer.isGoal(s.goal, state)) << i;
+        ++inside;
+      }
+    }
+    EXPECT_EQ(inside > 0, cube.has_value());
+    found += cube ? 1 : 0;
+  }
+  EXPECT_GT(found, 15);
+}
+
+}  // namespace
+}  // namespace tpn
