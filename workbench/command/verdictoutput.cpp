@@ -10,14 +10,6 @@ namespace tpn {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-const char* nameOf(Answer::Kind kind) {
-  if (kind == Answer::reachable) return "reachable";
-  if (kind == Answer::unsafe) return "unsafe";
-  return kind == Answer::unreachable ? "unreachable" : "undecided";
-}
-
 const char* outcome(Answer::Kind kind) {
   if (kind == Answer::unreachable) return "is never reached";
   return kind == Answer::unsafe ? "stays unanswered" : "";
@@ -41,7 +33,7 @@ std::string answerText(const Inputs& q, const Answer& a) {
 std::string answerJson(const Inputs& q, const Answer& a) {
   Json json{{"format", "tpn-check"},
             {"version", 2},
-            {"answer", nameOf(a.kind)},
+            {"answer", kindName(a.kind)},
             {"property", q.property.text}};
   if (a.run) {
     json["transitions"] = a.run->steps.size();

@@ -51,6 +51,12 @@ int answeredBelow(const Verdict& v) {
 
 }  // namespace
 
+const char* kindName(Answer::Kind kind) {
+  if (kind == Answer::reachable) return "reachable";
+  if (kind == Answer::unsafe) return "unsafe";
+  return kind == Answer::unreachable ? "unreachable" : "undecided";
+}
+
 std::string unsafety(const Network& net, const Goal& goal, const Run& run) {
   if (!asksSafety(goal)) return "";
   const TimedState last = replay(net, goal, run).states.back();

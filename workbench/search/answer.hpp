@@ -28,6 +28,8 @@ struct Answer {
   std::vector<Unanswered> unanswered;      // as in a verdict
 };
 
+const char* kindName(Answer::Kind kind);  // "reachable", ...
+
 // What a run to a goal with safety in it shows of that: what would happen after it, one line; empty
 // where it is one to what was asked for.
 std::string unsafety(const Network& net, const Goal& goal, const Run& run);
