@@ -80,7 +80,7 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
                                  a.flat ? flattened(*v.certificate) : *v.certificate},
                                 &asked.net));
     });
-  print(a.views, shown, v.run, text);
+  print(a.views, shown, v, text);
   return exitOf(v);
 }
 

@@ -35,7 +35,7 @@ int trace(const Arguments& a) {
   std::string text = "no run: unsatisfiable\n" + goalLine(q->property, "");
   if (v.run) text = a.views.shown().print(q->net, q->property, *v.run);
   if (a.views.shows("json")) text = answerJson(*q, v);
-  print(a.views, *q, v.run, text);
+  print(a.views, *q, v, text);
   return exitOf(v);
 }
 

@@ -17,6 +17,7 @@
 #include "workbench/command/complain.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/runs/run.hpp"
+#include "workbench/search/answer.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
@@ -65,13 +66,17 @@ class ViewChoice {
       if (!row.file.empty()) plan.writes(row.file);
   }
 
-  // Writes them; `print` makes the text of a view. What cannot be written is told, each in one
-  // line; false where there was something.
-  bool writeFiles(const std::function<std::string(const View&)>& print) const {
+  // Writes them; `print` makes the text of a view, or none where there is nothing to see. What
+  // cannot be written is told, each in one line; false where there was something.
+  using Print = std::function<std::optional<std::string>(const View&)>;
+  bool writeFiles(const Print& print) const {
     bool whole = true;
     for (const Row& row : rows_)
       if (!row.file.empty())
-        whole = attempted([&] { writeFile(row.file, print(*row.view)); }) && whole;
+        whole = attempted([&] {
+                  if (const auto text = print(*row.view)) writeFile(row.file, *text);
+                }) &&
+                whole;
     return whole;
   }
 
@@ -95,10 +100,13 @@ class ViewChoice {
 using RunViews = ViewChoice<RunView>;
 using NetworkViews = ViewChoice<NetworkView>;
 
-// The files with views of the run, if there is one, then `text`: whoever reads only the first lines
-// of it still gets the pictures. What cannot be written is told, each file in one line, and costs
-// neither the text nor the other files; false where there was something.
-bool print(const RunViews& views, const Inputs& inputs, const std::optional<Run>& run,
+// The files with views of the run, then `text`: whoever reads only the first lines of it still gets
+// the pictures. What cannot be written is told, each file in one line, and costs neither the text
+// nor the other files; false where there was something.
+bool print(const RunViews& views, const Inputs& inputs, const Run& run, const std::string& text);
+
+// The same of an answer: those views that show answers, and the others if it has a run.
+bool print(const RunViews& views, const Inputs& inputs, const Answer& answer,
            const std::string& text);
 
 }  // namespace tpn

@@ -8,13 +8,17 @@ namespace tpn {
 namespace {
 
 constexpr RunView ofRuns[] = {
-    {"text", "txt", Destination::usual, "the run as a table", runText},
+    {"text", "txt", Destination::usual, "the run as a table", runText, nullptr},
     {"json", "json", Destination::stream, "print JSON instead of text",
      [](const Network& net, const Property& property, const Run& run) {
        return jsonText(runJson(net, property, run));
-     }},
-    {"vcd", "vcd", Destination::file, "the run for a waveform viewer", runVcd},
-    {"svg", "svg", Destination::file, "draw the run: time to the right, a lane a process", runSvg}};
+     },
+     nullptr},
+    {"vcd", "vcd", Destination::file, "the run for a waveform viewer", runVcd, nullptr},
+    {"svg", "svg", Destination::file, "draw the run: time to the right, a lane a process", runSvg,
+     nullptr},
+    {"html", "html", Destination::file, "a page to look at it in a browser, step by step", runHtml,
+     answerHtml}};
 
 constexpr NetworkView ofNetworks[] = {
     {"text", "txt", Destination::usual, "the network as a list", networkText},

@@ -12,6 +12,7 @@
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 #include "workbench/runs/run.hpp"
+#include "workbench/search/answer.hpp"
 
 namespace tpn {
 
@@ -28,6 +29,8 @@ struct RunView {
   Destination destination;
   const char* help;
   std::string (*print)(const Network& net, const Property& property, const Run& run);
+  // Of an answer, which may have no run; null where only runs can be seen like this.
+  std::string (*answered)(const Network& net, const Property& property, const Answer& answer);
 };
 
 struct NetworkView {
@@ -59,6 +62,11 @@ std::string runVcd(const Network& net, const Property& property, const Run& run)
 
 // Time runs right, one lane a process.
 std::string runSvg(const Network& net, const Property& property, const Run& run);
+
+// A page for a browser, which needs nothing else: the network beside the run, to be stepped
+// through. Of an answer without a run: why there is none.
+std::string runHtml(const Network& net, const Property& property, const Run& run);
+std::string answerHtml(const Network& net, const Property& property, const Answer& answer);
 
 std::string networkText(const Network& net);
 Json networkJson(const Network& net);        // docs/network.schema.json
