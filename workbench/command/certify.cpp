@@ -21,21 +21,28 @@ struct Arguments {
   double timeout = 0;
 };
 
+Exit stopped(const Watch& watch) {
+  writeFile("-", "undecided: " + watch.reason() + "\n");
+  return neither;
+}
+
 int certify(const Arguments& a) {
-  const std::optional<Asked> asked = askedOf(a.files);
-  if (!asked) return failed;
-  const CertificateFile file = readCertificateFile(a.certificate);
   const Watch::Report none;
   const Watch watch(limitOf(a.timeout), stoppedBySignals(), none);
+  std::optional<Asked> asked;
+  try {
+    asked = askedOf(a.files, Checkpoint([&] { return watch.over(); }));
+  } catch (const Interrupted&) {
+    return stopped(watch);
+  }
+  if (!asked) return failed;
+  const CertificateFile file = readCertificateFile(a.certificate);
   const Recheck result = recheck(asked->net, asked->goal, file, [&] { return watch.over(); });
   if (result.result == Recheck::confirmed) {
     writeFile("-", "unreachable: the certificate proves it\n");
     return done;
   }
-  if (result.result == Recheck::stopped) {
-    writeFile("-", "undecided: " + watch.reason() + "\n");
-    return neither;
-  }
+  if (result.result == Recheck::stopped) return stopped(watch);
   std::cerr << a.certificate << ": " << result.complaint << "\n";
   return failed;
 }

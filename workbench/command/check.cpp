@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
@@ -44,6 +45,8 @@ struct Arguments {
 // Lines on a terminal that overwrite each other; nothing elsewhere.
 class ProgressLine {
  public:
+  ProgressLine() = default;
+  ProgressLine(const ProgressLine&) = delete;
   void operator()(const Progress& p) {
     if (!terminal_) return;
     std::fputs("\r", stderr);
@@ -58,8 +61,9 @@ class ProgressLine {
     std::fprintf(stderr, "%.1f s\033[K", p.seconds);
     shown_ = true;
   }
-  void clear() const {
-    if (shown_) std::fputs("\r\033[K", stderr);
+  ~ProgressLine() { clear(); }
+  void clear() {
+    if (std::exchange(shown_, false)) std::fputs("\r\033[K", stderr);
   }
 
  private:
@@ -86,36 +90,46 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
 
 constexpr int usualLength = 17;  // of searches that do not end by themselves
 
+// The search has a watch of its own, for the time that is left.
 Answer byBounds(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
-                const Watch::Report& report) {
+                const Watch::Report& report, const Watch& watch) {
   CheckOptions options = a.byBounds;
-  options.timeout = limitOf(a.timeout);
+  options.timeout = watch.left();
   options.maxBound = boundOf(static_cast<std::size_t>(a.maxTransitions.value_or(usualLength)));
   return answerOf(check(asked.net, asked.goal, options, stopped, report));
 }
 
-Answer byEngines(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
-                 const Watch::Report& report) {
+Answer byEngines(const Arguments& a, const Asked& asked, Watch& watch) {
   EngineOptions options{a.engine, a.maxTransitions, a.shortest};
   if (a.engine == Engine::bounded && !a.maxTransitions) options.maxTransitions = usualLength;
-  Watch watch(limitOf(a.timeout), stopped, report);
   return answered(asked.net, asked.goal, options, watch);
 }
 
-// With its progress on the terminal, until a signal stops it.
-Answer searched(const Arguments& a, const Asked& asked) {
+// What is known where the network was not read to its end.
+int unread(const Arguments& a, const Watch& watch) {
+  const Asked question{{}, {questionText(a.files), {{PropertyItem::truth}}}};
+  Answer undecided;
+  undecided.reason = watch.reason();
+  return answer(a, question, undecided);
+}
+
+// With its progress on the terminal, until a signal or the time stops it.
+int checkedInTime(const Arguments& a) {
   const std::atomic<bool>& stopped = stoppedBySignals();
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
+  Watch watch(limitOf(a.timeout), stopped, report);
+  std::optional<Asked> asked;
   try {
-    const auto search = a.asksByBounds() ? byBounds : byEngines;
-    Answer found = search(a, asked, stopped, report);
-    progress.clear();
-    return found;
-  } catch (...) {
-    progress.clear();
-    throw;
+    asked = askedOf(a.files, Checkpoint([&] { return watch.over(); }));
+  } catch (const Interrupted&) {
+    return unread(a, watch);
   }
+  if (!asked) return failed;
+  const Answer found =
+      a.asksByBounds() ? byBounds(a, *asked, stopped, report, watch) : byEngines(a, *asked, watch);
+  progress.clear();
+  return answer(a, *asked, found);
 }
 
 FilePlan planOf(const Arguments& a) {
@@ -137,8 +151,7 @@ int checked(const Arguments& a) {
     return misused;
   }
   planOf(a);
-  const std::optional<Asked> asked = askedOf(a.files);
-  return asked ? answer(a, *asked, searched(a, *asked)) : failed;
+  return checkedInTime(a);
 }
 
 void refuseBounds(const std::string& /*bound*/) {

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "workbench/base/files.hpp"
+#include "workbench/base/textlines.hpp"
 #include "workbench/command/findings.hpp"
 #include "workbench/nets/anyreader.hpp"
 #include "workbench/network/propertyreader.hpp"
@@ -38,8 +39,9 @@ bool asksOnce(const Files& files, bool deadlock) {
   return ways == 1;
 }
 
-std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics) {
-  return readAnyNetwork(inputName(files.net), readInput(files.net), diagnostics);
+std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics,
+                                 const Checkpoint& checkpoint) {
+  return readAnyNetwork(inputName(files.net), readInput(files.net), diagnostics, checkpoint);
 }
 
 std::optional<Property> propertyOf(const Files& files, const Network* net,
@@ -55,6 +57,15 @@ std::optional<Property> propertyOf(const Files& files, const Network* net,
   return read;
 }
 
+std::string questionText(const Files& files) {
+  if (!files.asks()) return deadlockProperty().text;
+  if (files.property) return *files.property;
+  const std::string text = readInput(files.phi);
+  for (const Line& line : nonEmptyLines(text))
+    if (!words(line).empty()) return std::string(line.text);
+  return "";
+}
+
 FilePlan planFor(const Files& files) {
   FilePlan plan;
   plan.reads(inputName(files.net));
@@ -62,29 +73,30 @@ FilePlan planFor(const Files& files) {
   return plan;
 }
 
-std::optional<Network> networkOf(const Files& files) {
+std::optional<Network> networkOf(const Files& files, const Checkpoint& checkpoint) {
   Diagnostics diagnostics;
-  std::optional<Network> net = networkOf(files, diagnostics);
+  std::optional<Network> net = networkOf(files, diagnostics, checkpoint);
   complain(diagnostics);
   return net;
 }
 
-std::optional<Inputs> inputsOf(const Files& files) {
+std::optional<Inputs> inputsOf(const Files& files, const Checkpoint& checkpoint) {
   Diagnostics diagnostics;
-  std::optional<Network> net = networkOf(files, diagnostics);
+  std::optional<Network> net = networkOf(files, diagnostics, checkpoint);
+  checkpoint();
   std::optional<Property> phi = propertyOf(files, net ? &*net : nullptr, diagnostics);
   complain(diagnostics);
   if (hasErrors(diagnostics) || !net || !phi) return std::nullopt;
   return Inputs{std::move(*net), std::move(*phi)};
 }
 
-std::optional<Asked> askedOf(const Files& files) {
+std::optional<Asked> askedOf(const Files& files, const Checkpoint& checkpoint) {
   if (files.asks()) {
-    std::optional<Inputs> inputs = inputsOf(files);
+    std::optional<Inputs> inputs = inputsOf(files, checkpoint);
     if (!inputs) return std::nullopt;
     return asked(std::move(inputs->net), std::move(inputs->property));
   }
-  std::optional<Network> net = networkOf(files);
+  std::optional<Network> net = networkOf(files, checkpoint);
   if (!net) return std::nullopt;
   return asked(std::move(*net), deadlockProperty());
 }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/base/fileplan.hpp"
 #include "workbench/network/diagnostic.hpp"
 #include "workbench/network/goal.hpp"
@@ -42,16 +43,21 @@ bool asksOnce(const Files& files, bool deadlock);
 
 // A file's value, its mistakes appended; nothing where they leave none. The property may be read
 // only where there is one; `net` is null where it could not be read.
-std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics);
+std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics,
+                                 const Checkpoint& checkpoint = {});
 std::optional<Property> propertyOf(const Files& files, const Network* net,
                                    Diagnostics& diagnostics);
+
+// The question as it is written, before it is understood; that of a deadlock where there is none.
+std::string questionText(const Files& files);
 
 // What they are read from, for the outputs to be compared with.
 FilePlan planFor(const Files& files);
 
 // With the mistakes on standard error; nothing where they are errors.
-std::optional<Network> networkOf(const Files& files);
-std::optional<Inputs> inputsOf(const Files& files);
-std::optional<Asked> askedOf(const Files& files);  // no property named: a deadlock
+std::optional<Network> networkOf(const Files& files, const Checkpoint& checkpoint = {});
+std::optional<Inputs> inputsOf(const Files& files, const Checkpoint& checkpoint = {});
+std::optional<Asked> askedOf(const Files& files,  // no property named: a deadlock
+                             const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

@@ -74,10 +74,11 @@ std::optional<Network> networkIn(const PetriNet& net, const std::string& file,
 }
 
 std::optional<Network> readAnyNetwork(const std::string& file, const std::string& text,
-                                      Diagnostics& diagnostics) {
+                                      Diagnostics& diagnostics, const Checkpoint& checkpoint) {
   const NetForm form = formOf(file, text);
-  if (form == NetForm::network) return readNetwork(file, text, diagnostics);
+  if (form == NetForm::network) return readNetwork(file, text, diagnostics, checkpoint);
   const auto net = readPetriNet(form, file, text, diagnostics);
+  checkpoint();
   return net ? networkIn(*net, file, diagnostics) : std::nullopt;
 }
 

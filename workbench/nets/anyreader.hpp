@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/network/diagnostic.hpp"
 #include "workbench/network/network.hpp"
@@ -29,6 +30,6 @@ std::optional<Network> networkIn(const PetriNet& net, const std::string& file,
 
 // As readNetwork (strictread.hpp), in any form.
 std::optional<Network> readAnyNetwork(const std::string& file, const std::string& text,
-                                      Diagnostics& diagnostics);
+                                      Diagnostics& diagnostics, const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

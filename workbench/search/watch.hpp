@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <functional>
@@ -33,6 +34,14 @@ class Watch {
       : timeout_(timeout), stop_(stop), report_(report) {}
 
   bool over() const { return stop_ || (timeout_ && Clock::now() - start_ >= *timeout_); }
+
+  // Of the time; at least a millisecond.
+  std::optional<std::chrono::milliseconds> left() const {
+    using std::chrono::milliseconds;
+    if (!timeout_) return std::nullopt;
+    const auto passed = std::chrono::duration_cast<milliseconds>(Clock::now() - start_);
+    return std::max(milliseconds(1), *timeout_ - passed);
+  }
 
   // Why it is over.
   std::string reason() const { return stop_ ? "interrupted" : "the time is over"; }

@@ -56,6 +56,43 @@ TEST_F(Large, CheckOfAHundredThousandTransitionsEndsWithItsTime) {
   EXPECT_THAT(outcome.out, HasSubstr("the time is over"));
 }
 
+// The last line is wrong, which is not found where reading ends before it.
+std::string wrongAtItsEnd() {
+  std::string text = tpn::networkFile(tpn::ring(200000));
+  text.replace(text.rfind("end\n"), 4, "wrong\n");
+  return text;
+}
+
+TEST_F(Large, NetworkIsNotReadToItsEndWhereTheTimeIsOver) {
+  place.write("net.tpn", wrongAtItsEnd());
+  place.write("phi.tpn", "\np1\n");
+  place.write("proof", "");
+  EXPECT_EQ(tpn({"check", "net", "phi"}, 60s).status, 1);
+  const Outcome timed = tpn({"check", "net", "phi", "--timeout", "0.001"}, 60s);
+  EXPECT_EQ(timed.status, 30);
+  EXPECT_EQ(timed.out, "undecided: the time is over\ngoal: p1\n");
+  EXPECT_EQ(tpn({"check", "net", "-p", "p1 && p2", "--timeout", "0.001"}, 60s).out,
+            "undecided: the time is over\ngoal: p1 && p2\n");
+  EXPECT_EQ(tpn({"check", "--deadlock", "net", "--timeout", "0.001"}, 60s).out,
+            "undecided: the time is over\ngoal: deadlock\n");
+  EXPECT_EQ(tpn({"certify", "net", "phi", "proof", "--timeout", "0.001"}, 60s).status, 30);
+}
+
+// The signal comes when the program waits for the file, which is a pipe.
+TEST_F(Large, NetworkIsNotReadToItsEndAfterASignal) {
+  place.write("net", wrongAtItsEnd());
+  place.write("phi.tpn", "p1\n");
+  Bounds bounds;
+  bounds.time = 60s;
+  const Outcome outcome = place.run(
+      "sh",
+      {"-c", "mkfifo net.tpn; " TPN_BINARY
+             " check net.tpn phi & exec 3>net.tpn; kill -TERM $!; cat net >&3; exec 3>&-; wait $!"},
+      bounds);
+  EXPECT_EQ(outcome.status, 30);
+  EXPECT_EQ(outcome.out, "undecided: interrupted\ngoal: p1\n");
+}
+
 // Minutes, each: for every location all transitions were looked at, for every process as well.
 TEST_F(Large, AHundredThousandTransitionsAreShown) {
   write(tpn::ring(100000));
