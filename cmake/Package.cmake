@@ -34,7 +34,7 @@ time, or with a certificate that no such state is ever reached.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzervan-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "libcadical-dev, libbliss-dev, libpugixml-dev, libssl-dev, nlohmann-json3-dev")
+    "libcadical-dev, libbliss-dev, libpugixml-dev, libmd-dev, nlohmann-json3-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "Headers and static libraries of zervan and of its workbench tpn: reading
 networks of timed processes, formulas and clauses over their paths, search,

@@ -1,18 +1,15 @@
 #include "workbench/base/sha256.hpp"
 
-#include <openssl/evp.h>
-
-#include <stdexcept>
+#include <sha2.h>
 
 namespace tpn {
 
 Sha256 sha256(std::string_view text) {
+  SHA2_CTX context;
+  SHA256Init(&context);
+  SHA256Update(&context, reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   Sha256 digest{};
-  std::size_t length = 0;
-  if (EVP_Q_digest(nullptr, "SHA256", nullptr, text.data(), text.size(), digest.data(), &length) !=
-          1 ||
-      length != digest.size())
-    throw std::runtime_error("SHA-256 is not available");
+  SHA256Final(digest.data(), &context);
   return digest;
 }
 
