@@ -4,6 +4,7 @@
 #include <map>
 
 #include "workbench/base/printable.hpp"
+#include "workbench/base/textwidth.hpp"
 #include "workbench/encoding/statelength.hpp"
 #include "workbench/network/shown.hpp"
 #include "workbench/views/viewparts.hpp"
@@ -60,16 +61,13 @@ std::string nameOf(const Network& net, std::size_t transition) {
 Widths widthsOf(const Network& net, std::size_t process, const Parts& parts) {
   Widths widest;
   for (const Part& part : parts) {
-    widest.name = std::max(widest.name, nameOf(net, part.transition).size());
+    widest.name = std::max(widest.name, displayedWidth(nameOf(net, part.transition)));
     const std::string interval = text(net.transitions[part.transition].interval);
     widest.interval = std::max(widest.interval, interval.size());
-    widest.target = std::max(widest.target, shownLocation(net, process, part.target).size());
+    widest.target =
+        std::max(widest.target, displayedWidth(shownLocation(net, process, part.target)));
   }
   return widest;
-}
-
-std::string padded(const std::string& word, std::size_t width) {
-  return std::string(width - word.size(), ' ') + word;
 }
 
 // One line a transition: number, name, interval, where it leads, with whom; aligned but for that.
@@ -81,15 +79,14 @@ std::string moveText(const Network& net, std::size_t process, const Part& part,
   const std::string name = nameOf(net, part.transition);
   const std::string target = shownLocation(net, process, part.target);
   const bool isNumber = !net.names.locations.contains({process, part.target});
-  std::string line = "    " + padded(std::to_string(number(part.transition)), digits) + name +
-                     std::string(widths.name - name.size(), ' ') + "  " + interval +
-                     std::string(widths.interval - interval.size(), ' ') + "  -> " +
-                     (isNumber ? padded(target, widths.target) : target);
+  std::string line = "    " + rightPadded(std::to_string(number(part.transition)), digits) +
+                     padded(name, widths.name) + "  " + padded(interval, widths.interval) +
+                     "  -> " + (isNumber ? rightPadded(target, widths.target) : target);
   if (!part.resets) line += ", only read";
   if (!part.counts) line += ", a token put down";
   const bool plain = part.resets && part.counts;
   if (isShared(t))
-    line += (isNumber || !plain ? "" : std::string(widths.target - target.size(), ' ')) +
+    line += (isNumber || !plain ? "" : padded("", widths.target - displayedWidth(target))) +
             "  with " + partners(net, t, process, 16);
   return line + "\n";
 }
