@@ -76,7 +76,7 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
   const Inputs shown{asked.net, shownGoal(question.property, v)};
   std::string text = a.views.shows("json") ? answerJson(question, v) : answerText(question, v);
   if (v.run && !a.views.shows("json"))
-    text += "\n" + a.views.shown().print(shown.net, shown.property, *v.run);
+    text += "\n" + a.views.shown().print(shown.net, shown.property, *v.run, a.views.terminalLook());
   if (v.certificate && !a.certificate.empty())
     attempted([&] {
       writeFile(a.certificate,

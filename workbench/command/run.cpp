@@ -45,8 +45,9 @@ Walked walked(const Arguments& a, const Network& net, const std::string& script,
   std::istringstream commands(script);
   // Where standard output gets the run for a program, it gets nothing else.
   std::ostream& out = a.views.showsUsual() ? std::cout : std::cerr;
-  if (!byHand(a)) return walkScript(net, a.script, commands, out);
-  return walk(net, std::cin, out, [&](const std::string& file) { return plan.refusal(file); });
+  if (!byHand(a)) return walkScript(net, a.script, commands, out, a.views.terminalLook());
+  return walk(net, std::cin, out, a.views.terminalLook(),
+              [&](const std::string& file) { return plan.refusal(file); });
 }
 
 int run(const Arguments& a) {
@@ -58,7 +59,8 @@ int run(const Arguments& a) {
   const Inputs q{*net, anything()};
   // A walk by hand has shown its steps already.
   const bool silent = a.views.showsUsual() && !a.seed;
-  const std::string text = silent ? "" : a.views.shown().print(q.net, q.property, made.run);
+  const std::string text =
+      silent ? "" : a.views.shown().print(q.net, q.property, made.run, a.views.terminalLook());
   const bool whole = print(a.views, q, made.run, text);
   if (!made.stuck.empty()) std::cerr << "tpn: " << made.stuck << "\n";
   if (!made.error.empty()) std::cerr << printable(made.error) << "\n";

@@ -20,10 +20,11 @@ int show(const Arguments& a) {
   a.views.addTo(plan);
   const std::optional<Network> net = networkOf(a.files);
   if (!net) return failed;
-  const bool whole = a.views.writeFiles([&](const NetworkView& view) { return view.print(*net); });
+  const bool whole =
+      a.views.writeFiles([&](const NetworkView& view) { return view.print(*net, a.views.look()); });
   // Whoever asks for a picture wants no list with it.
   const bool silent = a.views.showsUsual() && a.views.anyFile();
-  if (!silent) writeFile("-", a.views.shown().print(*net));
+  if (!silent) writeFile("-", a.views.shown().print(*net, a.views.terminalLook()));
   return whole ? done : failed;
 }
 

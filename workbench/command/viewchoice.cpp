@@ -23,7 +23,7 @@ bool printWith(const RunViews& views, const RunViews::Print& view, const std::st
 
 bool print(const RunViews& views, const Inputs& inputs, const Run& run, const std::string& text) {
   return printWith(
-      views, [&](const RunView& view) { return view.print(inputs.net, inputs.property, run); },
+      views, [&](const RunView& view) { return view.print(inputs.net, inputs.property, run, views.look()); },
       text);
 }
 
@@ -32,7 +32,7 @@ bool print(const RunViews& views, const Inputs& inputs, const Answer& answer,
   const auto view = [&](const RunView& row) -> std::optional<std::string> {
     if (row.answered != nullptr) return row.answered(inputs.net, inputs.property, answer);
     if (!answer.run) return std::nullopt;
-    return row.print(inputs.net, inputs.property, *answer.run);
+    return row.print(inputs.net, inputs.property, *answer.run, views.look());
   };
   return printWith(views, view, text);
 }

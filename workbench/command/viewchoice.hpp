@@ -10,12 +10,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "workbench/base/fileplan.hpp"
 #include "workbench/base/files.hpp"
 #include "workbench/command/complain.hpp"
 #include "workbench/command/reading.hpp"
+#include "workbench/command/terminallook.hpp"
 #include "workbench/runs/run.hpp"
 #include "workbench/search/answer.hpp"
 #include "workbench/views/views.hpp"
@@ -45,6 +47,9 @@ class ViewChoice {
       for (CLI::Option* other : flags)
         if (other != flags.back()) flags.back()->excludes(other);
     }
+    app.add_flag("--all", all_,
+                 std::is_same_v<View, RunView> ? "show also what does not move"
+                                               : "draw also processes that are alike one by one");
   }
 
   // The view for standard output.
@@ -55,6 +60,10 @@ class ViewChoice {
   }
   bool showsUsual() const { return &shown() == &usual(); }
   bool shows(std::string_view name) const { return shown().name == name; }
+
+  // How views are shown in files, and on standard output.
+  Look look() const { return {.all = all_}; }
+  Look terminalLook() const { return lookOnTerminal(all_); }
 
   // Into files that are going to be written.
   bool anyFile() const {
@@ -95,6 +104,7 @@ class ViewChoice {
   }
 
   std::vector<Row> rows_;
+  bool all_ = false;
 };
 
 using RunViews = ViewChoice<RunView>;

@@ -1,14 +1,10 @@
-// A network as Graphviz draws it: one automaton a process.
+// A network for Graphviz: one automaton a process, and those that are alike once.
 //
 // The automata are not connected, so dot can lay out each alone and pack them into an array. (It
 // forgets edge labels then, in version 2.43; labels are nodes here for better reasons as well.)
 
-#include <compare>
-#include <map>
-#include <utility>
-
 #include "workbench/base/printable.hpp"
-#include "workbench/network/shown.hpp"
+#include "workbench/views/automaton.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -28,116 +24,102 @@ std::string escaped(const std::string& text) {
 }
 std::string quoted(const std::string& text) { return "\"" + escaped(text) + "\""; }
 
-std::string node(std::size_t process, const std::string& name) {
-  return "p" + std::to_string(number(process)) + "_" + name;
+std::string prefixOf(const Automaton& automaton) {
+  return "p" + std::to_string(number(automaton.processes[0])) + "_";
 }
 
-// What a page finds a location by: numbers, whatever the names are.
-std::string locationClass(std::size_t process, int location) {
-  return "location at-" + std::to_string(number(process)) + "-" + std::to_string(location);
+std::string labelOf(const DrawnLocation& location) {
+  const std::string names =
+      location.propositions.empty() ? "" : "\\n" + escaped(location.propositions);
+  return escaped(location.name) + names;
 }
 
-std::string locationDot(const Network& net, std::size_t index, int location, const Colour& colour) {
-  std::string words = escaped(locationName(net, index, location));
-  const auto names = propositionNames(net, labelsAt(net.processes[index], location));
-  if (!names.empty()) words += "\\n" + escaped(shortened(names, " ", 6));
-  return "    " + node(index, std::to_string(location)) + " [class=\"" +
-         locationClass(index, location) + "\", label=\"" + words + "\", fillcolor=\"" +
-         colour.fill + "\", fontcolor=\"" + colour.ink + "\"" +
-         (location == 0 ? ", penwidth=2.5" : "") + "];\n";
-}
-
-// Transitions between the same locations share an arrow: those with equal intervals and partners a
-// line, shared ones and others an arrow each, and so those that do not count or do not reset.
-struct Arrow {
-  int source = 0;
-  int target = 0;
-  bool shared = false;
-  bool puts = false;   // a token down: the move does not count
-  bool reads = false;  // it does not reset
-
-  friend auto operator<=>(const Arrow&, const Arrow&) = default;
-};
-struct Caption {
-  std::string words;                     // without the transitions
-  std::vector<std::string> transitions;  // names or numbers
-  std::string classes;                   // what a page finds them by: " fires-3 fires-8"
-};
-using Captions = std::vector<Caption>;
-
-std::map<Arrow, Captions> arrowsOf(const Network& net, std::size_t process, const Parts& parts) {
-  std::map<Arrow, Captions> arrows;
-  std::map<std::pair<const Captions*, std::string>, std::size_t> places;  // of captions, by words
-  for (const Part& part : parts) {
-    const Transition& t = net.transitions[part.transition];
-    std::string rest = text(t.interval);
-    if (isShared(t)) rest += " with " + partners(net, t, process, 6);
-    Captions& lines = arrows[{part.source, part.target, isShared(t), !part.counts, !part.resets}];
-    const auto [place, isNew] = places.try_emplace({&lines, rest}, lines.size());
-    if (isNew) lines.push_back({rest, {}, ""});
-    Caption& line = lines[place->second];
-    line.transitions.push_back(shownTransition(net, part.transition));
-    line.classes += " fires-" + std::to_string(number(part.transition));
-  }
-  return arrows;
+std::string look(const DrawnLocation& location) {
+  return std::string("fillcolor=\"") + location.colour.fill + "\", fontcolor=\"" +
+         location.colour.ink + "\"" + (location.location == 0 ? ", penwidth=2.5" : "");
 }
 
 // The words of an arrow are a node in its middle: so they stay clear of everything else, and two
 // arrows in opposite directions stay two. Black where processes share them, as in pictures of runs;
 // dashed where a token is only read, dotted where one is put down.
-std::string arrowDot(std::size_t process, const Arrow& arrow, const Captions& lines) {
+std::string arrowDot(const std::string& prefix, const DrawnArrow& drawn) {
   constexpr std::size_t mostLines = 12;
+  const Arrow& arrow = drawn.arrow;
   std::vector<std::string> words;
-  std::string classes = arrow.shared ? "shared" : "local";
-  for (const Caption& line : lines) {
-    words.push_back(escaped(shortened(line.transitions, ", ", 8) + "  " + line.words));
-    classes += line.classes;
-  }
+  for (const Caption& caption : drawn.captions) words.push_back(escaped(caption.words));
   const std::string source = std::to_string(arrow.source);
   const std::string target = std::to_string(arrow.target);
-  const std::string middle =
-      node(process, source + "_" + target + (arrow.shared ? "_shared" : "") +
-                        (arrow.puts ? "_puts" : "") + (arrow.reads ? "_reads" : ""));
+  const std::string middle = prefix + source + "_" + target + (arrow.shared ? "_shared" : "") +
+                             (arrow.puts ? "_puts" : "") + (arrow.reads ? "_reads" : "");
   const std::string stroke =
       std::string(arrow.shared ? " [penwidth=2, color=\"#222222\"" : " [color=\"#666666\"") +
       (arrow.puts    ? ", style=dotted"
        : arrow.reads ? ", style=dashed"
                      : "");
+  std::string classes = arrow.shared ? "shared" : "local";
+  for (const Caption& caption : drawn.captions) classes += " " + classesOf(caption);
   return "    " + middle + " [class=\"" + classes + "\", label=\"" +
          shortened(words, "\\l", mostLines) + "\\l\", shape=box, style=\"rounded,filled\", " +
          (arrow.shared ? "fillcolor=\"#222222\", fontcolor=\"#ffffff\""
                        : "fillcolor=\"#ffffff\", color=\"#888888\"") +
-         ", fontsize=10, margin=\"0.06,0.03\", width=0, height=0];\n    " + node(process, source) +
-         " -> " + middle + stroke + ", arrowhead=none];\n    " + middle + " -> " +
-         node(process, target) + stroke + "];\n";
+         ", fontsize=10, margin=\"0.06,0.03\", width=0, height=0];\n    " + prefix + source +
+         " -> " + middle + stroke + ", arrowhead=none];\n    " + middle + " -> " + prefix + target +
+         stroke + "];\n";
 }
 
-std::string processDot(const Network& net, std::size_t index, const Parts& parts) {
-  const Process& process = net.processes[index];
-  const std::string name = std::to_string(number(index));
-  std::string dot = "  subgraph cluster_" + name +
-                    " {\n    label=" + quoted("process " + processName(net, index)) +
-                    "; fontsize=14; color=\"#999999\"; style=rounded;\n";
-  dot += "    " + node(index, "start") + " [shape=point, width=0.12, label=\"\"];\n";
-  std::size_t rank = 0;
-  for (const int location : process.locations)
-    dot += locationDot(net, index, location, colourOfRank(rank++));
-  dot += "    " + node(index, "start") + " -> " + node(index, "0") + ";\n";
-  for (const auto& [arrow, lines] : arrowsOf(net, index, parts))
-    dot += arrowDot(index, arrow, lines);
-  return dot + "  }\n";
+std::string graphDot(const Automaton& automaton) {
+  const std::string prefix = prefixOf(automaton);
+  std::string dot = "    " + prefix + "start [shape=point, width=0.12, label=\"\"];\n";
+  for (const DrawnLocation& location : automaton.locations)
+    dot += "    " + prefix + std::to_string(location.location) + " [class=\"" +
+           classesOf(automaton, location.location) + "\", label=\"" + labelOf(location) + "\", " +
+           look(location) + "];\n";
+  dot += "    " + prefix + "start -> " + prefix + "0;\n";
+  for (const DrawnArrow& arrow : automaton.arrows) dot += arrowDot(prefix, arrow);
+  return dot;
+}
+
+// A box a location, below each other, that say how each is entered.
+std::string tableDot(const Automaton& automaton) {
+  const std::string prefix = prefixOf(automaton);
+  std::string dot;
+  std::string above;
+  for (const TableRow& row : automaton.table) {
+    const std::string node = prefix + std::to_string(row.location.location);
+    std::string words = labelOf(row.location) + "\\l";
+    std::string classes = classesOf(automaton, row.location.location);
+    for (const Entry& entry : row.entries) {
+      words += "    " + escaped(entry.from) + ": " + escaped(entry.caption.words) + "\\l";
+      classes += " " + classesOf(entry.caption);
+    }
+    dot += "    " + node + " [class=\"" + classes + "\", shape=box, label=\"" + words + "\", " +
+           look(row.location) + ", fontsize=10];\n";
+    if (!above.empty()) dot += "    " + above + " -> " + node + " [style=invis];\n";
+    above = node;
+  }
+  return dot;
+}
+
+std::string automatonDot(const Automaton& automaton) {
+  const std::size_t count = automaton.processes.size();
+  const std::string heading =
+      automaton.name + (count > 1 ? " \u00d7 " + std::to_string(count) : "");
+  return "  subgraph cluster_" + std::to_string(number(automaton.processes[0])) +
+         " {\n    label=\"" + escaped(heading) +
+         (automaton.which.empty() ? "" : "\\n" + escaped(automaton.which)) +
+         "\"; fontsize=14; color=\"#999999\"; style=rounded;\n" +
+         (automaton.table.empty() ? graphDot(automaton) : tableDot(automaton)) + "  }\n";
 }
 
 }  // namespace
 
-std::string networkDot(const Network& net) {
+std::string networkDot(const Network& net, const Look& look) {
   const std::string font = "fontname=\"DejaVu Sans,Verdana,Arial\"";
   std::string dot = "digraph network {\n  graph [label=" + quoted(net.title) + ", labelloc=t, " +
                     "fontsize=18, " + font + ", ranksep=0.25, pack=20, packmode=array_it];\n";
   dot += "  node [shape=ellipse, style=filled, " + font + ", fontsize=12, height=0.4];\n";
   dot += "  edge [color=\"#666666\", arrowsize=0.8];\n";
-  const std::vector<Parts> parts = partsByProcess(net);
-  for (std::size_t p = 0; p < net.processes.size(); ++p) dot += processDot(net, p, parts[p]);
+  for (const Automaton& automaton : automataOf(net, look.all)) dot += automatonDot(automaton);
   return dot + "}\n";
 }
 

@@ -113,7 +113,7 @@ std::string processText(const Network& net, std::size_t index, const Parts& part
 
 }  // namespace
 
-std::string networkText(const Network& net) {
+std::string networkText(const Network& net, const Look& /*look*/) {
   std::string result = printable(net.title) + "\n" + sizesText(net) + encodingText(net);
   const std::vector<Parts> parts = partsByProcess(net);
   for (std::size_t p = 0; p < parts.size(); ++p) result += processText(net, p, parts[p]);

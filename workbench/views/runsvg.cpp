@@ -258,7 +258,8 @@ std::string Picture::legend() const {
 
 }  // namespace
 
-std::string runSvg(const Network& net, const Property& property, const Run& run) {
+std::string runSvg(const Network& net, const Property& property, const Run& run,
+                   const Look& /*look*/) {
   return Picture(net, property, run).draw();
 }
 

@@ -167,7 +167,8 @@ std::string goalText(const Network& net, const Property& property, const Run& ru
 
 }  // namespace
 
-std::string runText(const Network& net, const Property& property, const Run& run) {
+std::string runText(const Network& net, const Property& property, const Run& run,
+                    const Look& /*look*/) {
   const Replay replay = replayed(net, property, run);
   const std::vector<Row> rows = table(net, property, run, replay);
   std::array<std::size_t, columns> widths{};

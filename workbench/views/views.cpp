@@ -10,14 +10,21 @@ namespace {
 constexpr RunView ofRuns[] = {
     {"text", "txt", Destination::usual, "the run as a table", runText, nullptr},
     {"json", "json", Destination::stream, "print JSON instead of text",
-     [](const Network& net, const Property& property, const Run& run) {
+     [](const Network& net, const Property& property, const Run& run, const Look& /*look*/) {
        return jsonText(runJson(net, property, run));
      },
      nullptr},
-    {"vcd", "vcd", Destination::file, "the run for a waveform viewer", runVcd, nullptr},
+    {"vcd", "vcd", Destination::file, "the run for a waveform viewer",
+     [](const Network& net, const Property& property, const Run& run, const Look& /*look*/) {
+       return runVcd(net, property, run);
+     },
+     nullptr},
     {"svg", "svg", Destination::file, "draw the run: time to the right, a lane a process", runSvg,
      nullptr},
-    {"html", "html", Destination::file, "a page to look at it in a browser, step by step", runHtml,
+    {"html", "html", Destination::file, "a page to look at it in a browser, step by step",
+     [](const Network& net, const Property& property, const Run& run, const Look& /*look*/) {
+       return runHtml(net, property, run);
+     },
      answerHtml}};
 
 constexpr NetworkView ofNetworks[] = {
@@ -25,7 +32,7 @@ constexpr NetworkView ofNetworks[] = {
     {"dot", "dot", Destination::stream, "print it for Graphviz", networkDot},
     {"svg", "svg", Destination::file, "draw it, with Graphviz", networkSvg},
     {"json", "json", Destination::stream, "print JSON instead of text",
-     [](const Network& net) { return jsonText(networkJson(net)); }}};
+     [](const Network& net, const Look& /*look*/) { return jsonText(networkJson(net)); }}};
 
 }  // namespace
 

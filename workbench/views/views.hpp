@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,13 @@
 #include "workbench/search/answer.hpp"
 
 namespace tpn {
+
+// How a view is shown; views for programs (JSON, VCD) do not ask.
+struct Look {
+  bool all = false;        // also what does not move, and what is alike one by one
+  std::size_t width = 80;  // of a line of text, in columns
+  bool colour = false;     // text may hold sequences that colour it on a terminal
+};
 
 // Where a subcommand puts a view.
 enum class Destination {
@@ -28,7 +36,8 @@ struct RunView {
   const char* suffix;  // of files that hold it, without a dot
   Destination destination;
   const char* help;
-  std::string (*print)(const Network& net, const Property& property, const Run& run);
+  std::string (*print)(const Network& net, const Property& property, const Run& run,
+                       const Look& look);
   // Of an answer, which may have no run; null where only runs can be seen like this.
   std::string (*answered)(const Network& net, const Property& property, const Answer& answer);
 };
@@ -38,7 +47,7 @@ struct NetworkView {
   const char* suffix;
   Destination destination;
   const char* help;
-  std::string (*print)(const Network& net);
+  std::string (*print)(const Network& net, const Look& look);
 };
 
 std::span<const RunView> runViews();
@@ -51,7 +60,8 @@ const RunView* runViewCalled(std::string_view name);
 
 // One line a step: elapsed time, delay, transition with the processes that move, locations that
 // changed, propositions that now hold; the goal is marked.
-std::string runText(const Network& net, const Property& property, const Run& run);
+std::string runText(const Network& net, const Property& property, const Run& run,
+                    const Look& look = {});
 
 // docs/run.schema.json describes it.
 Json runJson(const Network& net, const Property& property, const Run& run);
@@ -61,16 +71,22 @@ Json runJson(const Network& net, const Property& property, const Run& run);
 std::string runVcd(const Network& net, const Property& property, const Run& run);
 
 // Time runs right, one lane a process.
-std::string runSvg(const Network& net, const Property& property, const Run& run);
+std::string runSvg(const Network& net, const Property& property, const Run& run,
+                   const Look& look = {});
 
 // A page for a browser, which needs nothing else: the network beside the run, to be stepped
 // through. Of an answer without a run: why there is none.
 std::string runHtml(const Network& net, const Property& property, const Run& run);
 std::string answerHtml(const Network& net, const Property& property, const Answer& answer);
 
-std::string networkText(const Network& net);
-Json networkJson(const Network& net);        // docs/network.schema.json
-std::string networkDot(const Network& net);  // Graphviz: one automaton a process
-std::string networkSvg(const Network& net);  // drawn by Graphviz: what `filtered` throws
+std::string networkText(const Network& net, const Look& look = {});
+Json networkJson(const Network& net);  // docs/network.schema.json
+
+// For Graphviz: one automaton a process, those that are alike once.
+std::string networkDot(const Network& net, const Look& look = {});
+
+// The same as a picture, laid out by Graphviz; panel.hpp says how its elements tell what they show.
+// Throws std::runtime_error with the reason, one line.
+std::string networkSvg(const Network& net, const Look& look = {});
 
 }  // namespace tpn

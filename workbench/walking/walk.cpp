@@ -55,8 +55,8 @@ std::string written(const std::string& file, const std::string& text) {
 
 class Session {
  public:
-  Session(const Network& net, std::ostream& out, FileVeto veto = nullptr)
-      : net_(net), out_(out), veto_(std::move(veto)), past_(unmoved(net)) {}
+  Session(const Network& net, std::ostream& out, const Look& look, FileVeto veto = nullptr)
+      : net_(net), out_(out), look_(look), veto_(std::move(veto)), past_(unmoved(net)) {}
 
   // Does what the line says; what is wrong with it, or empty. Then `changed` tells whether the
   // state is another, `ended` whether this was the last command.
@@ -186,7 +186,8 @@ class Session {
     try {
       const std::string refused = veto_ && !file.empty() ? veto_(file) : "";
       if (!refused.empty()) return refused;
-      const std::string text = view.print(net_, anything(), run());
+      const std::string text =
+          view.print(net_, anything(), run(), file.empty() ? look_ : Look{.all = look_.all});
       if (!file.empty()) return written(file, text);
       out_ << text;
       return "";
@@ -197,6 +198,7 @@ class Session {
 
   const Network& net_;
   std::ostream& out_;
+  Look look_;
   FileVeto veto_;  // may be none
   std::vector<Step> steps_;
   Replay past_;  // of these steps
@@ -222,8 +224,9 @@ std::string stuck(const Network& net, const TimedState& state) {
 
 Property anything() { return {"T", {{PropertyItem::truth, 0}}}; }
 
-Walked walk(const Network& net, std::istream& in, std::ostream& out, const FileVeto& veto) {
-  Session session(net, out, veto);
+Walked walk(const Network& net, std::istream& in, std::ostream& out, const Look& look,
+            const FileVeto& veto) {
+  Session session(net, out, look, veto);
   session.show();
   while (!session.ended) {
     out << "> " << std::flush;
@@ -240,9 +243,9 @@ Walked walk(const Network& net, std::istream& in, std::ostream& out, const FileV
   return {session.run(), "", ""};
 }
 
-Walked walkScript(const Network& net, const std::string& name, std::istream& in,
-                  std::ostream& out) {
-  Session session(net, out);
+Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out,
+                  const Look& look) {
+  Session session(net, out, look);
   std::string line;
   std::string complaint;
   int count = 0;

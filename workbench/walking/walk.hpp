@@ -11,6 +11,7 @@
 #include "workbench/network/network.hpp"
 #include "workbench/network/property.hpp"
 #include "workbench/runs/run.hpp"
+#include "workbench/views/views.hpp"
 
 namespace tpn {
 
@@ -27,13 +28,14 @@ Property anything();
 using FileVeto = std::function<std::string(const std::string& file)>;
 
 // Shows every state and asks for commands until `quit` or the end of input. A command that cannot
-// be done gets a line "error: ..." and changes nothing.
-Walked walk(const Network& net, std::istream& in, std::ostream& out,
+// be done gets a line "error: ..." and changes nothing. Views on `out` have this look.
+Walked walk(const Network& net, std::istream& in, std::ostream& out, const Look& look = {},
             const FileVeto& veto = nullptr);
 
 // The same commands without prompts; prints what they ask for and nothing else. The first that
 // cannot be done ends it. `name` is the script's, for the error.
-Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out);
+Walked walkScript(const Network& net, const std::string& name, std::istream& in, std::ostream& out,
+                  const Look& look = {});
 
 // Why no transition can ever fire from here; empty where one can.
 std::string stuck(const Network& net, const TimedState& state);

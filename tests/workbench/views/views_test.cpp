@@ -35,7 +35,7 @@ TEST(Views, AreFoundByName) {
 TEST(Views, RowsPrintWhatTheFunctionsDo) {
   const Shown shown = thirds();
   const auto printed = [&](const char* name) {
-    return runViewCalled(name)->print(shown.net, shown.property, shown.run);
+    return runViewCalled(name)->print(shown.net, shown.property, shown.run, {});
   };
   EXPECT_EQ(printed("text"), runText(shown.net, shown.property, shown.run));
   EXPECT_EQ(printed("json"), jsonText(runJson(shown.net, shown.property, shown.run)));
