@@ -74,7 +74,8 @@ class ProgressLine {
 int answer(const Arguments& a, const Asked& asked, const Answer& v) {
   const Inputs question{asked.net, withoutSafety(asked.goal)};
   const Inputs shown{asked.net, shownGoal(question.property, v)};
-  std::string text = a.views.shows("json") ? answerJson(question, v) : answerText(question, v);
+  std::string text = a.views.shows("json") ? answerJson(question, v)
+                                           : answerText(question, v, a.views.terminalLook());
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(shown.net, shown.property, *v.run, a.views.terminalLook());
   if (v.certificate && !a.certificate.empty())

@@ -9,8 +9,8 @@
 namespace tpn {
 
 // How tpn ends. 1 is for everything that went wrong, 2 for a command line that makes no sense;
-// check and trace tell reachable (10) from unreachable (20) and from neither (30), which is also how
-// certify ends where it was stopped.
+// check and trace tell reachable (10) from unreachable (20) and from neither (30), which is also
+// how certify ends where it was stopped.
 enum Exit : int { done = 0, failed = 1, misused = 2, yes = 10, no = 20, neither = 30 };
 
 // What a subcommand does once its command line is read, and how it ends.

@@ -32,7 +32,7 @@ int trace(const Arguments& a) {
   if (!q) return failed;
   const Answer v = answerOf(
       traced(q->net, q->property, readFile(a.map, largestInput), readFile(a.answer, largestInput)));
-  std::string text = "no run: unsatisfiable\n" + goalLine(q->property, "");
+  std::string text = "no run: unsatisfiable\n" + goalLine(q->property, "", a.views.terminalLook());
   if (v.run) text = a.views.shown().print(q->net, q->property, *v.run, a.views.terminalLook());
   if (a.views.shows("json")) text = answerJson(*q, v);
   print(a.views, *q, v, text);

@@ -24,9 +24,9 @@ Goal shownGoal(const Goal& question, const Answer& a) {
   return unsafe;
 }
 
-std::string answerText(const Inputs& q, const Answer& a) {
+std::string answerText(const Inputs& q, const Answer& a, const Look& look) {
   std::string text = headline(a);
-  if (a.kind != Answer::reachable) text += goalLine(q.property, outcome(a.kind));
+  if (a.kind != Answer::reachable) text += goalLine(q.property, outcome(a.kind), look);
   return text;
 }
 

@@ -9,6 +9,7 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/network/goal.hpp"
 #include "workbench/search/answer.hpp"
+#include "workbench/views/views.hpp"
 
 namespace tpn {
 
@@ -16,7 +17,7 @@ namespace tpn {
 Goal shownGoal(const Goal& question, const Answer& answer);
 
 // All that is said but for the run. The question is in it where no run repeats it.
-std::string answerText(const Inputs& q, const Answer& answer);
+std::string answerText(const Inputs& q, const Answer& answer, const Look& look);
 std::string answerJson(const Inputs& q, const Answer& answer);
 Exit exitOf(const Answer& answer);
 

@@ -23,7 +23,10 @@ bool printWith(const RunViews& views, const RunViews::Print& view, const std::st
 
 bool print(const RunViews& views, const Inputs& inputs, const Run& run, const std::string& text) {
   return printWith(
-      views, [&](const RunView& view) { return view.print(inputs.net, inputs.property, run, views.look()); },
+      views,
+      [&](const RunView& view) {
+        return view.print(inputs.net, inputs.property, run, views.look());
+      },
       text);
 }
 

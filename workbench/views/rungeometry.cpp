@@ -1,9 +1,13 @@
 #include "workbench/views/rungeometry.hpp"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
+#include "workbench/network/account.hpp"
+#include "workbench/views/runlanes.hpp"
 #include "workbench/views/viewparts.hpp"
 
 namespace tpn {
@@ -27,13 +31,13 @@ std::vector<Instant> instantsOf(const std::vector<Rational>& times) {
 
 // Wide enough for whatever is written beside its neighbours: a location between two dots, a
 // transition's number, a step's.
-int columnWidth(const Network& net, const Run& run, const Replay& replay) {
+int columnWidth(const Network& net, const Run& run, const Replay& replay, const RunGeometry& at) {
   std::size_t location = 1;
   for (const Process& process : net.processes)
     for (const int l : process.locations) location = std::max(location, std::to_string(l).size());
   if (!net.names.locations.empty())
     for (const TimedState& state : replay.states)
-      for (std::size_t p = 0; p < state.locations.size(); ++p)
+      for (const std::size_t p : at.lanes)
         location = std::max(location, pictured(locationName(net, p, state.locations[p])).size());
   std::size_t transition = std::to_string(net.transitions.size()).size();
   for (const Step& step : run.steps)
@@ -106,10 +110,44 @@ void placeStates(RunGeometry& at) {
   at.end = x + tail;
 }
 
+std::vector<std::size_t> lanesOf(const Network& net, const Property& property, const Run& run,
+                                 const Replay& replay, bool all) {
+  std::set<std::size_t> wanted = askedProcesses(net, property, replay.states[run.goal].locations);
+  for (std::size_t p = 0; all && p < net.processes.size(); ++p) wanted.insert(p);
+  return movingProcesses(net, run, std::move(wanted));
+}
+
+QuestionLine questionOf(const Network& net, const Property& property, const Run& run,
+                        const Replay& replay) {
+  if (asksNothing(property)) return {};
+  const TimedState& goal = replay.states[run.goal];
+  const std::string where =
+      run.goal == 0 ? "at the start" : "after step " + std::to_string(run.goal);
+  const std::string why =
+      leavesOpen(property) ? ": " + shortened(goalAccount(net, property, goal), ", ", 24) : "";
+  QuestionLine question = questionParts(net, property, goal, mostOfQuestion);
+  question.push_back(
+      {" holds " + where + ", at time " + replay.times[run.goal].text() + why, false});
+  return question;
+}
+
+// In as many lines as it takes, which push down what is below.
+void placeQuestion(RunGeometry& at, const QuestionLine& question) {
+  const int columns =
+      (at.width - 2 * RunGeometry::textLeft) * 10 / textWidth(10, RunGeometry::smallFont);
+  at.question = foldedQuestion(question, static_cast<std::size_t>(columns));
+  if (at.question.empty()) return;
+  const int more = static_cast<int>(at.question.size() - 1) * RunGeometry::questionLine;
+  at.lanesTop += more;
+  at.lanesBottom += more;
+}
+
 }  // namespace
 
 int RunGeometry::barTop(std::size_t process) const {
-  return lanesTop + static_cast<int>(process) * lanePitch + (lanePitch - barHeight);
+  const auto lane = std::lower_bound(lanes.begin(), lanes.end(), process);
+  assert(lane != lanes.end() && *lane == process);
+  return lanesTop + static_cast<int>(lane - lanes.begin()) * lanePitch + (lanePitch - barHeight);
 }
 
 int RunGeometry::right(std::size_t state) const {
@@ -122,18 +160,20 @@ std::string laneName(const Network& net, std::size_t process) {
                                             : pictured(named->second);
 }
 
-RunGeometry geometryOf(const Network& net, const Run& run, const Replay& replay) {
+RunGeometry geometryOf(const Network& net, const Property& property, const Run& run,
+                       const Replay& replay, bool all) {
   RunGeometry at;
+  at.lanes = lanesOf(net, property, run, replay, all);
   std::size_t widestLane = std::string("process").size();
-  for (std::size_t p = 0; p < net.processes.size(); ++p)
-    widestLane = std::max(widestLane, laneName(net, p).size());
+  for (const std::size_t p : at.lanes) widestLane = std::max(widestLane, laneName(net, p).size());
   at.gutter = margin + textWidth(widestLane, RunGeometry::laneFont) + 16;
   at.lanesTop = header;
-  at.lanesBottom = header + static_cast<int>(net.processes.size()) * RunGeometry::lanePitch + 8;
+  at.lanesBottom = header + static_cast<int>(at.lanes.size()) * RunGeometry::lanePitch + 8;
   at.instants = instantsOf(replay.times);
-  at.column = columnWidth(net, run, replay);
+  at.column = columnWidth(net, run, replay, at);
   placeStates(at);
   at.width = std::max(leastWidth, at.end + margin);
+  placeQuestion(at, questionOf(net, property, run, replay));
   return at;
 }
 

@@ -11,7 +11,9 @@
 #include <vector>
 
 #include "workbench/network/network.hpp"
+#include "workbench/network/property.hpp"
 #include "workbench/runs/replay.hpp"
+#include "workbench/views/question.hpp"
 
 namespace tpn {
 
@@ -41,23 +43,30 @@ struct RunGeometry {
   static constexpr int smallFont = 10;
   static constexpr int barFont = 11;
   static constexpr int laneFont = 12;
+  static constexpr int textLeft = 16;     // x of the lines of text
+  static constexpr int questionTop = 44;  // y of the question's first line
+  static constexpr int questionLine = 14;
 
-  int column = 0;            // width of a column
-  int gutter = 0;            // x where the time axis begins
-  int lanesTop = 0;          // y
-  int lanesBottom = 0;       // y
-  int end = 0;               // x where the last state is left off
-  int width = 0;             // of the picture
-  std::vector<int> entered;  // by state: x
+  std::vector<std::size_t> lanes;      // the processes that are drawn, ascending
+  std::vector<QuestionLine> question;  // what is asked and when it holds; empty: nothing is
+  int column = 0;                      // width of a column
+  int gutter = 0;                      // x where the time axis begins
+  int lanesTop = 0;                    // y
+  int lanesBottom = 0;                 // y
+  int end = 0;                         // x where the last state is left off
+  int width = 0;                       // of the picture
+  std::vector<int> entered;            // by state: x
   std::vector<Instant> instants;
   std::vector<Gap> gaps;  // gaps[i] ends at instants[i + 1]
 
-  int barTop(std::size_t process) const;
+  int barTop(std::size_t process) const;  // of one that is drawn
   int left(std::size_t state) const { return entered[state]; }
   int right(std::size_t state) const;  // where the next one is entered
 };
 
-RunGeometry geometryOf(const Network& net, const Run& run, const Replay& replay);
+// With a lane for each process that moves or is asked for, or for all.
+RunGeometry geometryOf(const Network& net, const Property& property, const Run& run,
+                       const Replay& replay, bool all);
 
 // What stands beside a lane: "process 4", or its name.
 std::string laneName(const Network& net, std::size_t process);

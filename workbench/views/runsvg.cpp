@@ -8,6 +8,7 @@
 #include "workbench/base/printable.hpp"
 #include "workbench/network/account.hpp"
 #include "workbench/views/rungeometry.hpp"
+#include "workbench/views/runlanes.hpp"
 #include "workbench/views/svgelements.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
@@ -18,12 +19,12 @@ namespace {
 
 class Picture {
  public:
-  Picture(const Network& net, const Property& property, const Run& run)
+  Picture(const Network& net, const Property& property, const Run& run, const Look& look)
       : net_(net),
         property_(property),
         run_(run),
         replay_(replayed(net, property, run)),
-        at_(geometryOf(net, run, replay_)) {}
+        at_(geometryOf(net, property, run, replay_, look.all)) {}
 
   std::string draw() const {
     const int height = at_.lanesBottom + 64;
@@ -37,7 +38,7 @@ class Picture {
     svg += heading() + instantAreas();
     if (marked()) svg += goalArea();
     for (std::size_t i = 0; i < run_.steps.size(); ++i) svg += tie(i);
-    for (std::size_t p = 0; p < net_.processes.size(); ++p) svg += lane(p);
+    for (const std::size_t p : at_.lanes) svg += lane(p);
     if (marked()) svg += goalOutlines();
     for (std::size_t i = 0; i < run_.steps.size(); ++i) svg += step(i);
     return svg + axis() + legend() + "</svg>\n";
@@ -55,6 +56,9 @@ class Picture {
     return shortened(goalAccount(net_, property_, replay_.states[run_.goal]), ", ", 24);
   }
 
+  std::set<std::size_t> askedProcesses() const {
+    return tpn::askedProcesses(net_, property_, replay_.states[run_.goal].locations);
+  }
   std::string heading() const;
   std::string instantAreas() const;
   std::string goalArea() const;
@@ -75,14 +79,11 @@ class Picture {
 
 std::string Picture::heading() const {
   const auto room = static_cast<std::size_t>((at_.width - 32) / 10);
-  std::string text = label(16, 26, "heading", cut(printable(net_.title), room));
-  if (marked()) {
-    std::string goal =
-        shortProperty(property_, 48) + " holds " +
-        (run_.goal == 0 ? "at the start" : "after step " + std::to_string(run_.goal)) +
-        ", at time " + replay_.times[run_.goal].text();
-    if (leavesOpen(property_)) goal += ": " + account();
-    text += label(16, 44, "quiet", cut(goal, static_cast<std::size_t>((at_.width - 32) / 7)));
+  std::string text = label(RunGeometry::textLeft, 26, "heading", cut(printable(net_.title), room));
+  int y = RunGeometry::questionTop;
+  for (const QuestionLine& line : at_.question) {
+    text += label(RunGeometry::textLeft, y, "quiet", line);
+    y += RunGeometry::questionLine;
   }
   return text + label(at_.gutter - 12, at_.lanesTop - 10, "quiet", "step",
                       attribute("text-anchor", "end"));
@@ -116,25 +117,13 @@ std::string Picture::goalArea() const {
 
 // Around the locations that the property asks for, or a proposition of theirs.
 std::string Picture::goalOutlines() const {
-  std::set<int> asked;
-  std::set<std::pair<std::size_t, int>> spots;
-  for (const PropertyItem& item : property_.items) {
-    if (item.kind == PropertyItem::proposition) asked.insert(item.number);
-    if (item.kind == PropertyItem::at) spots.insert({item.process, item.number});
-  }
   const int x = at_.left(run_.goal);
   std::string outlines;
-  for (std::size_t p = 0; p < net_.processes.size(); ++p) {
-    const int location = replay_.states[run_.goal].locations[p];
-    const std::set<int>& labels = labelsAt(net_.processes[p], location);
-    const auto isAsked = [&](int q) { return asked.contains(q); };
-    if (std::none_of(labels.begin(), labels.end(), isAsked) && !spots.contains({p, location}))
-      continue;
+  for (const std::size_t p : askedProcesses())
     outlines +=
         box(x + 1, at_.barTop(p) - 2, at_.right(run_.goal) - x - 2, RunGeometry::barHeight + 4,
             attribute("class", "witness") + attribute("fill", "none") +
                 attribute("stroke", "#b84a00") + attribute("stroke-width", 3) + attribute("rx", 4));
-  }
   return outlines;
 }
 
@@ -253,14 +242,17 @@ std::string Picture::legend() const {
     words += "  \u00b7  grey: no time passes";
   if (any(at_.gaps, [](const Gap& gap) { return !gap.toScale; }))
     words += "  \u00b7  //: not to scale";
-  return label(16, at_.lanesBottom + 54, "quiet", words);
+  const std::size_t others = net_.processes.size() - at_.lanes.size();
+  if (others > 0)
+    words += "  \u00b7  not drawn: " + std::to_string(others) +
+             (others == 1 ? " process that does not move" : " processes that do not move");
+  return label(RunGeometry::textLeft, at_.lanesBottom + 54, "quiet", words);
 }
 
 }  // namespace
 
-std::string runSvg(const Network& net, const Property& property, const Run& run,
-                   const Look& /*look*/) {
-  return Picture(net, property, run).draw();
+std::string runSvg(const Network& net, const Property& property, const Run& run, const Look& look) {
+  return Picture(net, property, run, look).draw();
 }
 
 }  // namespace tpn

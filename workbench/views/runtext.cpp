@@ -1,13 +1,17 @@
 // A run as a table: one line a step, columns aligned, long lists cut so that thirty processes still
 // fit beside each other. What the reader came for is never cut before other things: propositions of
-// the property, and those that have just become true.
+// the property, and those that have just become true. Columns that say nothing of their own are
+// left out, unless all is asked for.
 
 #include <algorithm>
-#include <array>
+#include <limits>
 
+#include "workbench/base/textwidth.hpp"
 #include "workbench/network/account.hpp"
 #include "workbench/network/shown.hpp"
 #include "workbench/views/goalline.hpp"
+#include "workbench/views/question.hpp"
+#include "workbench/views/textblocks.hpp"
 #include "workbench/views/viewparts.hpp"
 #include "workbench/views/views.hpp"
 
@@ -15,42 +19,50 @@ namespace tpn {
 
 namespace {
 
-constexpr std::size_t columns = 7;
-constexpr std::size_t transitionColumn = 3;
-using Row = std::array<std::string, columns>;
+using Words = std::vector<std::string>;
 
-constexpr std::size_t mostProcesses = 8;
-constexpr std::size_t mostChanges = 6;
-constexpr std::size_t mostPropositions = 12;
-constexpr std::size_t lineLength = 96;
+// How much of a list is shown.
+struct Limits {
+  std::size_t processes = 8;
+  std::size_t changes = 6;
+  std::size_t propositions = 12;
+  std::size_t facts = 24;
+};
+constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+constexpr Limits noLimits{unlimited, unlimited, unlimited, unlimited};
 
-// Of UTF-8, in characters.
-std::size_t width(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xc0U) != 0x80;
-  }));
+// At most `limit` items, and how many more there are, each with what separates it from the next.
+Words listed(Words items, const std::string& separator, std::size_t limit) {
+  const std::size_t left = items.size() > limit ? items.size() - limit + 1 : 0;
+  items.resize(items.size() - left);
+  for (std::size_t i = 0; i + 1 < items.size(); ++i) items[i] += separator;
+  if (left > 0) items.push_back("... " + std::to_string(left) + " more");
+  return items;
 }
 
-std::string processesText(const Network& net, const Transition& transition) {
-  std::vector<std::string> processes;
+Words processesOf(const Network& net, const Transition& transition, const Limits& limits) {
+  Words processes;
   for (const Move& move : transition.moves) processes.push_back(shownProcess(net, move.process));
-  return shortened(processes, " ", mostProcesses);
+  return listed(std::move(processes), "", limits.processes);
 }
 
-std::string changesText(const Network& net, const Transition& transition) {
-  std::vector<std::string> changes;
-  for (const Move& move : transition.moves)
-    if (move.source != move.target)
-      changes.push_back(shownProcess(net, move.process) + ": " +
-                        shownLocation(net, move.process, move.source) + " -> " +
-                        shownLocation(net, move.process, move.target));
-  return changes.empty() ? "-" : shortened(changes, ", ", mostChanges);
+std::string changeText(const Network& net, const Move& move) {
+  const std::string process = shownProcess(net, move.process);
+  if (move.source == move.target) return process + (move.resets ? " stays" : " is read");
+  return process + ": " + shownLocation(net, move.process, move.source) + " -> " +
+         shownLocation(net, move.process, move.target);
+}
+
+Words changesOf(const Network& net, const Transition& transition, const Limits& limits) {
+  Words changes;
+  for (const Move& move : transition.moves) changes.push_back(changeText(net, move));
+  return listed(std::move(changes), ",", limits.changes);
 }
 
 // Those that matter most, up to the limit, in the order of their numbers.
-std::string propositionsText(const Network& net, const std::set<int>& now,
-                             const std::set<int>& before, const Property& property) {
-  if (now.empty()) return "-";
+Words propositionsOf(const Network& net, const std::set<int>& now, const std::set<int>& before,
+                     const Property& property, const Limits& limits) {
+  if (now.empty()) return {"-"};
   std::set<int> asked;
   for (const PropertyItem& item : property.items)
     if (item.kind == PropertyItem::proposition || item.kind == PropertyItem::negated)
@@ -60,12 +72,12 @@ std::string propositionsText(const Network& net, const std::set<int>& now,
     const auto rank = [&](int q) { return asked.contains(q) ? 0 : before.contains(q) ? 2 : 1; };
     return rank(a) < rank(b);
   });
-  const std::size_t shown = std::min(chosen.size(), mostPropositions);
-  std::string result = joined(
-      propositionNames(net, {chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(shown)}),
-      " ");
-  if (shown < chosen.size()) result += " ... " + std::to_string(chosen.size() - shown) + " more";
-  return result;
+  const std::size_t shown = std::min(chosen.size(), limits.propositions);
+  Words words =
+      propositionNames(net, {chosen.begin(), chosen.begin() + static_cast<std::ptrdiff_t>(shown)});
+  if (shown < chosen.size())
+    words.push_back("... " + std::to_string(chosen.size() - shown) + " more");
+  return words;
 }
 
 std::string initialText(const Network& net) {
@@ -73,63 +85,57 @@ std::string initialText(const Network& net) {
   return name.empty() ? "all initial" : "all at " + name;
 }
 
-std::vector<Row> table(const Network& net, const Property& property, const Run& run,
-                       const Replay& replay) {
-  std::vector<Row> rows;
-  rows.push_back({"step", "time", "delay", "transition", "processes", "locations", "propositions"});
+// The columns "delay" and "propositions" are there if they say anything, and "processes" says what
+// "locations" does.
+TextTable table(const Network& net, const Property& property, const Run& run, const Replay& replay,
+                bool all) {
+  const Limits limits = all ? noLimits : Limits{};
+  TextColumn step{"step", true, {{"0"}}};
+  TextColumn time{"time", true, {{"0"}}};
+  TextColumn delay{"delay", true, {{"-"}}};
+  TextColumn transition{"transition", net.names.transitions.empty(), {{"-"}}};
+  TextColumn processes{"processes", false, {{"-"}}};
+  TextColumn locations{"locations", false, {{initialText(net)}}};
+  TextColumn propositions{"propositions", false, {}};
   std::set<int> before;
+  bool delays = false;
+  bool changing = false;
   for (std::size_t i = 0; i < replay.states.size(); ++i) {
     const std::set<int> now = propositionsAt(net, replay.states[i].locations);
-    const std::string holding = propositionsText(net, now, before, property);
-    if (i == 0) {
-      rows.push_back({"0", "0", "-", "-", "-", initialText(net), holding});
-    } else {
-      const Step& step = run.steps[i - 1];
-      const Transition& transition = net.transitions[step.transition];
-      rows.push_back({std::to_string(i), replay.times[i].text(), step.delay.text(),
-                      shownTransition(net, step.transition), processesText(net, transition),
-                      changesText(net, transition), holding});
-    }
+    propositions.cells.push_back(propositionsOf(net, now, before, property, limits));
+    changing = changing || (i > 0 && now != before);
     before = now;
+    if (i == 0) continue;
+    const Step& fired = run.steps[i - 1];
+    const Transition& t = net.transitions[fired.transition];
+    delays = delays || fired.delay != 0;
+    step.cells.push_back({std::to_string(i)});
+    time.cells.push_back({replay.times[i].text()});
+    delay.cells.push_back({fired.delay.text()});
+    transition.cells.push_back({shownTransition(net, fired.transition)});
+    processes.cells.push_back(processesOf(net, t, limits));
+    locations.cells.push_back(changesOf(net, t, limits));
   }
-  return rows;
-}
-
-// Numbers stand right: the first `numbers` columns.
-std::string line(const Row& row, const std::array<std::size_t, columns>& widths,
-                 std::size_t numbers) {
-  std::string result;
-  for (std::size_t c = 0; c < columns; ++c) {
-    const std::string blanks(widths[c] - width(row[c]), ' ');
-    if (c > 0) result += "  ";
-    if (c < numbers)
-      result += blanks + row[c];
-    else if (c + 1 < columns)
-      result += row[c] + blanks;
-    else
-      result += row[c];
-  }
+  TextTable result;
+  result.columns = {step, time};
+  if (delays || all) result.columns.push_back(delay);
+  result.columns.push_back(transition);
+  if (all) result.columns.push_back(processes);
+  result.columns.push_back(locations);
+  if (changing || all) result.columns.push_back(propositions);
+  if (!asksNothing(property)) result.marked = run.goal;
+  result.mark = "<- goal";
   return result;
 }
 
-// Words after a heading, in lines that are indented to its width.
-std::string wrapped(const std::string& heading, const std::vector<std::string>& words) {
-  std::string result = heading;
-  std::size_t used = heading.size();
-  for (const std::string& word : words) {
-    if (used + 1 + word.size() > lineLength) {
-      result += "\n" + std::string(heading.size(), ' ');
-      used = heading.size();
-    }
-    result += " " + word;
-    used += 1 + word.size();
-  }
-  return result + "\n";
+// Lines that are indented to the width of their heading.
+std::string wrapped(const std::string& heading, const Words& words, std::size_t width) {
+  return indented(heading, folded(words, width - std::min(width, heading.size() + 1)));
 }
 
 // Where everybody is, as words of a sentence.
-std::vector<std::string> placesAt(const Network& net, const Locations& at) {
-  std::vector<std::string> places;
+Words placesAt(const Network& net, const Locations& at) {
+  Words places;
   for (std::size_t p = 0; p < at.size(); ++p)
     if (at[p] != 0) places.push_back(shownProcess(net, p) + " at " + shownLocation(net, p, at[p]));
   const bool othersLeft = places.size() < at.size();
@@ -142,46 +148,30 @@ std::vector<std::string> placesAt(const Network& net, const Locations& at) {
   return places;
 }
 
-// The part of the property that holds, where it leaves that open.
-std::string accountText(const std::vector<std::string>& facts) {
-  constexpr std::size_t mostFacts = 24;
-  std::vector<std::string> shown(
-      facts.begin(),
-      facts.begin() + static_cast<std::ptrdiff_t>(std::min(facts.size(), mostFacts)));
-  if (shown.empty()) return "";
-  for (std::size_t i = 0; i + 1 < shown.size(); ++i) shown[i] += ",";
-  if (shown.size() < facts.size())
-    shown.push_back("... " + std::to_string(facts.size() - shown.size()) + " more");
-  return wrapped("held:", shown);
-}
-
 std::string goalText(const Network& net, const Property& property, const Run& run,
-                     const Replay& replay) {
+                     const Replay& replay, const Look& look) {
   const TimedState& goal = replay.states[run.goal];
   const std::string where = run.goal == 0 ? std::string("the initial state")
                                           : "the state after step " + std::to_string(run.goal);
-  return goalLine(property, "holds in " + where + ", at time " + replay.times[run.goal].text()) +
-         (leavesOpen(property) ? accountText(goalAccount(net, property, goal)) : "") +
-         wrapped("     ", placesAt(net, goal.locations));
+  std::string result =
+      goalLine(questionParts(net, property, goal, look.all ? unlimited : mostOfQuestion),
+               "holds in " + where + ", at time " + replay.times[run.goal].text(), look);
+  const Limits limits = look.all ? noLimits : Limits{};
+  if (leavesOpen(property)) {
+    const Words facts = listed(goalAccount(net, property, goal), ",", limits.facts);
+    if (!facts.empty()) result += wrapped("held:", facts, look.width);
+  }
+  return result + wrapped("     ", placesAt(net, goal.locations), look.width);
 }
 
 }  // namespace
 
 std::string runText(const Network& net, const Property& property, const Run& run,
-                    const Look& /*look*/) {
+                    const Look& look) {
   const Replay replay = replayed(net, property, run);
-  const std::vector<Row> rows = table(net, property, run, replay);
-  std::array<std::size_t, columns> widths{};
-  for (const Row& row : rows)
-    for (std::size_t c = 0; c < columns; ++c) widths[c] = std::max(widths[c], width(row[c]));
-
-  const std::size_t numbers = transitionColumn + (net.names.transitions.empty() ? 1 : 0);
-  const bool marked = !asksNothing(property);
-  std::string result;
-  for (std::size_t i = 0; i < rows.size(); ++i)
-    result +=
-        line(rows[i], widths, numbers) + (marked && i == run.goal + 1 ? "  <- goal" : "") + "\n";
-  return marked ? result + goalText(net, property, run, replay) : result;
+  const std::string steps =
+      textBlocks(table(net, property, run, replay, look.all), look.width, look.colour);
+  return asksNothing(property) ? steps : steps + goalText(net, property, run, replay, look);
 }
 
 }  // namespace tpn

@@ -27,6 +27,17 @@ std::string label(int x, int y, const std::string& type, const std::string& text
          xmlText(text) + "</text>\n";
 }
 
+std::string label(int x, int y, const std::string& type, const QuestionLine& line) {
+  std::string inside;
+  for (const QuestionPart& part : line)
+    inside += part.held ? "<tspan" + attribute("class", "held") + attribute("fill", "#b84a00") +
+                              attribute("text-decoration", "underline") + ">" + xmlText(part.text) +
+                              "</tspan>"
+                        : xmlText(part.text);
+  return "<text" + attribute("x", x) + attribute("y", y) + attribute("class", type) + ">" + inside +
+         "</text>\n";
+}
+
 std::string hint(const std::string& text) { return "<title>" + xmlText(text) + "</title>\n"; }
 
 const char* const svgStyle = R"(<style>

@@ -4,6 +4,10 @@
 #include <gtest/gtest.h>
 #include <pty.h>
 
+#include <algorithm>
+#include <regex>
+#include <sstream>
+
 #include "tests/workbench/command/tpn.hpp"
 
 namespace {
@@ -68,6 +72,56 @@ TEST_F(Terminal, NamesOfFilesAreNotObeyed) {
     EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x1b")));
     EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x9b")));
   }
+}
+
+// What a command prints on a terminal of so many columns.
+std::string onScreen(const Workplace& place, const std::string& command, unsigned short columns) {
+  int master = -1;
+  winsize size{24, columns, 0, 0};
+  const pid_t child = forkpty(&master, nullptr, nullptr, &size);
+  if (child == 0) {
+    if (chdir(place.folder().c_str()) == 0) execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+    _exit(127);
+  }
+  std::string seen;
+  char block[4096];
+  for (ssize_t n = 0; (n = read(master, block, sizeof block)) > 0;)
+    seen.append(block, static_cast<std::size_t>(n));
+  close(master);
+  int status = 0;
+  waitpid(child, &status, 0);
+  return seen;
+}
+
+// The widest line, without sequences that colour it.
+std::size_t widest(const std::string& seen) {
+  static const std::regex sequences("\x1b\\[[0-9;]*[mK]|\r");
+  std::istringstream lines(std::regex_replace(seen, sequences, ""));
+  std::size_t most = 0;
+  for (std::string line; std::getline(lines, line);) most = std::max(most, line.size());
+  return most;
+}
+
+const std::string walks =
+    "env -u COLUMNS -u NO_COLOR TERM=xterm " TPN_BINARY " run fischer --random 1 --steps 12";
+
+TEST_F(Terminal, TextFitsItsWidth) {
+  const std::size_t at50 = widest(onScreen(place, walks, 50));
+  const std::size_t at120 = widest(onScreen(place, walks, 120));
+  EXPECT_LE(at50, 50U);
+  EXPECT_LE(at120, 120U);
+  EXPECT_LT(at50, at120);
+  EXPECT_LE(widest(shell(walks).out), 80U);
+  EXPECT_LE(widest(shell("COLUMNS=40 " TPN_BINARY " run fischer --random 1 --steps 12").out), 40U);
+}
+
+TEST_F(Terminal, TakesColourUnlessToldOtherwise) {
+  const std::string bold = "\x1b[1m";
+  EXPECT_THAT(onScreen(place, walks, 80), HasSubstr(bold));
+  const std::string command = walks.substr(walks.find(TPN_BINARY));
+  EXPECT_THAT(onScreen(place, "NO_COLOR=1 " + command, 80), Not(HasSubstr(bold)));
+  EXPECT_THAT(onScreen(place, "TERM=dumb " + command, 80), Not(HasSubstr(bold)));
+  EXPECT_THAT(onScreen(place, command + " | cat", 80), Not(HasSubstr(bold)));
 }
 
 TEST_F(Terminal, TitlesAreNotObeyed) {

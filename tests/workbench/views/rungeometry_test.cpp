@@ -10,7 +10,8 @@ namespace tpn {
 namespace {
 
 RunGeometry geometryOf(const Shown& shown) {
-  return geometryOf(shown.net, shown.run, replay(shown.net, shown.property, shown.run));
+  return geometryOf(shown.net, shown.property, shown.run,
+                    replay(shown.net, shown.property, shown.run), true);
 }
 
 TEST(RunGeometry, StatesFollowEachOtherFromTheGutterToTheEnd) {

@@ -14,7 +14,10 @@ namespace tpn {
 
 namespace {
 
-std::string pictureOf(const Shown& shown) { return runSvg(shown.net, shown.property, shown.run); }
+// With all lanes.
+std::string pictureOf(const Shown& shown) {
+  return runSvg(shown.net, shown.property, shown.run, {.all = true});
+}
 
 struct Box {
   double x, y, width, height;
@@ -180,6 +183,32 @@ TEST(RunSvg, HasNoStyleAttributes) {
 TEST(RunSvg, GoalLocationsAreOutlined) {
   const XmlFile xml(pictureOf(violation()));
   EXPECT_EQ(xml.value("count(//*[@class=\"witness\"])"), "2");
+}
+
+TEST(RunSvg, LanesAreOfProcessesThatMoveOrAreAskedFor) {
+  Shown shown = violation();
+  const auto lanes = [&](const Look& look) {
+    const XmlFile xml(runSvg(shown.net, shown.property, shown.run, look));
+    return xml.value("count(//*[@class=\"process\"])");
+  };
+  EXPECT_EQ(lanes({}), "3");  // not the third
+  EXPECT_EQ(lanes({.all = true}), "4");
+  shown.property = readInfix("atleast(2, *.5) || 3.0", shown.net);
+  EXPECT_EQ(lanes({}), "4");
+  shown = standstill();
+  EXPECT_EQ(lanes({}), "2");  // nobody moves
+}
+
+TEST(RunSvg, ALongQuestionIsFoldedAndThePartThatHeldMarked) {
+  Shown shown = violation();
+  std::string text = "p77";
+  for (int i = 0; i < 60; ++i) text += " || p" + std::to_string(100 + i);
+  shown.property = readInfix(text + " || p11 && p21", shown.net);
+  const XmlFile xml(pictureOf(shown));
+  ASSERT_TRUE(xml.isWellFormed());
+  EXPECT_GT(std::stoi(xml.value("count(//*[@class=\"quiet\" and contains(., \"||\")])")), 2);
+  EXPECT_EQ(xml.value("count(//*[@class=\"held\"])"), "2");
+  EXPECT_EQ(xml.value("string(//*[@class=\"held\"][2])"), "p21");
 }
 
 TEST(RunSvg, LongTitlesAreCut) {
