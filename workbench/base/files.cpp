@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -40,6 +41,13 @@ class Opened {
  private:
   int descriptor_;
 };
+
+// Among all machines that share a file system.
+std::string thisProcess() {
+  std::array<char, 256> host{};
+  gethostname(host.data(), host.size() - 1);
+  return std::string(host.data()) + "." + std::to_string(getpid());
+}
 
 void writeStandardOutput(const std::string& text) {
   const std::string name = "standard output";
@@ -98,6 +106,20 @@ void writeFile(const std::string& name, const std::string& text) {
   if (!file) fail(name, "cannot be opened for writing");
   writeAll(file.descriptor(), text, name);
   if (!file.closed()) fail(name, "cannot be written");
+}
+
+void replaceFile(const std::string& name, const std::string& text) {
+  const std::string beside = name + "." + thisProcess();
+  try {
+    Opened file(beside, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!file) fail(beside, "cannot be opened for writing");
+    writeAll(file.descriptor(), text, beside);
+    if (fsync(file.descriptor()) != 0 || !file.closed()) fail(beside, "cannot be written");
+    if (std::rename(beside.c_str(), name.c_str()) != 0) fail(name, "cannot be replaced");
+  } catch (...) {
+    unlink(beside.c_str());
+    throw;
+  }
 }
 
 std::string inputName(const std::string& name) {

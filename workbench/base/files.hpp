@@ -21,7 +21,12 @@ std::string readFile(const std::string& name, std::size_t most = anySize);
 // output.
 void writeFile(const std::string& name, const std::string& text);
 
-// The same for an open descriptor, from and at where it stands; `name` is for the message.
+// The file is there with this text, or as it was before: a kill, a full disk or a crash of the
+// machine leaves nothing half. It is written beside, under a name that no other process uses, and
+// renamed.
+void replaceFile(const std::string& name, const std::string& text);
+
+// Reading and writing an open descriptor, from and at where it stands; `name` is for the message.
 std::string readAll(int descriptor, const std::string& name, std::size_t most = anySize);
 void writeAll(int descriptor, const std::string& text, const std::string& name);
 

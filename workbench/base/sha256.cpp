@@ -13,4 +13,13 @@ Sha256 sha256(std::string_view text) {
   return digest;
 }
 
+std::string fingerprint(std::string_view text) {
+  std::string hexadecimal;
+  for (const unsigned char byte : sha256(text)) {
+    hexadecimal += "0123456789abcdef"[byte >> 4U];
+    hexadecimal += "0123456789abcdef"[byte & 15U];
+  }
+  return hexadecimal;
+}
+
 }  // namespace tpn

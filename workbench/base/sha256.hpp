@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tpn {
@@ -12,5 +13,6 @@ namespace tpn {
 using Sha256 = std::array<std::uint8_t, 32>;
 
 Sha256 sha256(std::string_view text);
+std::string fingerprint(std::string_view text);  // that in 64 hexadecimal digits
 
 }  // namespace tpn

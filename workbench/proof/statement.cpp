@@ -10,15 +10,6 @@ namespace tpn {
 
 namespace {
 
-std::string fingerprint(const std::string& text) {
-  std::string hexadecimal;
-  for (const unsigned char byte : sha256(text)) {
-    hexadecimal += "0123456789abcdef"[byte >> 4U];
-    hexadecimal += "0123456789abcdef"[byte & 15U];
-  }
-  return hexadecimal;
-}
-
 std::string meaning(const Transition& t) {
   std::string text = std::to_string(t.interval.earliest) + " ";
   text += t.interval.latest ? std::to_string(*t.interval.latest) : "-1";

@@ -29,6 +29,19 @@ TEST_F(Files, WhatWasWrittenIsRead) {
   }
 }
 
+TEST_F(Files, AReplacedFileHasTheNewTextAndNothingIsLeftBesideIt) {
+  writeFile(in("file"), "old");
+  replaceFile(in("file"), "new");
+  EXPECT_EQ(readFile(in("file")), "new");
+  EXPECT_EQ(place.files(), std::set<std::string>{"file"});
+}
+
+TEST_F(Files, AFileThatCannotBeReplacedIsAsItWas) {
+  std::filesystem::create_directory(in("file"));
+  EXPECT_THROW(replaceFile(in("file"), "new"), std::runtime_error);
+  EXPECT_EQ(place.files(), std::set<std::string>{"file"});
+}
+
 TEST_F(Files, ReadErrorsNameTheFileAndTheReason) {
   EXPECT_THAT([&] { readFile(in("none")); },
               ThrowsMessage<std::runtime_error>(in("none") +
