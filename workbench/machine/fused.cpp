@@ -144,6 +144,15 @@ void FusedRuns::keepOrder(std::vector<std::vector<std::size_t>> classes) {
   if (!classes_.empty()) everMoved_.resize(machine_.processes.size());
 }
 
+void FusedRuns::keepSome(std::size_t first, const std::vector<std::size_t>& transitions) {
+  assert(first >= 1 && first <= steps());
+  Clause clause;
+  for (std::size_t step = first; step <= steps(); ++step)
+    for (const std::size_t t : transitions)
+      clause.push_back(selectors_[step - 1] + static_cast<int>(t));
+  sink_.add(clause);
+}
+
 void FusedRuns::order(const std::vector<int>& moved) {
   for (const std::vector<std::size_t>& members : classes_)
     for (std::size_t i = 0; i < members.size(); ++i) {

@@ -31,6 +31,10 @@ class FusedRuns {
   // order (or two of them at once); a move that does not reset is none. Before the first step.
   void keepOrder(std::vector<std::vector<std::size_t>> classes);
 
+  // From now on, only runs in which one of these transitions is one of the steps from `first` (they
+  // count from 1) to the last that there is.
+  void keepSome(std::size_t first, const std::vector<std::size_t>& transitions);
+
   const StateLayout& layout() const { return layout_; }
 
   // One more state, at first the initial one; all runs that there are lead to it. Where the

@@ -37,7 +37,7 @@ class BoundedSearch {
       if (options_.maxTransitions && length > *options_.maxTransitions)
         return {BoundedVerdict::exhausted, {}, length - 1, ""};
       if (tooLarge()) return {BoundedVerdict::undecided, {}, length - 1, full};
-      const Outcome outcome = extended() ? ask(length) : gaveUp;
+      const Outcome outcome = extended(length) ? ask(length) : gaveUp;
       if (outcome == found) return {BoundedVerdict::reached, replayed(), length - 1, ""};
       if (outcome == stuck) return {BoundedVerdict::stuck, {}, length, ""};
       if (outcome == gaveUp) return {BoundedVerdict::undecided, {}, length - 1, ""};
@@ -54,12 +54,22 @@ class BoundedSearch {
     return runs_.variables() / steps > mostVariables - runs_.variables();
   }
 
-  bool extended() {
+  bool extended(int length) {
     try {
       runs_.extend(Checkpoint(over_));
+      keepInCube(static_cast<std::size_t>(length));
       return true;
     } catch (const Interrupted&) {
       return false;
+    }
+  }
+
+  // What the cube says of runs of so many steps that it did not say of shorter ones.
+  void keepInCube(std::size_t length) {
+    for (const CubePart& part : options_.cube) {
+      if (part.some && part.last == length) runs_.keepSome(part.first, part.transitions);
+      if (!part.some && part.first <= length && length <= part.last)
+        runs_.keepSome(length, othersThan(part.transitions, machine_.transitions.size()));
     }
   }
 

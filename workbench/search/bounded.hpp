@@ -10,6 +10,7 @@
 #include "workbench/network/goal.hpp"
 #include "workbench/network/network.hpp"
 #include "workbench/runs/run.hpp"
+#include "workbench/search/runcube.hpp"
 
 namespace tpn {
 
@@ -18,6 +19,7 @@ struct BoundedOptions {
   std::int64_t unaryLimit = 24;       // widths of clocks up to this are in unary code, which is
                                       // cheaper then: docs/performance.md
   bool symmetry = true;               // look at one run only where processes can be exchanged
+  RunCube cube{};                     // look at these runs only
 };
 
 struct BoundedProgress {
