@@ -89,8 +89,6 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
   return exitOf(v);
 }
 
-constexpr int usualLength = 17;  // of searches that do not end by themselves
-
 // The search has a watch of its own, for the time that is left.
 Answer byBounds(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
                 const Watch::Report& report, const Watch& watch) {
@@ -161,12 +159,15 @@ void refuseBounds(const std::string& /*bound*/) {
 }
 
 void declareEngines(CLI::App& app, Arguments& a) {
+  std::vector<std::string> names;
+  std::vector<std::pair<std::string, int>> numbers;
+  for (const EngineName& row : engineNames) {
+    names.emplace_back(row.name);
+    numbers.emplace_back(row.name, static_cast<int>(row.engine));
+  }
   app.add_option("--engine", a.engine, "who answers; both where nothing is said")
-      ->type_name("both|bmc|ic3|abc")
-      ->transform(numberOf({{"both", static_cast<int>(Engine::both)},
-                            {"bmc", static_cast<int>(Engine::bounded)},
-                            {"ic3", static_cast<int>(Engine::prover)},
-                            {"abc", static_cast<int>(Engine::abc)}}));
+      ->type_name(alternatives(names))
+      ->transform(numberOf(numbers));
   app.add_flag("--shortest", a.shortest, "go on until the shortest run is sure");
   CLI::Option* const certificate =
       app.add_option("--certificate", a.certificate, "write why it is never reached into this file")

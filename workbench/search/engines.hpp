@@ -7,6 +7,8 @@
 
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <optional>
 
 #include "workbench/network/goal.hpp"
@@ -18,10 +20,22 @@ namespace tpn {
 
 enum class Engine { both, bounded, prover, abc };
 
+struct EngineName {
+  const char* name;
+  Engine engine;
+};
+constexpr std::array<EngineName, 4> engineNames{{{"both", Engine::both},
+                                                 {"bmc", Engine::bounded},
+                                                 {"ic3", Engine::prover},
+                                                 {"abc", Engine::abc}}};
+
+constexpr int usualLength = 17;  // of searches that do not end by themselves
+
 struct EngineOptions {
   Engine engine = Engine::both;
   std::optional<int> maxTransitions;  // of the bounded search; a longer run of a prover's counts
   bool shortest = false;              // go on after a run until the shortest is sure
+  std::uint64_t seed = 0;             // other than 0: the prover goes another way to the answer
 };
 
 // Throws std::runtime_error with one line where something failed and nothing else answered.

@@ -35,10 +35,12 @@ bool tooWide(const Machine& machine) {
 
 class Proving {
  public:
-  Proving(const Network& net, const Goal& goal, const std::function<bool()>& over)
+  Proving(const Network& net, const Goal& goal, const std::function<bool()>& over,
+          const ProvingOptions& options)
       : net_(net),
         goal_(goal),
         over_(over),
+        options_(options),
         checkpoint_(over),
         machine_(makeMachine(net)),
         layout_(StateLayout::capped(machine_)),
@@ -48,11 +50,12 @@ class Proving {
   Proved run(const std::function<void(const ProverProgress&)>& report) {
     std::vector<Orbits::Permutation> generators;
     for (const Symmetry& s : symmetries_) {
+      if (!options_.symmetry) break;
       generators.push_back(permutationOf(machine_, layout_, s));
       checkpoint_();
     }
     ProverOptions options;
-    options.delays = delaysFor(machine_);
+    if (options_.longDelays) options.delays = delaysFor(machine_);
     LinearClauses linear = linearClauses(machine_, layout_, invariants_, checkpoint_);
     options.facts = std::move(linear.clauses);
     options.helpers = linear.helpers;
@@ -85,6 +88,7 @@ class Proving {
   const Network& net_;
   const Goal& goal_;
   const std::function<bool()>& over_;
+  const ProvingOptions& options_;
   Checkpoint checkpoint_;
   Machine machine_;
   StateLayout layout_;
@@ -95,10 +99,11 @@ class Proving {
 }  // namespace
 
 Proved proved(const Network& net, const Goal& goal, const std::function<bool()>& over,
-              const std::function<void(const ProverProgress&)>& report) {
+              const std::function<void(const ProverProgress&)>& report,
+              const ProvingOptions& options) {
   if (tooWide(makeMachine(net))) return {{}, {}, true};
   try {
-    return Proving(net, goal, over).run(report);
+    return Proving(net, goal, over, options).run(report);
   } catch (const Interrupted&) {
     return {};
   }

@@ -21,8 +21,15 @@ struct Proved {
   bool tooWide = false;
 };
 
+// What searches for the same answer may differ in; usually all of it pays.
+struct ProvingOptions {
+  bool symmetry = true;    // what is learnt counts for all images
+  bool longDelays = true;  // several units pass in one step
+};
+
 // Throws std::runtime_error with one line where a run does not replay or a proof does not check.
 Proved proved(const Network& net, const Goal& goal, const std::function<bool()>& over,
-              const std::function<void(const ProverProgress&)>& report);
+              const std::function<void(const ProverProgress&)>& report,
+              const ProvingOptions& options = {});
 
 }  // namespace tpn
