@@ -12,7 +12,8 @@ install(TARGETS zervan COMPONENT programs)
 install(FILES docs/zervan.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
 if(ZERVAN_WORKBENCH)
   install(TARGETS tpn COMPONENT programs)
-  foreach(page tpn tpn-certify tpn-check tpn-convert tpn-export tpn-lint tpn-make tpn-run tpn-show tpn-trace)
+  foreach(page tpn tpn-certify tpn-check tpn-convert tpn-export tpn-lint tpn-make tpn-plan tpn-run
+      tpn-show tpn-trace)
     install(FILES docs/${page}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
   endforeach()
 endif()
@@ -39,7 +40,7 @@ install(DIRECTORY docs examples DESTINATION ${ZERVAN_DOCUMENTS} COMPONENT progra
 # --- Libraries, headers, and how they are found. ---
 
 set(core boolform boolformvect clock ectl model translation)
-set(rooms base network families nets runs encoding solvers machine proof prover search views walking)
+set(rooms base network families nets runs encoding solvers machine proof prover search views campaign walking)
 
 # zervan_archive(NAME LIBRARIES library ... USES what its users link, too)
 function(zervan_archive name)

@@ -13,7 +13,8 @@ namespace {
 // As the help lists them.
 constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand,    &checkCommand,
                                              &traceCommand,  &runCommand,     &certifyCommand,
-                                             &exportCommand, &convertCommand, &makeCommand};
+                                             &exportCommand, &convertCommand, &makeCommand,
+                                             &planCommand};
 
 bool isOption(const std::string& word) { return word.starts_with("-"); }
 

@@ -31,5 +31,6 @@ extern const Subcommand certifyCommand;
 extern const Subcommand exportCommand;
 extern const Subcommand convertCommand;
 extern const Subcommand makeCommand;
+extern const Subcommand planCommand;
 
 }  // namespace tpn
