@@ -32,5 +32,6 @@ extern const Subcommand exportCommand;
 extern const Subcommand convertCommand;
 extern const Subcommand makeCommand;
 extern const Subcommand planCommand;
+extern const Subcommand workCommand;
 
 }  // namespace tpn

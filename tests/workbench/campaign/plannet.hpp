@@ -6,6 +6,7 @@
 
 #include "tests/driver/runprogram.hpp"
 #include "workbench/campaign/planning.hpp"
+#include "workbench/campaign/work.hpp"
 
 namespace tpn {
 
@@ -38,6 +39,15 @@ class Plans : public Workplace {
     Limits limits;
     limits.maxTransitions = most;
     return planCubes(aboutCounting(question), all, limits, plan(), {});
+  }
+  Worked work(int number) const {
+    std::atomic<bool> stop{false};
+    return tpn::work(plan(), number, stop);
+  }
+  void damage(int number) const {
+    std::string text = contents(answerName(plan(), number));
+    text[text.size() / 2] = static_cast<char>(text[text.size() / 2] ^ 1);
+    std::ofstream(answerName(plan(), number), std::ios::binary) << text;
   }
 };
 
