@@ -12,7 +12,7 @@ install(TARGETS zervan COMPONENT programs)
 install(FILES docs/zervan.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
 if(ZERVAN_WORKBENCH)
   install(TARGETS tpn COMPONENT programs)
-  foreach(page tpn tpn-certify tpn-check tpn-convert tpn-export tpn-lint tpn-make tpn-plan tpn-run
+  foreach(page tpn tpn-certify tpn-check tpn-collect tpn-convert tpn-export tpn-lint tpn-make tpn-plan tpn-run
       tpn-show tpn-trace tpn-work)
     install(FILES docs/${page}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT programs)
   endforeach()

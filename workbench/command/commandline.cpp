@@ -14,7 +14,7 @@ namespace {
 constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand,    &checkCommand,
                                              &traceCommand,  &runCommand,     &certifyCommand,
                                              &exportCommand, &convertCommand, &makeCommand,
-                                             &planCommand,   &workCommand};
+                                             &planCommand,   &workCommand,    &collectCommand};
 
 bool isOption(const std::string& word) { return word.starts_with("-"); }
 

@@ -33,5 +33,6 @@ extern const Subcommand convertCommand;
 extern const Subcommand makeCommand;
 extern const Subcommand planCommand;
 extern const Subcommand workCommand;
+extern const Subcommand collectCommand;
 
 }  // namespace tpn

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/driver/runprogram.hpp"
+#include "workbench/campaign/collect.hpp"
 #include "workbench/campaign/planning.hpp"
 #include "workbench/campaign/work.hpp"
 
@@ -43,6 +44,10 @@ class Plans : public Workplace {
   Worked work(int number) const {
     std::atomic<bool> stop{false};
     return tpn::work(plan(), number, stop);
+  }
+  Collection workAll() const {
+    for (const int number : unanswered(plan())) work(number);
+    return collect(plan());
   }
   void damage(int number) const {
     std::string text = contents(answerName(plan(), number));
