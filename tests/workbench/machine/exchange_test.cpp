@@ -90,6 +90,21 @@ TEST(Exchange, FindsNoneWhereOneMoveDoesNotCountOrReset) {
   EXPECT_TRUE(tpn::exchange(tpn::makeMachine(reading), 2, 4));
 }
 
+// Both meet the third process in 0 and in 1 and leave it in 0 and in 1, the one changed, the other
+// as it was: what is inferred is wrong, and is not given out.
+TEST(Exchange, IsVerified) {
+  tpn::Network net;
+  net.processes.assign(3, {{0, 1}, {}});
+  net.transitions = {{{0, {}}, {{0, 0, 1}, {2, 0, 1}}},
+                     {{0, {}}, {{0, 0, 1}, {2, 1, 0}}},
+                     {{0, {}}, {{1, 0, 1}, {2, 0, 0}}},
+                     {{0, {}}, {{1, 0, 1}, {2, 1, 1}}}};
+  EXPECT_FALSE(exchange(makeMachine(net), 0, 1));
+  net.transitions[2].moves[1].target = 1;
+  net.transitions[3].moves[1].target = 0;
+  EXPECT_TRUE(exchange(makeMachine(net), 0, 1));
+}
+
 TEST(Exchange, CountsTransitionsThatAreThereTwice) {
   tpn::Network net = pairs(2);
   net.transitions.push_back(net.transitions[0]);

@@ -46,6 +46,41 @@ TEST(Fischer, NeedsTheSymmetry) {
   EXPECT_NE(complaint(fischer::network(3), fischer::violation(3), less), "");
 }
 
+// Process 1 leaves for 1 by time 1 and for 2 at time 2, process 2 waits until 2: where process 1
+// has just come to 1, process 2 has waited less than 2. That a transition does not fire past its
+// latest time is all that keeps a state out in which both have waited for 2.
+TEST(Recheck, LetsNothingFirePastItsLatestTime) {
+  Network net;
+  net.processes = {{{0, 1, 2}, {}}, {{0, 1}, {}}};
+  net.transitions = {
+      {{0, 1}, {{0, 0, 1}}}, {{2, 2}, {{0, 0, 2}}}, {{1, {}}, {{0, 1, 2}}}, {{2, 2}, {{1, 0, 1}}}};
+  const auto not_at = [](int location) { return Atom{Atom::location, false, 0, location}; };
+  const auto reached = [](std::size_t p, int units) { return Atom{Atom::clock, true, p, units}; };
+  const Certificate proof{{},
+                          {},
+                          {{not_at(1), reached(0, 1), ~reached(1, 2)},
+                           {not_at(0), ~reached(1, 2), reached(0, 2)},
+                           {not_at(0), ~reached(1, 1), reached(0, 1)}}};
+  const Property nowhere{"p1", {{PropertyItem::proposition, 1}}};
+  EXPECT_EQ(complaint(net, nowhere, proof), "");
+}
+
+// One atom about a process that moves is true before, the other is false: it is not enough that one
+// of them is, whichever comes last.
+TEST(Recheck, SeesEveryAtomThatATransitionTouches) {
+  Network net;
+  net.processes.assign(3, {{0, 1, 2}, {}});
+  net.transitions = {{{0, {}}, {{2, 0, 1}}}, {{0, {}}, {{0, 0, 1}, {1, 0, 1}, {2, 1, 2}}}};
+  const auto at = [](std::size_t p, int location) {
+    return Atom{Atom::location, true, p, location};
+  };
+  const Property nowhere{"p1", {{PropertyItem::proposition, 1}}};
+  EXPECT_EQ(complaint(net, nowhere, {{}, {}, {{at(0, 0), at(1, 2)}}}),
+            "transition 2 leads outside: clause 1@0 2@2");
+  EXPECT_EQ(complaint(net, nowhere, {{}, {}, {{at(0, 2), at(1, 0)}}}),
+            "transition 2 leads outside: clause 1@2 2@0");
+}
+
 // Asked for the n-th time, it is over.
 std::function<bool()> overAfter(int& questions, int n) {
   return [&questions, n] { return ++questions >= n; };
