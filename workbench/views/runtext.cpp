@@ -46,17 +46,14 @@ Words processesOf(const Network& net, const Transition& transition, const Limits
   return listed(std::move(processes), "", limits.processes);
 }
 
-std::string changeText(const Network& net, const Move& move) {
-  const std::string process = shownProcess(net, move.process);
-  if (move.source == move.target) return process + (move.resets ? " stays" : " is read");
-  return process + ": " + shownLocation(net, move.process, move.source) + " -> " +
-         shownLocation(net, move.process, move.target);
-}
-
 Words changesOf(const Network& net, const Transition& transition, const Limits& limits) {
   Words changes;
-  for (const Move& move : transition.moves) changes.push_back(changeText(net, move));
-  return listed(std::move(changes), ",", limits.changes);
+  for (const Move& move : transition.moves)
+    if (move.source != move.target)
+      changes.push_back(shownProcess(net, move.process) + ": " +
+                        shownLocation(net, move.process, move.source) + " -> " +
+                        shownLocation(net, move.process, move.target));
+  return changes.empty() ? Words{"-"} : listed(std::move(changes), ",", limits.changes);
 }
 
 // Those that matter most, up to the limit, in the order of their numbers.
@@ -85,8 +82,8 @@ std::string initialText(const Network& net) {
   return name.empty() ? "all initial" : "all at " + name;
 }
 
-// The columns "delay" and "propositions" are there if they say anything, and "processes" says what
-// "locations" does.
+// The columns "delay" and "propositions" are there if they say anything. Who takes part and stays
+// is in "processes" alone.
 TextTable table(const Network& net, const Property& property, const Run& run, const Replay& replay,
                 bool all) {
   const Limits limits = all ? noLimits : Limits{};
