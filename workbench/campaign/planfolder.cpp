@@ -47,7 +47,8 @@ Plan planOf(const Json& json) {
   if (json.contains("maxTransitions"))
     plan.limits.maxTransitions = json.at("maxTransitions").get<int>();
   if (json.contains("memory")) plan.limits.memory = json.at("memory").get<std::int64_t>();
-  if (plan.kind == Plan::cubes && !plan.limits.maxTransitions)
+  if (plan.jobs < 1) throw std::runtime_error("has no jobs");
+  if (plan.kind == Plan::cubes && plan.limits.maxTransitions.value_or(0) < 1)
     throw std::runtime_error("does not say how long runs may be");
   return plan;
 }
