@@ -141,6 +141,38 @@ TEST_P(BlockingOf, CoresLearnsWhatFramesMayKnow) {
 
 INSTANTIATE_TEST_SUITE_P(OfMoves, BlockingOf, testing::Values(MoveKinds::plain, MoveKinds::all));
 
+// Clocks are told apart up to 3 and 2 units; the first two begin anew together.
+Sample threeClocks() {
+  Sample s;
+  s.net.processes = {{{0, 1}, {}}, {{0, 1}, {}}, {{0, 1}, {}}};
+  s.net.transitions = {{{0, {}}, {{0, 0, 0}, {1, 0, 0}}},
+                       {{3, {}}, {{0, 0, 1}}},
+                       {{2, {}}, {{1, 0, 1}}},
+                       {{3, {}}, {{0, 0, 0}, {2, 0, 1}}}};
+  s.scaled = s.net;
+  return s;
+}
+
+// What the frame says of the first of several ways to be outside does not settle the others.
+TEST(Blocking, AsksAboutEachBoundThatADelayMayMeet) {
+  Blocks b(threeClocks());
+  const StateLayout& layout = b.states.layout();
+  b.frames.learn({-layout.clock(0, 1), layout.clock(1, 1)}, 1);
+  Cube cube{layout.clock(0, 1), layout.clock(1, 2)};
+  EXPECT_TRUE(b.enteredFrom(1, cube));
+  EXPECT_TRUE(b.blocking.intoFrom(cube, 2));
+}
+
+TEST(Blocking, AsksAboutEachClockThatATransitionSetsBack) {
+  Blocks b(threeClocks());
+  const StateLayout& layout = b.states.layout();
+  b.frames.learn({layout.clock(0, 2), layout.location(2, 1)}, 1);
+  b.frames.learn({layout.clock(0, 2), -layout.clock(1, 2)}, 1);
+  Cube cube{-layout.clock(0, 2), -layout.clock(1, 2), layout.location(2, 1)};
+  EXPECT_TRUE(b.enteredFrom(1, cube));
+  EXPECT_TRUE(b.blocking.intoFrom(cube, 2));
+}
+
 // Every state of the cube that is given for a goal is one, and there is none where there is no goal
 // state.
 TEST(GoalStates, AreGoalsAllOfThem) {
