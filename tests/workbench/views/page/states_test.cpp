@@ -52,7 +52,7 @@ TEST(PageStates, TellTheStepThatLedThere) {
 
 TEST(PageStates, StandWhereTheRunsPictureHasThem) {
   const Told t = told(thirds());
-  const RunGeometry at = geometryOf(t.shown.net, t.shown.run, t.replay);
+  const RunGeometry at = geometryOf(t.shown.net, t.shown.property, t.shown.run, t.replay, false);
   EXPECT_EQ(t.json["lanes"]["top"], at.lanesTop);
   EXPECT_EQ(t.json["lanes"]["bottom"], at.lanesBottom);
   for (std::size_t i = 0; i < t.replay.states.size(); ++i) {
