@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/workbench/prover/cubestates.hpp"
 #include "workbench/machine/goal.hpp"
 #include "workbench/prover/cores.hpp"
@@ -148,7 +150,7 @@ Sample threeClocks() {
   s.net.transitions = {{{0, {}}, {{0, 0, 0}, {1, 0, 0}}},
                        {{3, {}}, {{0, 0, 1}}},
                        {{2, {}}, {{1, 0, 1}}},
-                       {{3, {}}, {{0, 0, 0}, {2, 0, 1}}}};
+                       {{0, {}}, {{2, 0, 1}}}};
   s.scaled = s.net;
   return s;
 }
@@ -163,14 +165,17 @@ TEST(Blocking, AsksAboutEachBoundThatADelayMayMeet) {
   EXPECT_TRUE(b.blocking.intoFrom(cube, 2));
 }
 
-TEST(Blocking, AsksAboutEachClockThatATransitionSetsBack) {
+TEST(Blocking, IsAskedAboutEachClockThatATransitionSetsBack) {
   Blocks b(threeClocks());
   const StateLayout& layout = b.states.layout();
-  b.frames.learn({layout.clock(0, 2), layout.location(2, 1)}, 1);
-  b.frames.learn({layout.clock(0, 2), -layout.clock(1, 2)}, 1);
-  Cube cube{-layout.clock(0, 2), -layout.clock(1, 2), layout.location(2, 1)};
-  EXPECT_TRUE(b.enteredFrom(1, cube));
-  EXPECT_TRUE(b.blocking.intoFrom(cube, 2));
+  const Cube cube{-layout.clock(0, 2), -layout.clock(1, 2), layout.location(2, 1)};
+  std::vector<int> kept;
+  std::set<int> outside;
+  b.steps.forEach(cube, kept, [&](const Query& query) {
+    if (!query.way.isDelay() && query.way.transition == 0) outside.insert(query.outside);
+    return true;
+  });
+  EXPECT_EQ(outside, (std::set<int>{layout.clock(0, 2), layout.clock(1, 2)}));
 }
 
 // Every state of the cube that is given for a goal is one, and there is none where there is no goal
