@@ -170,10 +170,23 @@ void Blocking::learn(const Cube& cube, std::size_t level) {
 }
 
 std::size_t Blocking::learnAlone(const Cube& cube, std::size_t level) {
-  for (Cube same = cube; level < frames_.top() - 1 && !intoFrom(same, level + 1); same = cube)
-    ++level;
-  frames_.learn(cube, level);
+  Cube highest = cube;
+  while (level < frames_.top() - 1 && raise(highest, level + 1)) ++level;
+  frames_.learn(highest, level);
   return level;
+}
+
+bool Blocking::raise(Cube& cube, std::size_t level) {
+  Cube larger = cube;
+  if (intoFrom(larger, level)) return false;
+  if (larger != cube && entered(cube, level)) cube = larger;
+  return true;
+}
+
+bool Blocking::entered(const Cube& cube, std::size_t level) {
+  Pass pass{cube, cube, level, {}, {}, {}};
+  steps_.forEach(cube, pass.kept, [&](const Query& query) { return ask(query, pass); });
+  return pass.found.has_value();
 }
 
 // The cube with all bounds on clocks so many units further; none where it bounds no two clocks, or

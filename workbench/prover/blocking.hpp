@@ -59,6 +59,10 @@ class Blocking {
     learn(cube, level);
   }
 
+  // Can the cube be excluded at the level, too? It is enlarged only where no step leads into what
+  // it has become, but one does into the cube itself: from what has been added.
+  bool raise(Cube& cube, std::size_t level);
+
   // Has the frame a state in the cube?
   bool reaches(std::size_t level, const Cube& cube);
 
@@ -85,6 +89,8 @@ class Blocking {
   bool solve();
   // Looks for a part of the cube, of at most so many literals, that no step leads into.
   bool keepOut(Cube& cube, std::size_t level, std::size_t most, std::optional<Predecessor>& found);
+  // Does a step from frame level - 1 lead into just this cube, from outside of it?
+  bool entered(const Cube& cube, std::size_t level);
   std::size_t learnAlone(const Cube& cube, std::size_t level);
   std::optional<Cube> delayed(const Cube& cube, std::int64_t units) const;
   void reduce(Cube& cube, const std::vector<int>& kept) const;

@@ -160,7 +160,9 @@ class Prover {
       for (std::size_t i = 0; i < frames_.learnt().size(); ++i) {
         if (frames_.learnt()[i].level != level) continue;
         Cube cube = frames_.learnt()[i].cube;
-        if (!blocking_.intoFrom(cube, level + 1)) frames_.raise(i, level + 1);
+        if (!blocking_.raise(cube, level + 1)) continue;
+        if (cube != frames_.learnt()[i].cube) frames_.learn(cube, level + 1);
+        frames_.raise(i, level + 1);
       }
       if (frames_.empty(level)) return level + 1;
     }

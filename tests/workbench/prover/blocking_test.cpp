@@ -122,6 +122,28 @@ TEST_P(BlockingOf, LearnsWhatFramesMayKnow) {
   EXPECT_GT(learnt, 100U);
 }
 
+// That no step leads into a part of a cube's literals does not mean that none leads into the cube.
+TEST_P(BlockingOf, RaisesOnlyWhatIsNotSteppedInto) {
+  int raised = 0;
+  int enlarged = 0;
+  forEach(5, [&](Blocks& b, const Cube& cube) {
+    for (const std::size_t level : {1U, 2U, 3U}) {
+      Cube more = cube;
+      const bool mayRise = b.blocking.raise(more, level);
+      const bool isEntered = b.enteredFrom(level - 1, cube);
+      EXPECT_TRUE(mayRise || isEntered);
+      if (!mayRise) continue;
+      EXPECT_TRUE(b.states.covered(cube, more));
+      EXPECT_FALSE(b.states.words().holdsInitially(more));
+      EXPECT_FALSE(b.enteredFrom(level - 1, more));
+      EXPECT_EQ(more == cube, !isEntered);
+      ++(isEntered ? enlarged : raised);
+    }
+  });
+  EXPECT_GT(raised, 50);
+  EXPECT_GT(enlarged, 5);
+}
+
 // What a part of a cube is blocked by is kept by the frames as well.
 TEST_P(BlockingOf, CoresLearnsWhatFramesMayKnow) {
   int blocked = 0;
