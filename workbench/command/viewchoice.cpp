@@ -33,7 +33,8 @@ bool print(const RunViews& views, const Inputs& inputs, const Run& run, const st
 bool print(const RunViews& views, const Inputs& inputs, const Answer& answer,
            const std::string& text) {
   const auto view = [&](const RunView& row) -> std::optional<std::string> {
-    if (row.answered != nullptr) return row.answered(inputs.net, inputs.property, answer);
+    if (row.answered != nullptr)
+      return row.answered(inputs.net, inputs.property, answer, views.look());
     if (!answer.run) return std::nullopt;
     return row.print(inputs.net, inputs.property, *answer.run, views.look());
   };

@@ -21,10 +21,7 @@ constexpr RunView ofRuns[] = {
      nullptr},
     {"svg", "svg", Destination::file, "draw the run: time to the right, a lane a process", runSvg,
      nullptr},
-    {"html", "html", Destination::file, "a page to look at it in a browser, step by step",
-     [](const Network& net, const Property& property, const Run& run, const Look& /*look*/) {
-       return runHtml(net, property, run);
-     },
+    {"html", "html", Destination::file, "a page to look at it in a browser, step by step", runHtml,
      answerHtml}};
 
 constexpr NetworkView ofNetworks[] = {

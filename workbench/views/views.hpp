@@ -39,7 +39,8 @@ struct RunView {
   std::string (*print)(const Network& net, const Property& property, const Run& run,
                        const Look& look);
   // Of an answer, which may have no run; null where only runs can be seen like this.
-  std::string (*answered)(const Network& net, const Property& property, const Answer& answer);
+  std::string (*answered)(const Network& net, const Property& property, const Answer& answer,
+                          const Look& look);
 };
 
 struct NetworkView {
@@ -76,8 +77,10 @@ std::string runSvg(const Network& net, const Property& property, const Run& run,
 
 // A page for a browser, which needs nothing else: the network beside the run, to be stepped
 // through. Of an answer without a run: why there is none.
-std::string runHtml(const Network& net, const Property& property, const Run& run);
-std::string answerHtml(const Network& net, const Property& property, const Answer& answer);
+std::string runHtml(const Network& net, const Property& property, const Run& run,
+                    const Look& look = {});
+std::string answerHtml(const Network& net, const Property& property, const Answer& answer,
+                       const Look& look = {});
 
 std::string networkText(const Network& net, const Look& look = {});
 Json networkJson(const Network& net);  // docs/network.schema.json

@@ -10,14 +10,14 @@
 
 namespace tpn {
 
-std::string networkPart(const Network& net) {
+std::string networkPart(const Network& net, const Look& look) {
   std::string content;
   try {
     content = element("div",
                       attribute("class", "picture") + attribute("id", "drawing") +
                           attribute("tabindex", "0") + attribute("role", "group") +
                           attribute("aria-label", "the network: an automaton a process"),
-                      "\n" + inlineSvg(networkSvg(net)));
+                      "\n" + inlineSvg(networkSvg(net, look)));
   } catch (const std::runtime_error& e) {
     content = element("p", attribute("class", "missing"), xmlText(e.what()));
   }

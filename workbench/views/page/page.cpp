@@ -39,11 +39,11 @@ std::string documentOf(const std::string& title, const std::string& script,
 
 // What the script steps through, the script, and a word for those without.
 std::string runData(const Network& net, const Property& property, const Run& run,
-                    const Replay& replay) {
+                    const Replay& replay, const Look& look) {
   return element("noscript", element("p",
                                      "Scripts are off: this page does not step. The table has "
                                      "all states.")) +
-         dataBlock("run-data", jsonText(statesJson(net, property, run, replay))) +
+         dataBlock("run-data", jsonText(statesJson(net, property, run, replay, look.all))) +
          element("script", pageScript);
 }
 
@@ -57,8 +57,8 @@ std::string split(const std::string& left, const std::string& right) {
 }
 
 std::string runParts(const Network& net, const Property& property, const Run& run,
-                     const Replay& replay) {
-  return lanesPart(net, property, run) + split(networkPart(net), statePart) +
+                     const Replay& replay, const Look& look) {
+  return lanesPart(net, property, run, look) + split(networkPart(net, look), statePart) +
          tablePart(net, property, run, replay);
 }
 
@@ -76,32 +76,34 @@ std::string nameOf(const Network& net, const std::string& kind) {
 }
 
 std::string withRun(const Network& net, const Property& property, const Run& run,
-                    const std::string& kind, const std::string& verdict) {
+                    const std::string& kind, const std::string& verdict, const Look& look) {
   const Replay replay = replayed(net, property, run);
-  std::string parts = runParts(net, property, run, replay);
+  std::string parts = runParts(net, property, run, replay, look);
   if (!asksNothing(property)) parts = questionPart(net, property, &replay.states[run.goal]) + parts;
   return documentOf(nameOf(net, kind), pageScript,
                     headerPart(net, kind, verdict) + element("main", "\n" + parts) +
-                        runData(net, property, run, replay));
+                        runData(net, property, run, replay, look));
 }
 
 }  // namespace
 
-std::string runHtml(const Network& net, const Property& property, const Run& run) {
+std::string runHtml(const Network& net, const Property& property, const Run& run,
+                    const Look& look) {
   const std::size_t steps = run.steps.size();
   return withRun(
       net, property, run, "",
-      "a run of " + std::to_string(steps) + (steps == 1 ? " transition" : " transitions"));
+      "a run of " + std::to_string(steps) + (steps == 1 ? " transition" : " transitions"), look);
 }
 
-std::string answerHtml(const Network& net, const Property& property, const Answer& answer) {
+std::string answerHtml(const Network& net, const Property& property, const Answer& answer,
+                       const Look& look) {
   const std::string kind = kindName(answer.kind);
-  if (answer.run) return withRun(net, property, *answer.run, kind, headline(answer));
+  if (answer.run) return withRun(net, property, *answer.run, kind, headline(answer), look);
   std::string parts = questionPart(net, property, nullptr);
   if (answer.certificate) parts += invariantPart(net, *answer.certificate);
-  return documentOf(
-      nameOf(net, kind), "",
-      headerPart(net, kind, headline(answer)) + element("main", "\n" + parts + networkPart(net)));
+  return documentOf(nameOf(net, kind), "",
+                    headerPart(net, kind, headline(answer)) +
+                        element("main", "\n" + parts + networkPart(net, look)));
 }
 
 }  // namespace tpn

@@ -8,6 +8,7 @@
 #include "workbench/network/property.hpp"
 #include "workbench/proof/certificate.hpp"
 #include "workbench/runs/replay.hpp"
+#include "workbench/views/views.hpp"
 
 namespace tpn {
 
@@ -16,10 +17,11 @@ namespace tpn {
 std::string questionPart(const Network& net, const Property& property, const TimedState* goal);
 
 // The network's picture, or why there is none.
-std::string networkPart(const Network& net);
+std::string networkPart(const Network& net, const Look& look);
 
 // The run's picture and the controls that step through it.
-std::string lanesPart(const Network& net, const Property& property, const Run& run);
+std::string lanesPart(const Network& net, const Property& property, const Run& run,
+                      const Look& look);
 
 // All states in a table, for paper and for those who do not look at pictures.
 std::string tablePart(const Network& net, const Property& property, const Run& run,

@@ -58,13 +58,14 @@ std::string rowCells(const Network& net, const Run& run, const Replay& replay, s
 
 }  // namespace
 
-std::string lanesPart(const Network& net, const Property& property, const Run& run) {
+std::string lanesPart(const Network& net, const Property& property, const Run& run,
+                      const Look& look) {
   const std::string lanes =
       element("div",
               attribute("class", "picture") + attribute("id", "lanes") +
                   attribute("tabindex", "0") + attribute("role", "group") +
                   attribute("aria-label", "the run: time runs right, a lane a process"),
-              "\n" + inlineSvg(runSvg(net, property, run)));
+              "\n" + inlineSvg(runSvg(net, property, run, look)));
   const std::string note = element("p", attribute("class", "note screen"),
                                    "Step with the arrow keys, the slider, or a click into the "
                                    "picture or the table.");

@@ -64,9 +64,9 @@ std::string transitionTitle(const Network& net, std::size_t transition) {
   return title(net.names.transitions, transition, "transition", number(transition));
 }
 
-Json statesJson(const Network& net, const Property& property, const Run& run,
-                const Replay& replay) {
-  const RunGeometry at = geometryOf(net, property, run, replay, false);
+Json statesJson(const Network& net, const Property& property, const Run& run, const Replay& replay,
+                bool all) {
+  const RunGeometry at = geometryOf(net, property, run, replay, all);
   Json states = Json::array();
   for (std::size_t i = 0; i < replay.states.size(); ++i) {
     Json state = stateJson(net, replay.states[i], replay.times[i]);

@@ -19,7 +19,9 @@ std::string transitionTitle(const Network& net, std::size_t transition);
 // {processes: [{name, locations: {number: name}}], lanes: {top, bottom}, goal: state or null,
 //  states: [{time, at: [location number], clocks: [text], propositions: [name], from, to,
 //            step: {transition, number, interval, delay, moved: [process index]} or null}]}
-// The step is that which leads to the state; from, to and lanes are pixels of the run's picture.
-Json statesJson(const Network& net, const Property& property, const Run& run, const Replay& replay);
+// The step is that which leads to the state; from, to and lanes are pixels of the run's picture,
+// with all lanes or not.
+Json statesJson(const Network& net, const Property& property, const Run& run, const Replay& replay,
+                bool all);
 
 }  // namespace tpn

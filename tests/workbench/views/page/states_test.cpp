@@ -20,7 +20,7 @@ struct Told {
 
 Told told(const Shown& shown) {
   const Replay replay = tpn::replay(shown.net, shown.property, shown.run);
-  return {shown, replay, statesJson(shown.net, shown.property, shown.run, replay)};
+  return {shown, replay, statesJson(shown.net, shown.property, shown.run, replay, false)};
 }
 
 TEST(PageStates, AreThoseOfTheReplay) {
