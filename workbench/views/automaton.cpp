@@ -47,12 +47,15 @@ class Drawing {
     std::size_t rank = 0;
     for (const int location : first().locations)
       result.locations.push_back(drawn(location, colourOfRank(rank++)));
-    if (isThicket())
+    if (isThicket()) {
+      std::map<int, std::vector<const Arrows::value_type*>> into;
+      for (const auto& arrow : arrows_) into[arrow.first.target].push_back(&arrow);
       for (const DrawnLocation& location : result.locations)
-        result.table.push_back({location, entries(location.location)});
-    else
+        result.table.push_back({location, entries(location.location, into[location.location])});
+    } else {
       for (const auto& [arrow, seen] : arrows_)
         result.arrows.push_back({arrow, captionsOf(net_, seen, kinds_)});
+    }
     return result;
   }
 
@@ -86,8 +89,9 @@ class Drawing {
     return isVariable || isCounter || arrows_.size() > mostArrows || locations > mostLocations;
   }
 
-  // Those that differ in nothing but where they begin, together.
-  std::vector<Entry> entries(int location) const {
+  // The arrows into a location; those that differ in nothing but where they begin, together.
+  std::vector<Entry> entries(int location,
+                             const std::vector<const Arrows::value_type*>& arrows) const {
     struct Way {
       Arrow arrow;  // without its source
       bool stays = false;
@@ -95,8 +99,8 @@ class Drawing {
       auto operator<=>(const Way&) const = default;
     };
     std::map<Way, std::map<std::string, std::pair<std::set<int>, std::vector<Seen>>>> ways;
-    for (const auto& [arrow, seen] : arrows_) {
-      if (arrow.target != location) continue;
+    for (const Arrows::value_type* const entering : arrows) {
+      const auto& [arrow, seen] = *entering;
       Way way{arrow, arrow.source == arrow.target};
       way.arrow.source = 0;
       for (const Seen& one : seen) {

@@ -88,6 +88,14 @@ class PlainReader {
   double height_ = 0;
 };
 
+std::string plainOf(const std::string& input) {
+  try {
+    return filtered({"dot", "-Tplain"}, input);
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error(std::string("no picture: ") + error.what());
+  }
+}
+
 }  // namespace
 
 std::vector<Layout> laidOut(const std::vector<Graph>& graphs) {
@@ -106,7 +114,7 @@ std::vector<Layout> laidOut(const std::vector<Graph>& graphs) {
     chosen.push_back(i);
     input += text;
   }
-  PlainReader reader(filtered({"dot", "-Tplain"}, input));
+  PlainReader reader(plainOf(input));
   std::vector<Layout> distinct;
   for (const std::size_t i : chosen) distinct.push_back(reader.next(graphs[i]));
   std::vector<Layout> result;
