@@ -14,6 +14,7 @@
 #include <tuple>
 #include <vector>
 
+#include "workbench/base/printable.hpp"
 #include "workbench/network/lintrules.hpp"
 
 inline std::vector<std::size_t> lineLengths(const std::string& text) {
@@ -35,9 +36,8 @@ inline void assertIsKnown(const tpn::Diagnostic& d) {
 }
 
 inline void assertIsOneLine(const std::string& message) {
-  const auto printable = [](char c) { return c >= ' ' && c <= '~'; };
   assert(!message.empty() && message.back() != '.');
-  assert(std::all_of(message.begin(), message.end(), printable));
+  assert(message == tpn::printable(message));
 }
 
 inline void assertInvariants(const std::string& text, const tpn::Diagnostics& found,
