@@ -22,7 +22,7 @@ $1 == "run" || $1 == "pace" {
   ns = 1e9 / clauses
   printf "%-23s %9d %8.1f %10.1f %10s %12.1f\n", of($2, $3), clauses, ns * cpu, ns * writing,
     $1 == "run" ? sprintf("%.1f", ns * reading) : "", memory
-  goal("CPU: run / writing alone", of($2, $3), cpu / writing, 3, 2)
+  goal("CPU: run / writing alone", of($2, $3), cpu / writing, $1 == "run" ? 2 : 3, 2)
   if ($1 == "run") goal("CPU: run / CaDiCaL reading", of($2, $3), cpu / reading, 0.25, 3)
   goal("peak memory, bytes a clause", of($2, $3), memory, 36, 1)
 }
