@@ -81,7 +81,7 @@ zervan_pkgconfig(zervan)
 if(ZERVAN_WORKBENCH)
   list(TRANSFORM rooms PREPEND tpn_ OUTPUT_VARIABLE libraries)
   zervan_archive(tpn LIBRARIES ${libraries}
-    USES archive_zervan nlohmann_json::nlohmann_json cadical bliss md
+    USES archive_zervan nlohmann_json::nlohmann_json cadical bliss gmp md
       pugixml::pugixml)
   list(TRANSFORM rooms PREPEND workbench/ OUTPUT_VARIABLE folders)
   zervan_headers(${folders})
