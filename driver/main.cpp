@@ -48,8 +48,8 @@ bool complain(const WrittenRun& run, const Written& log) {
   return run.clauses.cut() || run.map.cut() || !log.whole();
 }
 
-// Memory that a table has grown out of is kept for the next one: handed back to the system and asked
-// for again, it would come as pages to be cleared once more.
+// Memory that a table has grown out of is kept for the next one: handed back to the system and
+// asked for again, it would come as pages to be cleared once more.
 void keepMemory() {
   mallopt(M_MMAP_MAX, 0);
   mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());

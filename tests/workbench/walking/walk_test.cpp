@@ -26,8 +26,7 @@ struct Session {
 Session session(const std::string& input, const Network& net = twoProcesses()) {
   std::istringstream in(input);
   std::ostringstream out;
-  const Walked walked = walk(net, in, out);
-  return {walked, out.str()};
+  return {walk(net, in, out), out.str()};
 }
 
 Session script(const std::string& input, const Network& net = twoProcesses()) {
