@@ -82,7 +82,7 @@ bool Definitions::contains(const Clause& c) const {
 template <class Take>
 void Definitions::clauses(Take&& take) const {
   for (std::size_t i = 0; i < marked_.size(); ++i) {
-    if (i == copiesBegin_ && copiesBegin_ < copiesEnd_) i = copiesEnd_;
+    if (i == copiesBegin_) i = copiesEnd_;
     if (i == marked_.size()) break;
     if (marked_[i] == 0) continue;
     const auto [op, l, r] = (*nodes_)[i];

@@ -16,25 +16,30 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
+// What a command prints on a terminal of so many columns.
+std::string onScreen(const Workplace& place, const std::string& command, unsigned short columns) {
+  int master = -1;
+  winsize size{24, columns, 0, 0};
+  const pid_t child = forkpty(&master, nullptr, nullptr, &size);
+  if (child == 0) {
+    if (chdir(place.folder().c_str()) == 0) execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+    _exit(127);
+  }
+  std::string seen;
+  char block[4096];
+  for (ssize_t n = 0; (n = read(master, block, sizeof block)) > 0;)
+    seen.append(block, static_cast<std::size_t>(n));
+  close(master);
+  int status = 0;
+  waitpid(child, &status, 0);
+  return seen;
+}
+
 class Terminal : public Tpn {
  protected:
   // What arrives at a terminal that has standard error, while standard output goes to "out".
   std::string onTerminal(const std::string& command) const {
-    int master = -1;
-    const pid_t child = forkpty(&master, nullptr, nullptr, nullptr);
-    if (child == 0) {
-      if (chdir(place.folder().c_str()) == 0)
-        execl("/bin/sh", "sh", "-c", (command + " >out").c_str(), nullptr);
-      _exit(127);
-    }
-    std::string seen;
-    char block[4096];
-    for (ssize_t n = 0; (n = read(master, block, sizeof block)) > 0;)
-      seen.append(block, static_cast<std::size_t>(n));
-    close(master);
-    int status = 0;
-    waitpid(child, &status, 0);
-    return seen;
+    return onScreen(place, command + " >out", 80);
   }
 };
 
@@ -72,25 +77,6 @@ TEST_F(Terminal, NamesOfFilesAreNotObeyed) {
     EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x1b")));
     EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr("\x9b")));
   }
-}
-
-// What a command prints on a terminal of so many columns.
-std::string onScreen(const Workplace& place, const std::string& command, unsigned short columns) {
-  int master = -1;
-  winsize size{24, columns, 0, 0};
-  const pid_t child = forkpty(&master, nullptr, nullptr, &size);
-  if (child == 0) {
-    if (chdir(place.folder().c_str()) == 0) execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-    _exit(127);
-  }
-  std::string seen;
-  char block[4096];
-  for (ssize_t n = 0; (n = read(master, block, sizeof block)) > 0;)
-    seen.append(block, static_cast<std::size_t>(n));
-  close(master);
-  int status = 0;
-  waitpid(child, &status, 0);
-  return seen;
 }
 
 // The widest line, without sequences that colour it.
