@@ -6,13 +6,16 @@
 
 #include "workbench/campaign/plots.hpp"
 #include "workbench/campaign/tables.hpp"
+#include "workbench/views/page/html.hpp"
+#include "workbench/views/page/policy.hpp"
+#include "workbench/views/svgelements.hpp"
 #include "workbench/views/viewparts.hpp"
 
 namespace tpn {
 
 namespace {
 
-const char* const style = R"(<style>
+const char* const pageStyle = R"(
 body { font-family: "DejaVu Sans", Verdana, Arial, sans-serif; font-size: 13px; margin: 2em; }
 table { border-collapse: collapse; }
 th, td { border-bottom: 1px solid #ddd; padding: 2px 10px; text-align: left; }
@@ -21,8 +24,14 @@ tr.reachable { background: #fff3e6; }
 tr.unreachable { background: #eaf6ee; }
 tr.failed, tr.broken, tr.refuted { background: #fde2e2; }
 pre { background: #f5f5f5; padding: 1em; }
-</style>
 )";
+
+// With that of the plots, which lose theirs: a page has one style, which its policy names.
+std::string style() {
+  const std::string plots = svgStyle;
+  const std::size_t begin = plots.find('>') + 1;
+  return pageStyle + plots.substr(begin, plots.rfind("</style>") - begin);
+}
 
 std::string cell(const std::string& text, bool isNumber = false) {
   return std::string(isNumber ? "<td class=\"number\">" : "<td>") + xmlText(text) + "</td>";
@@ -69,10 +78,14 @@ std::string tableHtml(const Collection& c) {
 
 std::string collectionHtml(const Collection& c) {
   const std::string title = xmlText(c.plan.title.empty() ? "campaign" : c.plan.title);
-  return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + title +
-         "</title>\n" + style + "</head>\n<body>\n<h1>" + title + "</h1>\n<pre>" +
-         linesHtml(summary(c)) + "</pre>\n" + timeOverSize(c) + cactus(c) + tableHtml(c) +
-         "</body>\n</html>\n";
+  return "<!DOCTYPE html>\n<html lang=\"en\">\n" +
+         element("head", "\n<meta charset=\"utf-8\">\n<meta" +
+                             attribute("http-equiv", "Content-Security-Policy") +
+                             attribute("content", contentPolicy(style(), "")) + ">\n" +
+                             element("title", title) + element("style", style())) +
+         element("body", "\n" + element("h1", title) + element("pre", linesHtml(summary(c))) +
+                             inlineSvg(timeOverSize(c)) + inlineSvg(cactus(c)) + tableHtml(c)) +
+         "</html>\n";
 }
 
 }  // namespace tpn

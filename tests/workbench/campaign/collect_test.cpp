@@ -208,6 +208,7 @@ TEST(Collect, TextsAndPicturesHaveEveryJob) {
   EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 5);
   EXPECT_THAT(collectionText(c), HasSubstr("4 jobs, 4 answered\n"));
   EXPECT_THAT(collectionHtml(c), HasSubstr("time over size"));
+  EXPECT_THAT(collectionHtml(c), HasSubstr("default-src 'none'"));
   EXPECT_THAT(timeOverSize(c), HasSubstr("counting, p2, ic3"));
   EXPECT_THAT(cactus(c), HasSubstr("<polyline"));
 }
