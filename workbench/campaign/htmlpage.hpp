@@ -1,5 +1,5 @@
-// A collection as one page without scripts or links, which its policy rules out as well: the summary,
-// both plots, the table.
+// A collection as one page without scripts or links, which its policy rules out as well: the
+// summary, both plots, the table.
 
 #pragma once
 

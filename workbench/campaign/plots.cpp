@@ -60,10 +60,10 @@ class Axes {
       text += stroke(left, at, left + width, at, attribute("stroke", "#ddd"));
       text += label(left - 6, at + 4, "lane", secondsText(decade));
     }
-    for (int i = 0; i <= 4; ++i) {
-      const double value = mostX_ * i / 4;
-      text += label(x(value), top + height + 16, "mark", std::to_string(std::lround(value)));
-    }
+    const long step = std::lround(std::ceil(mostX_ / 4));
+    for (long value = 0; static_cast<double>(value) <= mostX_; value += step)
+      text +=
+          label(x(static_cast<double>(value)), top + height + 16, "mark", std::to_string(value));
     text += box(left, top, width, height, attribute("class", "axis"));
     text += label(left + width / 2, top + height + 34, "mark", alongX);
     return text + label(8, top - 8, "quiet", "seconds");

@@ -213,5 +213,20 @@ TEST(Collect, TextsAndPicturesHaveEveryJob) {
   EXPECT_THAT(cactus(c), HasSubstr("<polyline"));
 }
 
+// Where a mark stands, there its number is: points of sizes 0 .. 5 lie 96 apart.
+TEST(Collect, PlotsMarkWholeNumbersWhereTheyAre) {
+  Collection c;
+  Row row;
+  row.state = Row::answered;
+  row.answer = JobAnswer::unreachable;
+  row.job.size = 5;
+  c.rows.push_back(row);
+  const std::string plot = timeOverSize(c);
+  for (const int value : {0, 2, 4}) {
+    const std::string at = " x=\"" + std::to_string(70 + 96 * value) + "\"";
+    EXPECT_THAT(plot, testing::ContainsRegex(at + "[^>]*>" + std::to_string(value) + "</text>"));
+  }
+}
+
 }  // namespace
 }  // namespace tpn
