@@ -21,9 +21,9 @@ constexpr std::size_t mostLocations = 24;
 // Of one kind of processes.
 class Drawing {
  public:
-  Drawing(const Network& net, const std::vector<Parts>& parts,
-          const std::vector<std::size_t>& kinds, const std::vector<std::size_t>& processes)
-      : net_(net), kinds_(kinds), processes_(processes) {
+  Drawing(const Network& net, const std::vector<Parts>& parts, const std::vector<Crew>& crews,
+          const std::vector<std::size_t>& processes)
+      : net_(net), crews_(crews), processes_(processes) {
     for (const std::size_t p : processes)
       for (const Part& part : parts[p])
         arrows_[{part.source, part.target, isShared(net.transitions[part.transition]), !part.counts,
@@ -54,13 +54,14 @@ class Drawing {
         result.table.push_back({location, entries(location.location, into[location.location])});
     } else {
       for (const auto& [arrow, seen] : arrows_)
-        result.arrows.push_back({arrow, captionsOf(net_, seen, kinds_)});
+        result.arrows.push_back({arrow, captionsOf(net_, seen, crews_)});
     }
     return result;
   }
 
  private:
   using Arrows = std::map<Arrow, std::vector<Seen>>;
+  using Key = std::pair<std::string, std::size_t>;  // interval and sort of crew
 
   const Process& first() const { return net_.processes[processes_[0]]; }
 
@@ -98,7 +99,7 @@ class Drawing {
 
       auto operator<=>(const Way&) const = default;
     };
-    std::map<Way, std::map<std::string, std::pair<std::set<int>, std::vector<Seen>>>> ways;
+    std::map<Way, std::map<Key, std::pair<std::set<int>, std::vector<Seen>>>> ways;
     for (const Arrows::value_type* const entering : arrows) {
       const auto& [arrow, seen] = *entering;
       Way way{arrow, arrow.source == arrow.target};
@@ -113,18 +114,15 @@ class Drawing {
     std::vector<Entry> result;
     for (const auto& [way, byKey] : ways)
       for (const auto& [ignored, sourcesAndSeen] : byKey)
-        for (const Caption& caption : captionsOf(net_, sourcesAndSeen.second, kinds_))
+        for (const Caption& caption : captionsOf(net_, sourcesAndSeen.second, crews_))
           result.push_back({way.stays ? "stays" : sourcesText(sourcesAndSeen.first, location),
                             way.arrow, caption});
     return result;
   }
 
-  std::string key(const Seen& seen) const {
-    const Transition& t = net_.transitions[seen.part.transition];
-    std::string result = text(t.interval);
-    for (const Move& move : t.moves)
-      if (move.process != seen.process) result += " " + std::to_string(kinds_[move.process]);
-    return result;
+  Key key(const Seen& seen) const {
+    const std::size_t t = seen.part.transition;
+    return {text(net_.transitions[t].interval), crews_[t].sort};
   }
 
   std::string sourcesText(const std::set<int>& sources, int target) const {
@@ -136,7 +134,7 @@ class Drawing {
   }
 
   const Network& net_;
-  const std::vector<std::size_t>& kinds_;
+  const std::vector<Crew>& crews_;
   const std::vector<std::size_t>& processes_;
   Arrows arrows_;
 };
@@ -172,9 +170,10 @@ std::string classesOf(const Caption& caption) {
 std::vector<Automaton> automataOf(const Network& net, bool each) {
   const std::vector<Parts> parts = partsByProcess(net);
   const std::vector<std::size_t> kinds = kindsOfProcesses(net);
+  const std::vector<Crew> crews = crewsOf(net, kinds);
   std::vector<Automaton> automata;
   for (const auto& group : groupsOf(kinds, each || net.processes.size() <= mostOfALittle))
-    automata.push_back(Drawing(net, parts, kinds, group).automaton());
+    automata.push_back(Drawing(net, parts, crews, group).automaton());
   return automata;
 }
 

@@ -18,64 +18,74 @@ constexpr std::size_t mostPartners = 6;
 
 using Processes = std::vector<std::size_t>;
 
-// The others of a transition, by kind, those of a kind by number.
-Processes partnersOf(const Network& net, const Seen& seen, const std::vector<std::size_t>& kinds) {
+// The first of the others of a transition, as many as are written.
+Processes partnersOf(const Crew& crew, std::size_t process) {
   Processes others;
-  for (const Move& move : net.transitions[seen.part.transition].moves)
-    if (move.process != seen.process) others.push_back(move.process);
-  std::stable_sort(others.begin(), others.end(),
-                   [&](std::size_t a, std::size_t b) { return kinds[a] < kinds[b]; });
+  for (const std::size_t mover : crew.movers) {
+    if (others.size() == mostPartners) break;
+    if (mover != process) others.push_back(mover);
+  }
   return others;
 }
 
-std::vector<std::string> namesOf(const Network& net, const Processes& processes) {
-  std::vector<std::string> names;
-  for (const std::size_t p : processes) names.push_back(shownProcess(net, p));
-  return names;
-}
-
-// Partners that stand beside each other in every one of the sets, which are of one length.
-std::string partnersText(const Network& net, const std::set<Processes>& sets) {
-  if (sets.size() == 1) return shortened(namesOf(net, *sets.begin()), ", ", mostPartners);
+// Partners that stand beside each other in every one of the sets, which are of one length and the
+// first of `total`.
+std::string partnersText(const Network& net, const std::set<Processes>& sets, std::size_t total) {
   std::vector<std::string> words;
   for (std::size_t i = 0; i < sets.begin()->size(); ++i) {
     std::set<std::size_t> here;
     for (const Processes& set : sets) here.insert(set[i]);
-    words.push_back(eitherOf(namesOf(net, {here.begin(), here.end()})));
+    std::vector<std::string> names;
+    for (const std::size_t p : here) names.push_back(shownProcess(net, p));
+    words.push_back(eitherOf(names));
   }
-  return shortened(words, ", ", mostPartners);
+  return shortened(words, total, ", ", mostPartners);
 }
 
 struct Line {
   std::string interval;
   std::set<Processes> partners;
+  std::size_t totalPartners = 0;
   std::vector<std::size_t> transitions;
   std::vector<std::string> names;
 };
 
 }  // namespace
 
+std::vector<Crew> crewsOf(const Network& net, const std::vector<std::size_t>& kinds) {
+  std::vector<Crew> crews;
+  std::map<std::vector<std::size_t>, std::size_t> sorts;  // by the kinds of the movers
+  for (const Transition& t : net.transitions) {
+    Crew crew;
+    for (const Move& move : t.moves) crew.movers.push_back(move.process);
+    std::stable_sort(crew.movers.begin(), crew.movers.end(),
+                     [&](std::size_t a, std::size_t b) { return kinds[a] < kinds[b]; });
+    std::vector<std::size_t> kindsHere;
+    for (const std::size_t p : crew.movers) kindsHere.push_back(kinds[p]);
+    crew.sort = sorts.try_emplace(std::move(kindsHere), sorts.size()).first->second;
+    crews.push_back(std::move(crew));
+  }
+  return crews;
+}
+
 std::vector<Caption> captionsOf(const Network& net, const std::vector<Seen>& seen,
-                                const std::vector<std::size_t>& kinds) {
+                                const std::vector<Crew>& crews) {
   std::vector<Line> lines;
-  std::map<std::pair<std::string, Processes>, std::size_t> places;  // by interval and kinds
+  std::map<std::pair<std::string, std::size_t>, std::size_t> places;  // by interval and sort
   for (const Seen& one : seen) {
-    const Processes partners = partnersOf(net, one, kinds);
-    Processes partnerKinds;
-    for (const std::size_t p : partners) partnerKinds.push_back(kinds[p]);
+    const Crew& crew = crews[one.part.transition];
     const std::string interval = text(net.transitions[one.part.transition].interval);
-    const auto [place, isNew] =
-        places.try_emplace({interval, std::move(partnerKinds)}, lines.size());
-    if (isNew) lines.push_back({interval, {}, {}, {}});
+    const auto [place, isNew] = places.try_emplace({interval, crew.sort}, lines.size());
+    if (isNew) lines.push_back({interval, {}, crew.movers.size() - 1, {}, {}});
     Line& line = lines[place->second];
-    line.partners.insert(partners);
+    line.partners.insert(partnersOf(crew, one.process));
     line.transitions.push_back(one.part.transition);
     line.names.push_back(shownTransition(net, one.part.transition));
   }
   std::vector<Caption> captions;
   for (Line& line : lines) {
     std::string words = joined(summary(line.names, mostNames), ", ") + "  " + line.interval;
-    const std::string partners = partnersText(net, line.partners);
+    const std::string partners = partnersText(net, line.partners, line.totalPartners);
     if (!partners.empty()) words += " with " + partners;
     captions.push_back({std::move(words), std::move(line.transitions), std::move(line.names)});
   }

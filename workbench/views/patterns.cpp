@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cassert>
 #include <map>
+#include <set>
+#include <string_view>
 
 #include "workbench/views/viewparts.hpp"
 
@@ -46,16 +48,16 @@ struct Kin {
   std::vector<std::string> names;
 };
 
-// By skeleton, in order of appearance.
+// By skeleton, in order of appearance, each once.
 std::vector<Kin> kinsOf(const std::vector<std::string>& names) {
   std::vector<Kin> kins;
   std::map<std::string, std::size_t> places;
+  std::set<std::string_view> known;
   for (const std::string& name : names) {
     const std::string bare = skeleton(name);
     const auto [place, isNew] = places.try_emplace(bare, kins.size());
     if (isNew) kins.push_back({bare, {}});
-    std::vector<std::string>& known = kins[place->second].names;
-    if (std::find(known.begin(), known.end(), name) == known.end()) known.push_back(name);
+    if (known.insert(name).second) kins[place->second].names.push_back(name);
   }
   return kins;
 }

@@ -90,9 +90,6 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
   return all;
 }
 
-namespace {
-
-// Of a list of `total` items, the first of which are `items`: `limit` at least, or all.
 std::string shortened(const std::vector<std::string>& items, std::size_t total,
                       const std::string& separator, std::size_t limit) {
   if (total <= limit) return joined(items, separator);
@@ -100,8 +97,6 @@ std::string shortened(const std::vector<std::string>& items, std::size_t total,
   return joined({items.begin(), end}, separator) + " ... " + std::to_string(total - limit + 1) +
          " more";
 }
-
-}  // namespace
 
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit) {

@@ -61,6 +61,9 @@ std::string joined(const std::vector<std::string>& items, const std::string& sep
 // At most `limit` items; "... 7 more" stands for the others.
 std::string shortened(const std::vector<std::string>& items, const std::string& separator,
                       std::size_t limit);
+// Of a list of `total` items, the first of which are `items`: `limit` at least, or all.
+std::string shortened(const std::vector<std::string>& items, std::size_t total,
+                      const std::string& separator, std::size_t limit);
 
 // All other processes of a transition, shortened like this.
 std::string partners(const Network& net, const Transition& t, std::size_t process,
