@@ -27,7 +27,7 @@ struct FaultedRun {
 // longer than `bounds` allow is ended, and told in the outcome.
 inline FaultedRun runWithFault(const Workplace& place, Fault kind, int n,
                                const std::vector<std::string>& argv,
-                               const Bounds& bounds = {.time = std::chrono::seconds(30)}) {
+                               const Bounds& bounds = {.time = std::chrono::minutes(2)}) {
   const Workplace notes;
   const std::string log = (notes.folder() / "hit").string();
   std::vector<std::string> arguments{

@@ -16,6 +16,9 @@ namespace {
 using testing::HasSubstr;
 using namespace std::chrono_literals;
 
+// Far beyond what any of these takes where it grows as it should, on any machine.
+constexpr auto hung = 2min;
+
 class Large : public testing::Test {
  protected:
   void write(const tpn::Network& net) const {
@@ -31,18 +34,18 @@ class Large : public testing::Test {
   Workplace place;
 };
 
-// Each ended after 10 s and more, on a machine that did nothing else.
+// Each ended after minutes.
 TEST_F(Large, CheckOfThousandsOfProcessesEndsWithItsTime) {
-  write(tpn::manyProcesses(2000));
-  const Outcome outcome = tpn({"check", "net", "phi", "--timeout", "1"}, 8s);
+  write(tpn::manyProcesses(10000));
+  const Outcome outcome = tpn({"check", "net", "phi", "--timeout", "1"}, hung);
   EXPECT_FALSE(outcome.timedOut);
   EXPECT_THAT(outcome.out, HasSubstr("the time is over"));
 }
 
 TEST_F(Large, CheckOfThousandsOfProcessesEndsWhenInterrupted) {
-  write(tpn::manyProcesses(2000));
+  write(tpn::manyProcesses(10000));
   Bounds bounds;
-  bounds.time = 8s;
+  bounds.time = hung;
   const Outcome outcome =
       place.run("timeout", {"-s", "INT", "1", TPN_BINARY, "check", "net", "phi"}, bounds);
   EXPECT_FALSE(outcome.timedOut);
@@ -51,7 +54,7 @@ TEST_F(Large, CheckOfThousandsOfProcessesEndsWhenInterrupted) {
 
 TEST_F(Large, CheckOfAHundredThousandTransitionsEndsWithItsTime) {
   write(tpn::ring(100000));
-  const Outcome outcome = tpn({"check", "net", "phi", "--timeout", "1"}, 15s);
+  const Outcome outcome = tpn({"check", "net", "phi", "--timeout", "1"}, hung);
   EXPECT_FALSE(outcome.timedOut);
   EXPECT_THAT(outcome.out, HasSubstr("the time is over"));
 }
@@ -67,15 +70,15 @@ TEST_F(Large, NetworkIsNotReadToItsEndWhereTheTimeIsOver) {
   place.write("net.tpn", wrongAtItsEnd());
   place.write("phi.tpn", "\np1\n");
   place.write("proof", "");
-  EXPECT_EQ(tpn({"check", "net", "phi"}, 60s).status, 1);
-  const Outcome timed = tpn({"check", "net", "phi", "--timeout", "0.001"}, 60s);
+  EXPECT_EQ(tpn({"check", "net", "phi"}, hung).status, 1);
+  const Outcome timed = tpn({"check", "net", "phi", "--timeout", "0.001"}, hung);
   EXPECT_EQ(timed.status, 30);
   EXPECT_EQ(timed.out, "undecided: the time is over\ngoal: p1\n");
-  EXPECT_EQ(tpn({"check", "net", "-p", "p1 && p2", "--timeout", "0.001"}, 60s).out,
+  EXPECT_EQ(tpn({"check", "net", "-p", "p1 && p2", "--timeout", "0.001"}, hung).out,
             "undecided: the time is over\ngoal: p1 && p2\n");
-  EXPECT_EQ(tpn({"check", "--deadlock", "net", "--timeout", "0.001"}, 60s).out,
+  EXPECT_EQ(tpn({"check", "--deadlock", "net", "--timeout", "0.001"}, hung).out,
             "undecided: the time is over\ngoal: deadlock\n");
-  EXPECT_EQ(tpn({"certify", "net", "phi", "proof", "--timeout", "0.001"}, 60s).status, 30);
+  EXPECT_EQ(tpn({"certify", "net", "phi", "proof", "--timeout", "0.001"}, hung).status, 30);
 }
 
 // The signal comes when the program waits for the file, which is a pipe.
@@ -83,7 +86,7 @@ TEST_F(Large, NetworkIsNotReadToItsEndAfterASignal) {
   place.write("net", wrongAtItsEnd());
   place.write("phi.tpn", "p1\n");
   Bounds bounds;
-  bounds.time = 60s;
+  bounds.time = hung;
   const Outcome outcome = place.run(
       "sh",
       {"-c", "mkfifo net.tpn; " TPN_BINARY
@@ -99,7 +102,7 @@ TEST_F(Large, AHundredThousandTransitionsAreShown) {
   for (const std::vector<std::string>& show : {std::vector<std::string>{"show", "net"},
                                                {"show", "net", "--dot"},
                                                {"show", "net", "--json"}}) {
-    const Outcome outcome = tpn(show, 20s);
+    const Outcome outcome = tpn(show, hung);
     EXPECT_FALSE(outcome.timedOut);
     EXPECT_EQ(outcome.status, 0);
   }
@@ -109,12 +112,12 @@ TEST_F(Large, ThousandsOfProcessesAreShown) {
   write(tpn::manyProcesses(10000));
   for (const std::vector<std::string>& show :
        {std::vector<std::string>{"show", "net"}, {"show", "net", "--dot"}})
-    EXPECT_EQ(tpn(show, 10s).status, 0);
+    EXPECT_EQ(tpn(show, hung).status, 0);
 }
 
 TEST_F(Large, ParallelTransitionsAreShown) {
   write(tpn::parallel(50000));
-  EXPECT_EQ(tpn({"show", "net", "--dot"}, 10s).status, 0);
+  EXPECT_EQ(tpn({"show", "net", "--dot"}, hung).status, 0);
 }
 
 }  // namespace

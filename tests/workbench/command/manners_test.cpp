@@ -15,7 +15,7 @@ using testing::MatchesRegex;
 using testing::Not;
 using testing::StartsWith;
 
-const Bounds soon{.time = std::chrono::seconds(20)};
+const Bounds soon{.time = std::chrono::minutes(2)};
 
 class Manners : public Tpn {
  protected:

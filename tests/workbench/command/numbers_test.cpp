@@ -11,7 +11,7 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const Bounds soon{.time = std::chrono::seconds(20)};
+const Bounds soon{.time = std::chrono::minutes(2)};
 
 class Numbers : public Tpn {
  protected:

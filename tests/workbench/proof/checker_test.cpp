@@ -94,7 +94,7 @@ TEST(Recheck, EndsWhereImagesOfAClauseHaveNoEnd) {
   const Property none{"p2", {{PropertyItem::proposition, 2}}};
   const Recheck result = recheck(endless::network(), none, endless::proof(), over);
   EXPECT_EQ(result.result, Recheck::stopped);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));
 }
 
 TEST(Recheck, ConfirmsNothingWhereverItIsStopped) {

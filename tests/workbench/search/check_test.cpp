@@ -78,10 +78,10 @@ TEST_P(Everywhere, AStopSignalEndsIt) {
 
 TEST_P(Everywhere, TimeEndsIt) {
   tpn::CheckOptions options = with(GetParam(), 0);
-  options.timeout = std::chrono::milliseconds(700);
+  options.timeout = std::chrono::milliseconds(2000);
   const auto begin = std::chrono::steady_clock::now();
   const Verdict v = checked(swappedFischer(6), "p1p2p3p4p5&&&&", options);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::minutes(2));
   EXPECT_EQ(v.answer, Verdict::unknown);
   EXPECT_EQ(v.reason, "the time is over");
   EXPECT_GE(v.bound, 2);
