@@ -9,16 +9,16 @@
 
 namespace {
 
-using Answers = std::vector<bool>;
+using Predictions = std::vector<bool>;
 
 TEST(Explorer, WantsAPathOfTheWholeLength) {
-  EXPECT_EQ(predictions(deadEnd(), 6), (Answers{false, false, true, true, true, false, false}));
+  EXPECT_EQ(predictions(deadEnd(), 6), (Predictions{false, false, true, true, true, false, false}));
 }
 
 TEST(Explorer, SeesThePropertyInTheInitialState) {
   Network net = deadEnd();
   net.property = "p-1";
-  EXPECT_EQ(predictions(net, 2), (Answers{true, true, true}));
+  EXPECT_EQ(predictions(net, 2), (Predictions{true, true, true}));
 }
 
 TEST(Explorer, WaitsForTheLastOfTheProcessesToBeReady) {
@@ -44,7 +44,7 @@ TEST(Explorer, StopsTimeAtTheLatestFiring) {
 }
 
 TEST(Explorer, BreaksFischerAfterSixActionsJustWhereWritingIsSlow) {
-  const Answers broken = predictions(fischer(2, 2, 2), 17);
+  const Predictions broken = predictions(fischer(2, 2, 2), 17);
   EXPECT_FALSE(broken[16]);
   EXPECT_TRUE(broken[17]);
   EXPECT_FALSE(predictions(fischer(2, 1, 2), 40).back());

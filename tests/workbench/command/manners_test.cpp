@@ -15,13 +15,11 @@ using testing::MatchesRegex;
 using testing::Not;
 using testing::StartsWith;
 
-const Bounds soon{.time = std::chrono::minutes(2)};
-
 class Manners : public Tpn {
  protected:
   // What it says of words that make no sense.
   std::string misuse(const std::vector<std::string>& arguments) const {
-    const Outcome outcome = place.run(TPN_BINARY, arguments, soon);
+    const Outcome outcome = tpn(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments.back();
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(outcome.err, MatchesRegex("tpn: [^\n]*\n"));
@@ -88,10 +86,8 @@ TEST_F(Manners, MissingFileIsToldWithAllNamesTried) {
 }
 
 TEST_F(Manners, FolderThatIsNotThereIsToldBeforeTheSearch) {
-  const Outcome outcome = place.run(TPN_BINARY,
-                                    {"check", "fischer", "violation", "--engine", "bmc",
-                                     "--max-transitions", "100000", "--svg", "none/run.svg"},
-                                    soon);
+  const Outcome outcome = tpn({"check", "fischer", "violation", "--engine", "bmc",
+                               "--max-transitions", "100000", "--svg", "none/run.svg"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "");
   EXPECT_EQ(outcome.err, "tpn: none/run.svg: cannot be written: No such file or directory\n");

@@ -11,12 +11,10 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const Bounds soon{.time = std::chrono::minutes(2)};
-
 class Numbers : public Tpn {
  protected:
   void refused(const std::vector<std::string>& arguments, const std::string& range) const {
-    const Outcome outcome = place.run(TPN_BINARY, arguments, soon);
+    const Outcome outcome = tpn(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments.back();
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(outcome.err, HasSubstr(arguments.back() + " is no " + range));
@@ -65,12 +63,12 @@ TEST_F(Tpn, RunIsFoundWhateverASolverSays) {
                                          "./" + solver, "--jobs",    "3"};
   std::vector<std::string> inJson = command;
   inJson.emplace_back("--json");
-  const Outcome json = place.run(TPN_BINARY, inJson, soon);
+  const Outcome json = tpn(inJson);
   EXPECT_EQ(json.status, 10) << json.err;
   const nlohmann::json value = nlohmann::json::parse(json.out);
   EXPECT_EQ(value.at("answer"), "reachable");
   EXPECT_THAT(json.out, HasSubstr("no \xef\xbf\xbd cheese"));
-  const Outcome text = place.run(TPN_BINARY, command, soon);
+  const Outcome text = tpn(command);
   EXPECT_EQ(text.status, 10) << text.err;
   EXPECT_THAT(text.out, testing::Not(HasSubstr("\xff")));
   EXPECT_THAT(text.out, testing::Not(HasSubstr("\x1b")));

@@ -10,14 +10,14 @@
 namespace tpn {
 namespace {
 
-PetriNet read(const std::string& text) {
+PetriNet readTina(const std::string& text) {
   Diagnostics found;
   const auto net = readTina("net", text, found);
   for (const Diagnostic& d : found) ADD_FAILURE() << tpn::text(d) << "\n" << text;
   return net.value_or(PetriNet{});
 }
 
-std::vector<std::string> complaints(const std::string& text) {
+std::vector<std::string> tinaComplaints(const std::string& text) {
   Diagnostics found;
   EXPECT_FALSE(readTina("net", text, found));
   std::vector<std::string> all;
@@ -30,7 +30,7 @@ using Indices = std::vector<std::size_t>;
 using Complaints = std::vector<std::string>;
 
 TEST(TinaReader, TakesTransitions) {
-  const PetriNet net = read("tr t [2,5] a b?1 c*1 -> d");
+  const PetriNet net = readTina("tr t [2,5] a b?1 c*1 -> d");
   ASSERT_EQ(net.transitions.size(), 1U);
   const PetriNet::Transition& t = net.transitions[0];
   EXPECT_EQ(t.name, "t");
@@ -41,7 +41,7 @@ TEST(TinaReader, TakesTransitions) {
 }
 
 TEST(TinaReader, TakesPlacesWithTheirArcs) {
-  const PetriNet net = read("pl a (1) t -> u v?1");
+  const PetriNet net = readTina("pl a (1) t -> u v?1");
   ASSERT_EQ(net.transitions.size(), 3U);
   EXPECT_TRUE(net.places[0].marked);
   EXPECT_EQ(net.transitions[0].produced, (Indices{0}));
@@ -51,62 +51,62 @@ TEST(TinaReader, TakesPlacesWithTheirArcs) {
 
 TEST(TinaReader, AddsDeclarationsUp) {
   const PetriNet net =
-      read("tr t [1,2]\ntr t a ->\npl b t ->\npl a (1)\ntr t -> c\nlb t x\npl b : y");
-  EXPECT_TRUE(net == read("pl a (1) pl b : y pl c tr t : x [1,2] a -> b c"));
+      readTina("tr t [1,2]\ntr t a ->\npl b t ->\npl a (1)\ntr t -> c\nlb t x\npl b : y");
+  EXPECT_TRUE(net == readTina("pl a (1) pl b : y pl c tr t : x [1,2] a -> b c"));
 }
 
 TEST(TinaReader, NeedsNoLineEnds) {
-  EXPECT_TRUE(read("net n tr t [0,w[ a -> b pl a (1)") ==
-              read("net\nn\n\ntr\nt [ 0 ,\tw [ a\n-> b\r\npl a(1)\r\n"));
+  EXPECT_TRUE(readTina("net n tr t [0,w[ a -> b pl a (1)") ==
+              readTina("net\nn\n\ntr\nt [ 0 ,\tw [ a\n-> b\r\npl a(1)\r\n"));
 }
 
 TEST(TinaReader, PassesOverComments) {
-  EXPECT_TRUE(read("# pl x (2)\n  # too\npl a (1)\n#") == read("pl a (1)"));
+  EXPECT_TRUE(readTina("# pl x (2)\n  # too\npl a (1)\n#") == readTina("pl a (1)"));
 }
 
 TEST(TinaReader, HasNoLimitWhereNoneIsGiven) {
-  EXPECT_EQ(read("tr t a ->").transitions[0].interval, Interval{});
-  EXPECT_EQ(read("tr t [3,w[ a ->").transitions[0].interval, (Interval{3, {}}));
+  EXPECT_EQ(readTina("tr t a ->").transitions[0].interval, Interval{});
+  EXPECT_EQ(readTina("tr t [3,w[ a ->").transitions[0].interval, (Interval{3, {}}));
 }
 
 TEST(TinaReader, CountsInThousandsAndMillions) {
-  EXPECT_EQ(read("tr t [3K,2M] a ->").transitions[0].interval, (Interval{3000, 2000000}));
+  EXPECT_EQ(readTina("tr t [3K,2M] a ->").transitions[0].interval, (Interval{3000, 2000000}));
 }
 
 TEST(TinaReader, TakesNamesInBraces) {
-  const PetriNet net = read("pl {a b} pl {tr} pl {a\\}\\{\\\\c\\d}");
+  const PetriNet net = readTina("pl {a b} pl {tr} pl {a\\}\\{\\\\c\\d}");
   EXPECT_EQ(net.places[0].name, "a b");
   EXPECT_EQ(net.places[1].name, "tr");
   EXPECT_EQ(net.places[2].name, "a}{\\c\\d");
-  EXPECT_TRUE(read("pl {a}") == read("pl a"));
+  EXPECT_TRUE(readTina("pl {a}") == readTina("pl a"));
 }
 
 TEST(TinaReader, TakesAPlaceForConsumedThatIsReadAsWell) {
-  const PetriNet net = read("tr t a?1 a -> a");
+  const PetriNet net = readTina("tr t a?1 a -> a");
   EXPECT_EQ(net.transitions[0].consumed, (Indices{0}));
   EXPECT_TRUE(net.transitions[0].read.empty());
   EXPECT_EQ(net.transitions[0].produced, (Indices{0}));
 }
 
-TEST(TinaReader, MayHoldNothing) { EXPECT_TRUE(read("") == PetriNet{}); }
+TEST(TinaReader, MayHoldNothing) { EXPECT_TRUE(readTina("") == PetriNet{}); }
 
 TEST(TinaReader, FindsEveryMistake) {
   EXPECT_EQ(
-      complaints("pl a (2)\ntr t ]1,2] a*2 -> b\ntr u a?-1 -> b\ntr [\ntr v b! ->\npr t > u"),
+      tinaComplaints("pl a (2)\ntr t ]1,2] a*2 -> b\ntr u a?-1 -> b\ntr [\ntr v b! ->\npr t > u"),
       (Complaints{"1:7 net-marking", "2:6 net-interval-open", "2:12 net-weight",
                   "3:7 net-inhibitor", "4:4 net-syntax", "5:9 net-syntax", "6:1 net-priority"}));
 }
 
 TEST(TinaReader, GoesOnBehindAMistakeAtTheNextDeclaration) {
-  EXPECT_EQ(complaints("tr t ( pl a (2)\n-> b (7)\npl b (2)"),
+  EXPECT_EQ(tinaComplaints("tr t ( pl a (2)\n-> b (7)\npl b (2)"),
             (Complaints{"1:6 net-syntax", "3:7 net-marking"}));
 }
 
 TEST(TinaReader, WritesItsOwnNames) {
   for (const std::string name :
        {"a", "0", "a'b", "tr", "net", "w", "a b", "{}", "\\", "#", "a\tb"}) {
-    EXPECT_EQ(read("pl " + tinaName(name)).places[0].name, name);
-    EXPECT_EQ(read("tr t " + tinaName(name) + " ->").places[0].name, name);
+    EXPECT_EQ(readTina("pl " + tinaName(name)).places[0].name, name);
+    EXPECT_EQ(readTina("tr t " + tinaName(name) + " ->").places[0].name, name);
   }
 }
 

@@ -36,7 +36,7 @@ bool holdsAt(const std::string& text, const Locations& at, bool deadlock = false
   return holds(readInfix(text, net), StateFacts{held, at, deadlock});
 }
 
-std::string mistake(const std::string& text) {
+std::string mistakeIn(const std::string& text) {
   try {
     readInfix(text, stations());
   } catch (const ExpressionError& error) {
@@ -176,13 +176,14 @@ TEST(Infix, SaysTheSameAsPostfix) {
 }
 
 TEST(Infix, UnknownNamesAreToldWithWhatWouldFit) {
-  EXPECT_EQ(mistake("wroks_1"), "0: no proposition `wroks_1`; there is `works_1`");
-  EXPECT_EQ(mistake("true && s1.bussy"), "11: no location `bussy` in process s1; there is `busy`");
-  EXPECT_EQ(mistake("t1.busy"), "0: no process `t1`; there is `s1`");
-  EXPECT_EQ(mistake("5.0"), "0: no process `5`");
-  EXPECT_EQ(mistake("4.1"), "2: no location `1` in process 4");
-  EXPECT_EQ(mistake("atleast(1, zzz*)"), "11: no proposition fits `zzz*`");
-  EXPECT_EQ(mistake("atleast(1, s*.zzz*)"),
+  EXPECT_EQ(mistakeIn("wroks_1"), "0: no proposition `wroks_1`; there is `works_1`");
+  EXPECT_EQ(mistakeIn("true && s1.bussy"),
+            "11: no location `bussy` in process s1; there is `busy`");
+  EXPECT_EQ(mistakeIn("t1.busy"), "0: no process `t1`; there is `s1`");
+  EXPECT_EQ(mistakeIn("5.0"), "0: no process `5`");
+  EXPECT_EQ(mistakeIn("4.1"), "2: no location `1` in process 4");
+  EXPECT_EQ(mistakeIn("atleast(1, zzz*)"), "11: no proposition fits `zzz*`");
+  EXPECT_EQ(mistakeIn("atleast(1, s*.zzz*)"),
             "14: no location fits `zzz*` in any of these processes");
 }
 

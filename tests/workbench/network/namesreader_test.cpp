@@ -11,10 +11,10 @@ namespace {
 
 using testing::IsEmpty;
 
-Found named(const std::string& lines) { return inNetwork(lamp + "names\n" + lines); }
+Found namesIn(const std::string& lines) { return inNetwork(lamp + "names\n" + lines); }
 
 TEST(NamesSection, NamesPartsOfTheNetwork) {
-  const Found found = named(
+  const Found found = namesIn(
       "process 1 lamp\n"
       "location 1 0 off\nlocation 1 1 {turned on}\n"
       "transition 2 _push2\n\n \n"
@@ -29,26 +29,26 @@ TEST(NamesSection, NamesPartsOfTheNetwork) {
 }
 
 TEST(NamesSection, LeavesTheRestOfTheNetworkAsItIs) {
-  Found found = named("process 1 lamp\n");
+  Found found = namesIn("process 1 lamp\n");
   ASSERT_TRUE(found.network);
   found.network->names = {};
   EXPECT_EQ(*found.network, *inNetwork(lamp).network);
 }
 
 TEST(NamesSection, MayBeEmpty) {
-  EXPECT_THAT(named("").diagnostics, IsEmpty());
-  EXPECT_EQ(named("").network, inNetwork(lamp).network);
+  EXPECT_THAT(namesIn("").diagnostics, IsEmpty());
+  EXPECT_EQ(namesIn("").network, inNetwork(lamp).network);
 }
 
 TEST(NamesSection, ComesBehindRemarksAtMost) {
   EXPECT_EQ(inNetwork(lamp + "remark\nnames\nprocess 1 lamp\n").ids(), (Ids{{14, "after-end"}}));
-  EXPECT_EQ(named("process 1 lamp\nremark\n").ids(), (Ids{{16, "name-line"}}));
+  EXPECT_EQ(namesIn("process 1 lamp\nremark\n").ids(), (Ids{{16, "name-line"}}));
 }
 
 TEST(NamesSection, AllMistakesAreToldInOneGo) {
-  EXPECT_EQ(named("lamp 1 lamp\nprocess one lamp\nprocess 1\nprocess\nlocation 1 lamp\n"
-                  "process 1 atleast\nprocess 1 9lives\nprocess 1 {\nprocess 1 {}\n"
-                  "process 1 a-b\nprocess 99999999999 a\n")
+  EXPECT_EQ(namesIn("lamp 1 lamp\nprocess one lamp\nprocess 1\nprocess\nlocation 1 lamp\n"
+                    "process 1 atleast\nprocess 1 9lives\nprocess 1 {\nprocess 1 {}\n"
+                    "process 1 a-b\nprocess 99999999999 a\n")
                 .ids(),
             (Ids{{15, "name-line"},
                  {16, "name-line"},
@@ -62,7 +62,8 @@ TEST(NamesSection, AllMistakesAreToldInOneGo) {
                  {24, "name-malformed"},
                  {25, "name-line"}}));
   EXPECT_EQ(
-      named("process 2 a\nlocation 2 0 a\nlocation 1 2 a\ntransition 0 a\nproposition 6 a\n").ids(),
+      namesIn("process 2 a\nlocation 2 0 a\nlocation 1 2 a\ntransition 0 a\nproposition 6 a\n")
+          .ids(),
       (Ids{{15, "name-unknown"},
            {16, "name-unknown"},
            {17, "name-unknown"},
@@ -71,12 +72,12 @@ TEST(NamesSection, AllMistakesAreToldInOneGo) {
 }
 
 TEST(NamesSection, OneNameStandsForOneThingOfAKind) {
-  EXPECT_THAT(named("process 1 x\nlocation 1 0 x\ntransition 1 x\nproposition 4 x\n").diagnostics,
+  EXPECT_THAT(namesIn("process 1 x\nlocation 1 0 x\ntransition 1 x\nproposition 4 x\n").diagnostics,
               IsEmpty());
-  EXPECT_EQ(named("location 1 0 x\nlocation 1 1 x\n").ids(), (Ids{{16, "name-twice"}}));
-  EXPECT_EQ(named("location 1 0 x\nlocation 1 0 y\n").ids(), (Ids{{16, "name-twice"}}));
-  EXPECT_EQ(named("transition 1 x\ntransition 2 x\n").ids(), (Ids{{16, "name-twice"}}));
-  EXPECT_EQ(named("proposition 4 x\nproposition 5 x\n").ids(), (Ids{{16, "name-twice"}}));
+  EXPECT_EQ(namesIn("location 1 0 x\nlocation 1 1 x\n").ids(), (Ids{{16, "name-twice"}}));
+  EXPECT_EQ(namesIn("location 1 0 x\nlocation 1 0 y\n").ids(), (Ids{{16, "name-twice"}}));
+  EXPECT_EQ(namesIn("transition 1 x\ntransition 2 x\n").ids(), (Ids{{16, "name-twice"}}));
+  EXPECT_EQ(namesIn("proposition 4 x\nproposition 5 x\n").ids(), (Ids{{16, "name-twice"}}));
 }
 
 TEST(ProcessHeading, NamesItsProcess) {

@@ -18,7 +18,7 @@ constexpr int largest = 14;
 
 // For every second network an earliest time beyond all latest ones, which the core's clock range
 // would lose.
-Network varied(unsigned seed) {
+Network variedNetwork(unsigned seed) {
   Network net = randomNetwork(seed);
   if (seed % 2 == 1)
     net.transitions.back().earliest = largestConstant(net) + 1 + static_cast<int>(seed % 3);
@@ -37,7 +37,7 @@ class Embedded : public testing::TestWithParam<unsigned> {};
 TEST_P(Embedded, FindsTheSmallestBound) {
   int reached = 0;
   for (unsigned seed = 40 * GetParam(); seed < 40 * (GetParam() + 1); ++seed) {
-    const Network net = varied(seed);
+    const Network net = variedNetwork(seed);
     if (smallestBound(net, largest)) ++reached;
     EXPECT_EQ(failure(net, {largest, {}, "", 1, ""}, 1), "") << "seed " << seed;
   }
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Seeds, Embedded, testing::Range(0U, 10U));
 
 TEST(EmbeddedCheck, TellsLocationsApartWhateverTheirNumbers) {
   for (unsigned seed = 0; seed < 60; ++seed)
-    EXPECT_EQ(failure(varied(seed), {largest, {}, "", 1, ""}, 4), "") << "seed " << seed;
+    EXPECT_EQ(failure(variedNetwork(seed), {largest, {}, "", 1, ""}, 4), "") << "seed " << seed;
 }
 
 // Whether all runs get stuck, and after how many transitions, is the same question to the explorer
@@ -83,12 +83,12 @@ class BySolver : public testing::TestWithParam<const char*> {};
 
 TEST_P(BySolver, FindsTheSmallestBound) {
   for (unsigned seed = 1000; seed < 1020; ++seed)
-    EXPECT_EQ(failure(varied(seed), {8, {}, GetParam(), 1, ""}, 1), "") << "seed " << seed;
+    EXPECT_EQ(failure(variedNetwork(seed), {8, {}, GetParam(), 1, ""}, 1), "") << "seed " << seed;
 }
 
 TEST_P(BySolver, FindsTheSmallestBoundOfSeveralAtOnce) {
   for (unsigned seed = 2000; seed < 2020; ++seed)
-    EXPECT_EQ(failure(varied(seed), {8, {}, GetParam(), 3, ""}, 4), "") << "seed " << seed;
+    EXPECT_EQ(failure(variedNetwork(seed), {8, {}, GetParam(), 3, ""}, 4), "") << "seed " << seed;
 }
 
 INSTANTIATE_TEST_SUITE_P(Debian, BySolver,
@@ -132,7 +132,7 @@ TEST(EmbeddedCheck, AgreesWithTheCoreBoundByBound) {
 TEST(EmbeddedCheck, KeepsAnswersThatTheCoresFormulasAccept) {
   int reached = 0;
   for (unsigned seed = 4000; seed < 4040; ++seed) {
-    const Network net = varied(seed);
+    const Network net = variedNetwork(seed);
     const Explored e = converted(net);
     const Workplace place;
     const tpn::Verdict v = checked(e, {8, {}, "", 1, place.folder()});

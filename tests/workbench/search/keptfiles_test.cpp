@@ -80,7 +80,7 @@ TEST_F(Kept, FilesOfAnEarlierCheckAreReplaced) {
 TEST_F(Kept, FilesOfSeveralChecksAreAllKnown) {
   const Explored question{circle(3), propertyOf("p1")};
   checked(question, {8, {}, "", 1, folder()});
-  checked({circle(3), propertyOf("p-1")}, {8, {}, "", 1, folder()});  // writes k1 only
+  checked(Explored{circle(3), propertyOf("p-1")}, {8, {}, "", 1, folder()});  // writes k1 only
   EXPECT_NO_THROW(checked(question, {8, {}, "cadical", 1, folder()}));
 }
 
@@ -148,7 +148,7 @@ TEST_F(Kept, MapThatCannotBeWrittenIsNoticed) {
     std::filesystem::create_symlink("/dev/full", place_.folder() / "kept/k2.lck");
     EXPECT_THAT(
         [&] {
-          checked({circle(3), propertyOf("p1")}, {8, {}, solver, 1, folder()});
+          checked(Explored{circle(3), propertyOf("p1")}, {8, {}, solver, 1, folder()});
         },
         testing::ThrowsMessage<std::runtime_error>(
             HasSubstr("k2.lck could not be written completely: No space left")));

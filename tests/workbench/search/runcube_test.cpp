@@ -35,18 +35,18 @@ bool fires(const Run& run, const CubePart& part) {
   return false;
 }
 
-struct Asked {
+struct CubeQuestion {
   Network net;
   Goal goal;
 };
-Asked swappedFischer() {
+CubeQuestion swappedFischer() {
   Network net = familyNamed("fischer-swapped")->network(3);
   Goal goal = readInfix("atleast(2, *.critical)", net);
   return {std::move(net), std::move(goal)};
 }
 
 TEST(RunCube, AndItsOppositeHaveAShortestRunTogether) {
-  const Asked asked = swappedFischer();
+  const CubeQuestion asked = swappedFischer();
   const int shortest = lengthOf(searched(asked.net, asked.goal, {}));
   ASSERT_LE(shortest, most);
   const std::vector<std::vector<std::size_t>> some{{0}, {0, 1, 2, 3}, {5, 7, 11}};
@@ -63,7 +63,7 @@ TEST(RunCube, AndItsOppositeHaveAShortestRunTogether) {
 }
 
 TEST(RunCube, HoldsOfTheRunsThatAreFound) {
-  const Asked asked = swappedFischer();
+  const CubeQuestion asked = swappedFischer();
   for (std::size_t last = 1; last <= 4; ++last)
     for (const bool some : {true, false}) {
       const CubePart part{1, last, some, {0, 1, 2, 3}};
@@ -75,7 +75,7 @@ TEST(RunCube, HoldsOfTheRunsThatAreFound) {
 }
 
 TEST(RunCube, OfEveryTransitionAndOfNoneIsAllOrNothing) {
-  const Asked asked = swappedFischer();
+  const CubeQuestion asked = swappedFischer();
   const std::vector<std::size_t> all = othersThan({}, asked.net.transitions.size());
   const int shortest = lengthOf(searched(asked.net, asked.goal, {}));
   EXPECT_EQ(lengthOf(searched(asked.net, asked.goal, {{1, 4, true, all}})), shortest);

@@ -28,7 +28,7 @@ Network production(std::int64_t latest) {
 const Goal never{"p9", {{PropertyItem::proposition, 9}}};
 const Goal full{"p5", {{PropertyItem::proposition, 5}}};
 
-Answer answer(const Network& net, const Goal& goal, Engine engine) {
+Answer answerOf(const Network& net, const Goal& goal, Engine engine) {
   const std::atomic<bool> stop{false};
   const Watch::Report none;
   Watch watch(std::nullopt, stop, none);
@@ -41,7 +41,7 @@ Answer answer(const Network& net, const Goal& goal, Engine engine) {
 class Safety : public testing::TestWithParam<Engine> {};
 
 TEST_P(Safety, IsProvedWithTheAnswer) {
-  const Answer found = answer(production(2), never, GetParam());
+  const Answer found = answerOf(production(2), never, GetParam());
   ASSERT_EQ(found.kind, Answer::unreachable);
   ASSERT_TRUE(found.certificate);
   EXPECT_EQ(recheck(production(2), orUnsafe(never), *found.certificate, {}).complaint, "");
@@ -56,7 +56,7 @@ class Unsafety : public testing::TestWithParam<Engine> {};
 
 // Taken away at 3 at the latest after it was put there, and that is when the next one may come.
 TEST_P(Unsafety, IsTheAnswerWhereNothingElseIs) {
-  const Answer found = answer(production(3), never, GetParam());
+  const Answer found = answerOf(production(3), never, GetParam());
   ASSERT_EQ(found.kind, Answer::unsafe);
   EXPECT_EQ(found.run->steps.size(), 1U);
   EXPECT_EQ(found.reason, "after a delay of 3 transition put would put a second token on buffer");
@@ -65,7 +65,7 @@ TEST_P(Unsafety, IsTheAnswerWhereNothingElseIs) {
 
 TEST_P(Unsafety, IsNoneWhereTheGoalIsReached) {
   const Network net = production(3);
-  const Answer found = answer(net, full, GetParam());
+  const Answer found = answerOf(net, full, GetParam());
   ASSERT_EQ(found.kind, Answer::reachable);
   EXPECT_EQ(unsafety(net, orUnsafe(full), *found.run), "");
 }
@@ -78,7 +78,7 @@ TEST_P(Unsafety, IsFoundWhereItTakesTime) {
   net.transitions = {{{0, 4}, {{0, 0, 1}, {2, 0, 1, false}}},
                      {{0, 3}, {{2, 1, 0}}},
                      {{5, 6}, {{1, 0, 1}, {2, 0, 1, false}}}};
-  const Answer found = answer(net, never, GetParam());
+  const Answer found = answerOf(net, never, GetParam());
   ASSERT_EQ(found.kind, Answer::unsafe);
   EXPECT_EQ(found.run->steps.size(), 1U);
   EXPECT_GE(found.run->steps[0].delay, Rational(2));
@@ -90,7 +90,7 @@ TEST_P(Unsafety, IsNoneWhereNothingIsInTime) {
   net.transitions.push_back({{4, 4}, {{1, 1, 1}, {0, 1, 0, false}}});
   net.transitions[0].moves[1].target = 1;
   net.transitions[1].interval.latest = 2;
-  const Answer found = answer(net, never, GetParam());
+  const Answer found = answerOf(net, never, GetParam());
   EXPECT_EQ(found.kind, GetParam() == Engine::bounded ? Answer::undecided : Answer::unreachable);
 }
 
@@ -104,7 +104,7 @@ Network reading() {
 }
 
 TEST_P(Tokens, ThatAreOnlyReadGoOn) {
-  const Answer found = answer(reading(), full, GetParam());
+  const Answer found = answerOf(reading(), full, GetParam());
   ASSERT_EQ(found.kind, Answer::reachable);
   EXPECT_EQ(found.run->steps.back().transition, 1U);
 }
@@ -112,7 +112,7 @@ TEST_P(Tokens, ThatAreOnlyReadGoOn) {
 TEST_P(Tokens, ThatAreGivenBackBeginAnew) {
   Network net = reading();
   net.transitions[0].moves[1].resets = true;
-  const Answer found = answer(net, full, GetParam());
+  const Answer found = answerOf(net, full, GetParam());
   EXPECT_EQ(found.kind, GetParam() == Engine::bounded ? Answer::undecided : Answer::unreachable);
 }
 
@@ -122,7 +122,7 @@ TEST_P(Tokens, ThatArePutDownWaitForNothing) {
   Network net;
   net.processes = {{{0, 1}, {}}, {{0, 1}, {{1, {5}}}}};
   net.transitions = {{{1, 1}, {{1, 0, 0}}}, {{2, 2}, {{0, 0, 1}, {1, 0, 1, false}}}};
-  const Answer found = answer(net, full, GetParam());
+  const Answer found = answerOf(net, full, GetParam());
   ASSERT_EQ(found.kind, Answer::reachable);
   EXPECT_EQ(found.run->steps.back().transition, 1U);
 }
