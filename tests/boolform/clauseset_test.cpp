@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int greatest = std::numeric_limits<int>::max();
+constexpr int highest = std::numeric_limits<int>::max();
 
 // Draws literals of one kind: around a centre, of either sign, sometimes empty.
 class Literals {
@@ -75,8 +75,8 @@ TEST_P(ClauseSetModel, ReadsInOrderAfterEveryInsertion) {
 INSTANTIATE_TEST_SUITE_P(Literals, ClauseSetModel,
                          testing::Values(Range{1, 1}, Range{1, 6}, Range{1, 5000},
                                          Range{999990, 1000010}, Range{1000001, 1100000},
-                                         Range{1, 3000000}, Range{greatest - 3, greatest},
-                                         Range{1, greatest}),
+                                         Range{1, 3000000}, Range{highest - 3, highest},
+                                         Range{1, highest}),
                          [](const auto& range) {
                            return "From" + std::to_string(range.param.lowest) + "To" +
                                   std::to_string(range.param.top);

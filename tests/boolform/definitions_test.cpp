@@ -173,14 +173,14 @@ TEST_F(EmptyStore, DefinitionsOfCopiesTakeTheirPlaces) {
     std::mt19937 random(seed);
     clearStore();
     BoolForm whole = copiedChain(seed, 8 + static_cast<int>(random() % 40)).path;
-    const int highest = BoolForm::maxNr;
+    const int top = BoolForm::maxNr;
     for (auto n = random() % 60; n > 0; --n) {
-      const unsigned variables = static_cast<unsigned>(highest - varNrLimit) / 4;
+      const unsigned variables = static_cast<unsigned>(top - varNrLimit) / 4;
       const BoolForm a = lit(node(1 + static_cast<int>(random() % BoolForm::tv.size())));
       const BoolForm b = lit(1 + static_cast<int>(random() % variables));
       whole = random() % 2 == 0 ? con(whole, dis(a, b)) : equ(whole, con(neg(b), a));
     }
-    const int below = highest - static_cast<int>(random() % (BoolForm::tv.size() / 2));
+    const int below = top - static_cast<int>(random() % (BoolForm::tv.size() / 2));
     for (const int root : {std::abs(whole.nr), below}) {
       Definitions definitions;
       Expected expected;

@@ -17,13 +17,13 @@ namespace tpn {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& what) {
+[[noreturn]] void failedCall(const std::string& what) {
   throw std::runtime_error(what + ": " + std::strerror(errno));
 }
 
 void redirect(const std::string& file, int flags, int descriptor) {
   const int opened = open(file.c_str(), flags | O_CLOEXEC, 0666);
-  if (opened < 0 || dup2(opened, descriptor) < 0) fail(file);
+  if (opened < 0 || dup2(opened, descriptor) < 0) failedCall(file);
   close(opened);
 }
 
@@ -36,7 +36,7 @@ void prepare(int notes, pid_t parent) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
   redirect("/dev/null", O_RDONLY, STDIN_FILENO);
   redirect("/dev/null", O_WRONLY, STDOUT_FILENO);
-  if (dup2(notes, STDERR_FILENO) < 0) fail("standard error");
+  if (dup2(notes, STDERR_FILENO) < 0) failedCall("standard error");
 }
 
 [[noreturn]] void live(int notes, pid_t parent, const std::function<int()>& body) {
@@ -55,7 +55,7 @@ void prepare(int notes, pid_t parent) {
 
 Child::Child(const std::function<int()>& body) {
   std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) fail("pipe");
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) failedCall("pipe");
   std::cerr.flush();
   const pid_t parent = getpid();
   pid_ = fork();
@@ -64,7 +64,7 @@ Child::Child(const std::function<int()>& body) {
   notesFrom_ = ends[0];
   if (pid_ < 0) {
     close(notesFrom_);
-    fail("no child process");
+    failedCall("no child process");
   }
   setpgid(pid_, pid_);  // here and there: whoever comes first
 }
@@ -82,7 +82,7 @@ bool Child::running() {
   // Its number stays taken until it is waited for: what it left behind is ended before that.
   siginfo_t info{};
   const auto id = static_cast<id_t>(pid_);
-  if (waitid(P_PID, id, &info, WEXITED | WNOHANG | WNOWAIT) != 0) fail("child process");
+  if (waitid(P_PID, id, &info, WEXITED | WNOHANG | WNOWAIT) != 0) failedCall("child process");
   if (info.si_pid == 0) return true;
   kill(-pid_, SIGKILL);
   int status = 0;
@@ -119,7 +119,7 @@ void become(const std::vector<std::string>& command, const std::string& outFile,
   redirect(outFile, O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
   redirect(errFile, O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
   execv(arguments[0], arguments.data());
-  fail("cannot run " + command[0]);
+  failedCall("cannot run " + command[0]);
 }
 
 }  // namespace tpn

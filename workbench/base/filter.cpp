@@ -16,7 +16,7 @@ namespace tpn {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& what) {
+[[noreturn]] void filterFailed(const std::string& what) {
   throw std::runtime_error(what + ": " + std::strerror(errno));
 }
 
@@ -24,7 +24,7 @@ namespace {
 class Nameless {
  public:
   explicit Nameless(const char* use) : descriptor_(memfd_create(use, MFD_CLOEXEC)) {
-    if (descriptor_ < 0) fail(std::string("no file for ") + use);
+    if (descriptor_ < 0) filterFailed(std::string("no file for ") + use);
   }
   ~Nameless() { close(descriptor_); }
   Nameless(const Nameless&) = delete;
@@ -32,7 +32,7 @@ class Nameless {
 
   int descriptor() const { return descriptor_; }
   void rewind() const {
-    if (lseek(descriptor_, 0, SEEK_SET) != 0) fail("a file in memory");
+    if (lseek(descriptor_, 0, SEEK_SET) != 0) filterFailed("a file in memory");
   }
 
  private:
@@ -53,7 +53,7 @@ struct Streams {
                      dup2(streams.out.descriptor(), STDOUT_FILENO) >= 0 &&
                      dup2(streams.err.descriptor(), STDERR_FILENO) >= 0;
   if (ready) execvp(arguments[0], arguments.data());
-  fail("cannot be run");
+  filterFailed("cannot be run");
 }
 
 std::string firstLine(const std::string& text) { return text.substr(0, text.find('\n')); }

@@ -14,7 +14,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct CertifyArguments {
   Files files;
   std::string certificate;
   bool deadlock = false;
@@ -26,7 +26,7 @@ Exit stopped(const Watch& watch) {
   return neither;
 }
 
-int certify(const Arguments& a) {
+int certify(const CertifyArguments& a) {
   const Watch::Report none;
   const Watch watch(limitOf(a.timeout), stoppedBySignals(), none);
   std::optional<Asked> asked;
@@ -48,7 +48,7 @@ int certify(const Arguments& a) {
 }
 
 // With --deadlock or -p there is no PHI: what stands in its place is the certificate.
-int checkedArguments(Arguments& a) {
+int checkedArguments(CertifyArguments& a) {
   if ((a.deadlock || a.files.property) && a.certificate.empty())
     std::swap(a.certificate, a.files.phi);
   if (!asksOnce(a.files, a.deadlock) || a.certificate.empty()) {
@@ -58,8 +58,8 @@ int checkedArguments(Arguments& a) {
   return certify(a);
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareCertify(CLI::App& app) {
+  const auto a = std::make_shared<CertifyArguments>();
   addNet(app, a->files);
   addPhi(app, a->files);
   app.add_option("FILE", a->certificate, "certificate, as check --certificate writes it")
@@ -72,6 +72,6 @@ Action declare(CLI::App& app) {
 }  // namespace
 
 const Subcommand certifyCommand{"certify", "recheck a certificate that a goal is never reached",
-                                declare};
+                                declareCertify};
 
 }  // namespace tpn

@@ -27,7 +27,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct CheckArguments {
   Files files;
   bool deadlock = false;
   Engine engine = Engine::both;
@@ -71,7 +71,7 @@ class ProgressLine {
   bool shown_ = false;
 };
 
-int answer(const Arguments& a, const Asked& asked, const Answer& v) {
+int answer(const CheckArguments& a, const Asked& asked, const Answer& v) {
   const Inputs question{asked.net, withoutSafety(asked.goal)};
   const Inputs shown{asked.net, shownGoal(question.property, v)};
   std::string text = a.views.shows("json") ? answerJson(question, v)
@@ -90,7 +90,7 @@ int answer(const Arguments& a, const Asked& asked, const Answer& v) {
 }
 
 // The search has a watch of its own, for the time that is left.
-Answer byBounds(const Arguments& a, const Asked& asked, const std::atomic<bool>& stopped,
+Answer byBounds(const CheckArguments& a, const Asked& asked, const std::atomic<bool>& stopped,
                 const Watch::Report& report, const Watch& watch) {
   CheckOptions options = a.byBounds;
   options.timeout = watch.left();
@@ -98,14 +98,14 @@ Answer byBounds(const Arguments& a, const Asked& asked, const std::atomic<bool>&
   return answerOf(check(asked.net, asked.goal, options, stopped, report));
 }
 
-Answer byEngines(const Arguments& a, const Asked& asked, Watch& watch) {
+Answer byEngines(const CheckArguments& a, const Asked& asked, Watch& watch) {
   EngineOptions options{a.engine, a.maxTransitions, a.shortest};
   if (a.engine == Engine::bounded && !a.maxTransitions) options.maxTransitions = usualLength;
   return answered(asked.net, asked.goal, options, watch);
 }
 
 // What is known where the network was not read to its end.
-int unread(const Arguments& a, const Watch& watch) {
+int unread(const CheckArguments& a, const Watch& watch) {
   const Asked question{{}, {questionText(a.files), {{PropertyItem::truth}}}};
   Answer undecided;
   undecided.reason = watch.reason();
@@ -113,7 +113,7 @@ int unread(const Arguments& a, const Watch& watch) {
 }
 
 // With its progress on the terminal, until a signal or the time stops it.
-int checkedInTime(const Arguments& a) {
+int checkedInTime(const CheckArguments& a) {
   const std::atomic<bool>& stopped = stoppedBySignals();
   ProgressLine progress;
   const Watch::Report report = std::ref(progress);
@@ -131,7 +131,7 @@ int checkedInTime(const Arguments& a) {
   return answer(a, *asked, found);
 }
 
-FilePlan planOf(const Arguments& a) {
+FilePlan planOf(const CheckArguments& a) {
   FilePlan plan = planFor(a.files);
   if (a.byBounds.solver.find('/') != std::string::npos) plan.reads(a.byBounds.solver);
   if (!a.byBounds.keep.empty()) plan.writesLike(a.byBounds.keep, isBoundFile);
@@ -140,7 +140,7 @@ FilePlan planOf(const Arguments& a) {
   return plan;
 }
 
-int checked(const Arguments& a) {
+int checked(const CheckArguments& a) {
   if (!asksOnce(a.files, a.deadlock)) {
     std::fputs("tpn: check takes NET PHI, NET -p TEXT or --deadlock NET\n", stderr);
     return misused;
@@ -158,7 +158,7 @@ void refuseBounds(const std::string& /*bound*/) {
                              "it is --max-transitions now: k = 3 N - 1 is N of them");
 }
 
-void declareEngines(CLI::App& app, Arguments& a) {
+void declareEngines(CLI::App& app, CheckArguments& a) {
   std::vector<std::string> names;
   std::vector<std::pair<std::string, int>> numbers;
   for (const EngineName& row : engineNames) {
@@ -192,8 +192,8 @@ void declareBounds(CLI::App& app, CheckOptions& options) {
     app.get_option(option)->excludes(solver)->excludes(keep);
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareCheck(CLI::App& app) {
+  const auto a = std::make_shared<CheckArguments>();
   addNet(app, a->files);
   addPhi(app, a->files);
   app.add_flag("--deadlock", a->deadlock, "can it be that no transition fires any more?");
@@ -210,6 +210,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand checkCommand{"check", "can a state with the property be reached?", declare};
+const Subcommand checkCommand{"check", "can a state with the property be reached?", declareCheck};
 
 }  // namespace tpn

@@ -16,7 +16,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct CollectArguments {
   std::string folder;
   bool json = false;
   bool csv = false;
@@ -25,7 +25,7 @@ struct Arguments {
   std::string cactus;
 };
 
-FilePlan planOf(const Arguments& a) {
+FilePlan outputsOf(const CollectArguments& a) {
   FilePlan plan;
   plan.reads(a.folder + "/plan.json");
   plan.reads(a.folder + "/jobs");
@@ -34,7 +34,7 @@ FilePlan planOf(const Arguments& a) {
   return plan;
 }
 
-std::string printed(const Arguments& a, const Collection& c) {
+std::string printed(const CollectArguments& a, const Collection& c) {
   if (a.json) return collectionJson(c);
   if (a.csv) return collectionCsv(c);
   return a.html ? collectionHtml(c) : collectionText(c);
@@ -47,8 +47,8 @@ int statusOf(const Collection& c) {
   return c.count(Row::missing) + c.count(Row::begun) > 0 ? neither : done;
 }
 
-int collected(const Arguments& a) {
-  planOf(a);
+int collected(const CollectArguments& a) {
+  outputsOf(a);
   const Collection c = collect(a.folder);
   if (!a.sizes.empty()) attempted([&] { writeFile(a.sizes, timeOverSize(c)); });
   if (!a.cactus.empty()) attempted([&] { writeFile(a.cactus, cactus(c)); });
@@ -57,8 +57,8 @@ int collected(const Arguments& a) {
   return statusOf(c);
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareCollect(CLI::App& app) {
+  const auto a = std::make_shared<CollectArguments>();
   app.add_option("FOLDER", a->folder, "the folder of a plan")->type_name("DIR")->required();
   CLI::Option* const json = app.add_flag("--json", a->json, "print JSON instead of a table");
   CLI::Option* const csv = app.add_flag("--csv", a->csv, "print comma-separated values");
@@ -74,6 +74,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand collectCommand{"collect", "put the answers of a plan together", declare};
+const Subcommand collectCommand{"collect", "put the answers of a plan together", declareCollect};
 
 }  // namespace tpn

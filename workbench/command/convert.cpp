@@ -23,7 +23,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct ConvertArguments {
   std::string from;
   std::vector<std::string> more;  // TO, or PHI and TO
 };
@@ -70,7 +70,7 @@ std::optional<std::string> converted(const std::string& file, const std::string&
   return to == NetForm::network ? fileOf(*net) : inForm(to, petriNetOf(*net));
 }
 
-int convertNet(const Arguments& a) {
+int convertNet(const ConvertArguments& a) {
   const std::string file = inputName(a.from);
   const std::string& to = a.more.front();
   const auto form = formNamed(to);
@@ -94,7 +94,7 @@ int convertNet(const Arguments& a) {
   return done;
 }
 
-int convertProperty(const Arguments& a) {
+int convertProperty(const ConvertArguments& a) {
   const Files files{a.from, a.more.front(), {}};
   FilePlan plan = planFor(files);
   plan.writes(a.more.back());
@@ -104,10 +104,12 @@ int convertProperty(const Arguments& a) {
   return done;
 }
 
-int convert(const Arguments& a) { return a.more.size() == 1 ? convertNet(a) : convertProperty(a); }
+int convert(const ConvertArguments& a) {
+  return a.more.size() == 1 ? convertNet(a) : convertProperty(a);
+}
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareConvert(CLI::App& app) {
+  const auto a = std::make_shared<ConvertArguments>();
   app.add_option("FROM", a->from, "a network in any form: .tpn, .net or .pnml")->required();
   app.add_option("TO", a->more,
                  "where to, in the form of its suffix; or a property PHI of the network and where "
@@ -121,6 +123,6 @@ Action declare(CLI::App& app) {
 }  // namespace
 
 const Subcommand convertCommand{"convert", "a network in another form, a property in postfix",
-                                declare};
+                                declareConvert};
 
 }  // namespace tpn

@@ -16,7 +16,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct ExportArguments {
   Files files;
   bool deadlock = false;
   std::string aiger;
@@ -36,7 +36,7 @@ std::string title(const Asked& asked) {
 }
 
 // The one that is named, rechecked; or a new one.
-Certificate proofFor(const Arguments& a, const Asked& asked) {
+Certificate proofFor(const ExportArguments& a, const Asked& asked) {
   if (a.certificate.empty()) {
     const Proved found = proved(
         asked.net, asked.goal, [] { return false; }, [](const auto&) {});
@@ -50,12 +50,12 @@ Certificate proofFor(const Arguments& a, const Asked& asked) {
   return file.proof;
 }
 
-void writeWitness(const Arguments& a, const Asked& asked, const MachineCircuit& machine) {
+void writeWitness(const ExportArguments& a, const Asked& asked, const MachineCircuit& machine) {
   const Circuit witness = witnessCircuit(asked.net, machine, flattened(proofFor(a, asked)));
   writeAiger(a.witness, witness, "WITNESS b0 " + a.aiger + "\n");
 }
 
-int exportAiger(const Arguments& a) {
+int exportAiger(const ExportArguments& a) {
   const std::optional<Asked> asked = askedOf(a.files);
   if (!asked) return failed;
   const MachineCircuit machine = makeMachineCircuit(asked->net, asked->goal);
@@ -64,14 +64,14 @@ int exportAiger(const Arguments& a) {
   return done;
 }
 
-int checkedArguments(const Arguments& a) {
+int checkedArguments(const ExportArguments& a) {
   if (asksOnce(a.files, a.deadlock)) return exportAiger(a);
   std::cerr << "tpn: export takes NET PHI, NET -p TEXT or --deadlock NET\n";
   return misused;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareExport(CLI::App& app) {
+  const auto a = std::make_shared<ExportArguments>();
   addNet(app, a->files);
   addPhi(app, a->files);
   app.add_flag("--deadlock", a->deadlock, "what is bad is a deadlock; there is no PHI");
@@ -97,6 +97,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand exportCommand{"export", "the network as a circuit in AIGER's form", declare};
+const Subcommand exportCommand{"export", "the network as a circuit in AIGER's form", declareExport};
 
 }  // namespace tpn

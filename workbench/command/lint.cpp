@@ -17,14 +17,14 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct LintArguments {
   Files files;
   std::optional<int> bound;
   bool all = false;
   bool json = false;
 };
 
-int lint(const Arguments& a) {
+int lint(const LintArguments& a) {
   if (a.files.asks() && !asksOnce(a.files, false)) {
     std::cerr << "tpn: lint takes NET, NET PHI or NET -p TEXT\n";
     return misused;
@@ -41,8 +41,8 @@ int lint(const Arguments& a) {
   return hasErrors(diagnostics) ? failed : done;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareLint(CLI::App& app) {
+  const auto a = std::make_shared<LintArguments>();
   addNet(app, a->files);
   addPhi(app, a->files);
   app.add_option("--bound", a->bound, "would zervan take a path of K steps?")
@@ -55,6 +55,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand lintCommand{"lint", "find everything that is wrong with the files", declare};
+const Subcommand lintCommand{"lint", "find everything that is wrong with the files", declareLint};
 
 }  // namespace tpn

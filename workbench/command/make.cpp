@@ -22,7 +22,7 @@ constexpr std::uint64_t largestSize = 9999999;
 constexpr std::uint64_t largestSeed = 2147483646;
 constexpr const char* randomName = "random";
 
-struct Arguments {
+struct MakeArguments {
   std::string name;
   std::uint64_t size = 0;
   std::string question;
@@ -71,7 +71,7 @@ std::string listed() {
 }
 
 // Nothing where there is no such network, which has been told.
-std::optional<Wanted> randomWanted(const Arguments& a) {
+std::optional<Wanted> randomWanted(const MakeArguments& a) {
   const std::uint64_t transitions = a.transitions == 0 ? 10 * a.size : a.transitions;
   if (a.size < 2) return refused("random has 2 processes or more"), std::nullopt;
   if (transitions < 2 * a.size)
@@ -79,7 +79,7 @@ std::optional<Wanted> randomWanted(const Arguments& a) {
   return Wanted{[=] { return dealtNetwork(a.size, transitions, a.seed); }, &dealtQuestions()};
 }
 
-std::optional<Wanted> wanted(const Arguments& a) {
+std::optional<Wanted> wanted(const MakeArguments& a) {
   if (a.name == randomName) return randomWanted(a);
   const Family* family = familyNamed(a.name);
   if (family == nullptr)
@@ -93,13 +93,13 @@ std::optional<Wanted> wanted(const Arguments& a) {
   return Wanted{[=] { return family->network(size); }, &family->questions};
 }
 
-int printNetwork(const Arguments& a, const Wanted& wanted) {
+int printNetwork(const MakeArguments& a, const Wanted& wanted) {
   for (const Format& format : formats)
     if (format.name == a.format) writeFile("-", format.text(wanted.network()));
   return done;
 }
 
-int printQuestion(const Arguments& a, const Wanted& wanted) {
+int printQuestion(const MakeArguments& a, const Wanted& wanted) {
   const FamilyQuestion* question = questionNamed(*wanted.questions, a.question);
   if (question == nullptr)
     return refused("there is no property " + a.question + " of " + a.name +
@@ -111,7 +111,7 @@ int printQuestion(const Arguments& a, const Wanted& wanted) {
   return done;
 }
 
-int make(const Arguments& a) {
+int make(const MakeArguments& a) {
   if (a.name.empty()) {
     writeFile("-", listed());
     return done;
@@ -121,8 +121,8 @@ int make(const Arguments& a) {
   return a.question.empty() ? printNetwork(a, *found) : printQuestion(a, *found);
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareMake(CLI::App& app) {
+  const auto a = std::make_shared<MakeArguments>();
   std::vector<std::string> known;
   for (const Family& family : families()) known.emplace_back(family.name);
   known.emplace_back(randomName);
@@ -151,6 +151,6 @@ Action declare(CLI::App& app) {
 }  // namespace
 
 const Subcommand makeCommand{"make", "print an example network of any size, or a question about it",
-                             declare};
+                             declareMake};
 
 }  // namespace tpn

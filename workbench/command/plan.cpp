@@ -22,7 +22,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct PlanArguments {
   Files files;  // the network is a campaign where nothing is asked of it
   std::string folder;
   int split = 0;
@@ -39,7 +39,7 @@ AskedText askedIn(const Files& files) {
   return {std::filesystem::path(file).stem(), file, readFile(file, largestInput)};
 }
 
-int planOne(const Arguments& a, Diagnostics& warnings) {
+int planOne(const PlanArguments& a, Diagnostics& warnings) {
   const Instance instance = instanceIn(a.files.net);
   const AskedText asked = askedIn(a.files);
   const Goal goal = goalIn(asked.place, asked.text, instance.net, warnings);
@@ -51,7 +51,7 @@ int planOne(const Arguments& a, Diagnostics& warnings) {
 }
 
 // What is wrong with the choice of options, or empty.
-std::string misuse(const Arguments& a) {
+std::string misuse(const PlanArguments& a) {
   const bool isOne = a.split > 0 || a.portfolio > 0;
   if (isOne ? !asksOnce(a.files, false) : a.files.asks())
     return "takes CAMPAIGN, or NET with PHI or -p TEXT and --split D or --portfolio N";
@@ -61,7 +61,7 @@ std::string misuse(const Arguments& a) {
   return "";
 }
 
-int plan(Arguments a) {
+int plan(PlanArguments a) {
   const std::string wrong = misuse(a);
   if (!wrong.empty()) {
     complain("plan " + wrong);
@@ -77,7 +77,7 @@ int plan(Arguments a) {
   return done;
 }
 
-void declareOne(CLI::App& app, Arguments& a) {
+void declareOne(CLI::App& app, PlanArguments& a) {
   CLI::Option* const split =
       app.add_option("--split", a.split, "cut one question into 2^D cubes of its runs")
           ->type_name("D")
@@ -109,8 +109,8 @@ void declareResources(CLI::App& app, Resources& resources) {
       ->capture_default_str();
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declarePlan(CLI::App& app) {
+  const auto a = std::make_shared<PlanArguments>();
   app.add_option("CAMPAIGN", a->files.net, "a campaign's file: TOML, or JSON; or NET, a network")
       ->type_name("FILE")
       ->required();
@@ -125,6 +125,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand planCommand{"plan", "cut questions into jobs for many machines", declare};
+const Subcommand planCommand{"plan", "cut questions into jobs for many machines", declarePlan};
 
 }  // namespace tpn

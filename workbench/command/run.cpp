@@ -18,7 +18,7 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct RunArguments {
   Files files;
   std::optional<std::uint64_t> seed;
   std::size_t steps = 20;
@@ -26,10 +26,10 @@ struct Arguments {
   RunViews views{runViews()};
 };
 
-bool byHand(const Arguments& a) { return !a.seed && a.script.empty(); }
+bool byHand(const RunArguments& a) { return !a.seed && a.script.empty(); }
 
 // A script's view commands write files as the options do.
-FilePlan planOf(const Arguments& a, const std::string& script) {
+FilePlan filesOf(const RunArguments& a, const std::string& script) {
   FilePlan plan = planFor(a.files);
   if (!a.script.empty()) plan.reads(a.script);
   if (byHand(a)) plan.reads("/dev/stdin");
@@ -39,7 +39,7 @@ FilePlan planOf(const Arguments& a, const std::string& script) {
   return plan;
 }
 
-Walked walked(const Arguments& a, const Network& net, const std::string& script,
+Walked walked(const RunArguments& a, const Network& net, const std::string& script,
               const FilePlan& plan) {
   if (a.seed) return walkRandomly(net, *a.seed, a.steps);
   std::istringstream commands(script);
@@ -50,9 +50,9 @@ Walked walked(const Arguments& a, const Network& net, const std::string& script,
               [&](const std::string& file) { return plan.refusal(file); });
 }
 
-int run(const Arguments& a) {
+int run(const RunArguments& a) {
   const std::string script = a.script.empty() ? "" : readFile(a.script, largestInput);
-  const FilePlan plan = planOf(a, script);
+  const FilePlan plan = filesOf(a, script);
   const std::optional<Network> net = networkOf(a.files);
   if (!net) return failed;
   const Walked made = walked(a, *net, script, plan);
@@ -67,8 +67,8 @@ int run(const Arguments& a) {
   return made.error.empty() && whole ? done : failed;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareRun(CLI::App& app) {
+  const auto a = std::make_shared<RunArguments>();
   addNet(app, a->files);
   CLI::Option* random = app.add_option("--random", a->seed, "random steps from this seed")
                             ->type_name("SEED")
@@ -87,6 +87,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand runCommand{"run", "step through a network by hand or at random", declare};
+const Subcommand runCommand{"run", "step through a network by hand or at random", declareRun};
 
 }  // namespace tpn

@@ -10,12 +10,12 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct ShowArguments {
   Files files;
   NetworkViews views{networkViews()};
 };
 
-int show(const Arguments& a) {
+int show(const ShowArguments& a) {
   FilePlan plan = planFor(a.files);
   a.views.addTo(plan);
   const std::optional<Network> net = networkOf(a.files);
@@ -28,8 +28,8 @@ int show(const Arguments& a) {
   return whole ? done : failed;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareShow(CLI::App& app) {
+  const auto a = std::make_shared<ShowArguments>();
   addNet(app, a->files);
   a->views.declare(app);
   return [a] { return show(*a); };
@@ -37,6 +37,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand showCommand{"show", "a network as a person wants to see it", declare};
+const Subcommand showCommand{"show", "a network as a person wants to see it", declareShow};
 
 }  // namespace tpn

@@ -16,14 +16,14 @@ namespace tpn {
 
 namespace {
 
-struct Arguments {
+struct TraceArguments {
   Files files;
   std::string map;
   std::string answer;
   RunViews views{runViews()};
 };
 
-int trace(const Arguments& a) {
+int trace(const TraceArguments& a) {
   FilePlan plan = planFor(a.files);
   plan.reads(a.map);
   plan.reads(a.answer);
@@ -40,7 +40,7 @@ int trace(const Arguments& a) {
 }
 
 // With -p there is no PHI, and the others move up.
-int checkedArguments(Arguments& a) {
+int checkedArguments(TraceArguments& a) {
   if (a.files.property && a.answer.empty()) {
     a.answer = std::exchange(a.map, a.files.phi);
     a.files.phi.clear();
@@ -50,8 +50,8 @@ int checkedArguments(Arguments& a) {
   return misused;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareTrace(CLI::App& app) {
+  const auto a = std::make_shared<TraceArguments>();
   addNet(app, a->files);
   addPhi(app, a->files);
   app.add_option("MAP", a->map, "variable map, NETkK.lck")->type_name("FILE");
@@ -63,6 +63,7 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand traceCommand{"trace", "the run in a solver's answer to zervan's file", declare};
+const Subcommand traceCommand{"trace", "the run in a solver's answer to zervan's file",
+                              declareTrace};
 
 }  // namespace tpn

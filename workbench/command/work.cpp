@@ -18,7 +18,7 @@ namespace {
 // With --race: there is an answer, and it does not settle the plan.
 constexpr int open = 3;
 
-struct Arguments {
+struct WorkArguments {
   std::string folder;
   int number = 0;
   bool race = false;
@@ -33,26 +33,26 @@ int listUnanswered(const std::string& folder) {
 }
 
 // Something went wrong, and the job remains to be done.
-int told(const Arguments& a, const std::string& reason) {
+int told(const WorkArguments& a, const std::string& reason) {
   complain("job " + std::to_string(a.number) + ": " + reason);
   return failed;
 }
 
-int workOn(const Arguments& a) {
+int workOn(const WorkArguments& a) {
   const Worked worked = work(a.folder, a.number, stoppedBySignals());
   if (worked.how == Worked::failed) return told(a, worked.reason);
   if (worked.how == Worked::interrupted) return told(a, "interrupted");
   return a.race && !worked.settles ? open : done;
 }
 
-int worked(const Arguments& a) {
+int worked(const WorkArguments& a) {
   if (a.list == (a.number == 0)) return a.list ? listUnanswered(a.folder) : workOn(a);
   complain("work takes DIR N, or --list DIR");
   return misused;
 }
 
-Action declare(CLI::App& app) {
-  const auto a = std::make_shared<Arguments>();
+Action declareWork(CLI::App& app) {
+  const auto a = std::make_shared<WorkArguments>();
   app.add_option("FOLDER", a->folder, "the folder of a plan")->type_name("DIR")->required();
   app.add_option("N", a->number, "the number of a job")
       ->type_name("N")
@@ -64,6 +64,6 @@ Action declare(CLI::App& app) {
 
 }  // namespace
 
-const Subcommand workCommand{"work", "do one job of a plan", declare};
+const Subcommand workCommand{"work", "do one job of a plan", declareWork};
 
 }  // namespace tpn

@@ -35,10 +35,10 @@ std::vector<int> fractionVariables(const NetTimedModel& model) {
 }  // namespace
 
 Unrolling::Unrolling(const NetTimedModel& model, LiteralSink sink, Checkpoint checkpoint,
-                     long mostVariables)
+                     long limit)
     : sink_(std::move(sink)),
       checkpoint_(std::move(checkpoint)),
-      mostVariables_(mostVariables),
+      mostVariables_(limit),
       stateLength_(static_cast<int>(model.getSymStateLen())),
       fractions_(fractionVariables(model)) {
   BoolForm::emptyStore();

@@ -40,7 +40,7 @@ class Unrolling {
   // Empties the process-wide formula store, before and after. The model is needed here only. Where
   // the checkpoint throws, here or in `extend`, the sink is left with clauses that mean nothing.
   Unrolling(const NetTimedModel& model, LiteralSink sink, Checkpoint checkpoint = {},
-            long mostVariables = mostSolverVariables);
+            long limit = mostSolverVariables);
 
   // One action more: adds the clauses of a rotation. Returns the literal that says that the last
   // state has the property. Throws PathTooLong before it gives any clause.

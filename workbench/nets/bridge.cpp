@@ -111,7 +111,7 @@ class ToNetwork {
     for (std::size_t p = 0; p < net_.places.size(); ++p) {
       const PetriNet::Place& place = net_.places[p];
       if (spot(p).process == 0)
-        misfit(place.at, "no process is told of place " + quoted(place.name));
+        misfit(place.at, "no process is told of place " + inQuotes(place.name));
       else if (static_cast<std::size_t>(spot(p).process) > net_.places.size())
         misfit(spot(p).at, "there are fewer processes than that");
       else
@@ -148,7 +148,7 @@ class ToNetwork {
     if (t.consumed.empty() || !t.read.empty() || !sources || !targets ||
         !std::equal(sources->begin(), sources->end(), targets->begin(), targets->end(),
                     sameProcess))
-      return misfit(t.at, "transition " + quoted(t.name) +
+      return misfit(t.at, "transition " + inQuotes(t.name) +
                               " does not take and put one token of each process that it moves");
     Transition made{t.interval, {}};
     for (const auto& [process, source] : *sources)

@@ -57,7 +57,7 @@ void NetBuilder::tokens(std::size_t place, std::int64_t count, Place at) {
   net_.places[place].marked = tokens_[place] > 0;
   if (tokens_[place] > 1 && count > 0)
     report_.refuse(NetRule::marking, at,
-                   "place " + quoted(net_.places[place].name) +
+                   "place " + inQuotes(net_.places[place].name) +
                        " holds more than one token; only nets whose places hold one at most are "
                        "taken");
 }
@@ -68,14 +68,14 @@ void NetBuilder::interval(std::size_t transition, const Interval& interval, Plac
     report_.refuse(NetRule::intervalEmpty, at, "the earliest time is above the latest");
   else if (timed_[transition] && t.interval != interval)
     report_.refuse(NetRule::intervalTwice, at,
-                   "transition " + quoted(t.name) + " has another interval already");
+                   "transition " + inQuotes(t.name) + " has another interval already");
   timed_[transition] = true;
   t.interval = interval;
 }
 
 void NetBuilder::label(std::string& label, const std::string& text, Place at) {
   if (!label.empty() && label != text)
-    report_.refuse(NetRule::declaredTwice, at, "the label is " + quoted(label) + " already");
+    report_.refuse(NetRule::declaredTwice, at, "the label is " + inQuotes(label) + " already");
   label = text;
 }
 
@@ -102,8 +102,8 @@ void NetBuilder::enter(const Arc& arc) {
   const std::string& name = net_.places[arc.place].name;
   if (arc.weight > 1)
     report_.refuse(NetRule::weight, arc.at,
-                   "the arc between transition " + quoted(t.name) + " and place " + quoted(name) +
-                       " weighs more than 1");
+                   "the arc between transition " + inQuotes(t.name) + " and place " +
+                       inQuotes(name) + " weighs more than 1");
   if (arc.kind == ArcKind::produce) {
     t.produced.push_back(arc.place);
   } else if (arc.kind == ArcKind::consume) {

@@ -80,7 +80,7 @@ class OriginReader {
   int wordValue(std::string_view word, const Node& node, int least) {
     const auto found = isNumber(word) ? value(word) : std::nullopt;
     if (found && *found >= least) return *found;
-    refuse(node, quoted(word) + " is none of the numbers that are expected here");
+    refuse(node, inQuotes(word) + " is none of the numbers that are expected here");
     return least;
   }
 

@@ -43,7 +43,7 @@ std::optional<std::int64_t> PnmlParts::whole(const std::string& text, const Node
                                                    [](char c) { return c >= '0' && c <= '9'; });
   if (digits) return tinaNumber(text);
   refuse(NetRule::notWhole, node,
-         text.empty() ? "a number is missing here" : quoted(text) + " is not a whole number");
+         text.empty() ? "a number is missing here" : inQuotes(text) + " is not a whole number");
   return std::nullopt;
 }
 
@@ -61,7 +61,7 @@ bool PnmlParts::isClosed(const Node& interval, bool endless) {
   const std::string_view closure = interval.attribute("closure").value();
   if (closure.empty() || closure == "closed" || (closure == "closed-open" && endless)) return true;
   refuse(NetRule::intervalOpen, interval,
-         "the interval is " + quoted(closure) + "; only those that contain their ends are taken");
+         "the interval is " + inQuotes(closure) + "; only those that contain their ends are taken");
   return false;
 }
 
@@ -102,7 +102,7 @@ std::optional<ArcKind> PnmlParts::arcKind(const Node& arc, bool consumes) {
     refuse(NetRule::arcKind, type,
            kind == "test" || kind == "read"
                ? "a test arc leads from a place to a transition"
-               : "arcs of the type " + quoted(kind) + " are not taken");
+               : "arcs of the type " + inQuotes(kind) + " are not taken");
   else
     return ArcKind::read;
   return std::nullopt;

@@ -69,7 +69,7 @@ class PnmlReader {
     for (const std::string_view known : {"ptnet", "/tina/tpn", "/tina/pn"})
       if (type.ends_with(known)) return true;
     refuse(NetRule::netType, net,
-           "nets of the type " + quoted(type) +
+           "nets of the type " + inQuotes(type) +
                " are not taken, only place/transition nets without colours: ptnet, tina/tpn");
     return false;
   }
@@ -124,7 +124,7 @@ class PnmlReader {
     if (id.empty() || !isOneLine(id))
       refuse(NetRule::pnmlMissing, node, "an attribute id is missing here, or is no line");
     else if (!known_.emplace(id, known).second)
-      refuse(NetRule::declaredTwice, node, "the id " + quoted(id) + " is taken already");
+      refuse(NetRule::declaredTwice, node, "the id " + inQuotes(id) + " is taken already");
   }
 
   void addPlaces() {
@@ -203,9 +203,9 @@ class PnmlReader {
     for (const Word& id : words({ids, 0, true})) {
       const auto found = known_.find(std::string(id.text));
       if (found == known_.end() || !found->second.isPlace)
-        return refuse(NetRule::pnmlUnit, places, quoted(id.text) + " is no place of the net");
+        return refuse(NetRule::pnmlUnit, places, inQuotes(id.text) + " is no place of the net");
       if (!inUnits_.insert(found->second.index).second)
-        return refuse(NetRule::pnmlUnit, places, quoted(id.text) + " is in two units");
+        return refuse(NetRule::pnmlUnit, places, inQuotes(id.text) + " is in two units");
       made.places.push_back(found->second.index);
     }
     std::sort(made.places.begin(), made.places.end());

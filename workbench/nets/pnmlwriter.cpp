@@ -20,14 +20,14 @@ const std::string& inXml(const std::string& name) {
   std::string plain = name;
   std::replace(plain.begin(), plain.end(), '\t', ' ');
   if (printable(plain) == plain) return name;
-  throw Inexact("the name " + quoted(name) + " holds what XML cannot say");
+  throw Inexact("the name " + inQuotes(name) + " holds what XML cannot say");
 }
 
 const std::string& trimmed(const std::string& name) {
   const bool bare = !name.empty() && name.front() != ' ' && name.back() != ' ' &&
                     name.front() != '\t' && name.back() != '\t';
   if (bare || name.empty()) return name;
-  throw Inexact("the name " + quoted(name) +
+  throw Inexact("the name " + inQuotes(name) +
                 " begins or ends with a blank, which PNML passes over");
 }
 

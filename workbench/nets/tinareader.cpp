@@ -94,7 +94,8 @@ void TinaReader::takeNet() {
   const TinaToken name = takeName("net");
   std::string& known = builder_.net().name;
   if (!known.empty() && known != name.name)
-    report_.refuse(NetRule::declaredTwice, name.at, "the net has a name already, " + quoted(known));
+    report_.refuse(NetRule::declaredTwice, name.at,
+                   "the net has a name already, " + inQuotes(known));
   known = name.name;
 }
 
@@ -138,14 +139,14 @@ void TinaReader::resolveLabels() {
     const auto transition = builder_.knownTransition(name.name);
     if (place && transition)
       report_.refuse(NetRule::nameUnknown, name.at,
-                     quoted(name.name) + " is both a place and a transition");
+                     inQuotes(name.name) + " is both a place and a transition");
     else if (place)
       builder_.label(builder_.net().places[*place].label, label.name, label.at);
     else if (transition)
       builder_.label(builder_.net().transitions[*transition].label, label.name, label.at);
     else
       report_.refuse(NetRule::nameUnknown, name.at,
-                     quoted(name.name) + " is neither a place nor a transition");
+                     inQuotes(name.name) + " is neither a place nor a transition");
   }
 }
 
@@ -277,7 +278,7 @@ void TinaReader::unexpected(const std::string& what) {
   if (token_.kind != TinaToken::unknown || token_.text.front() != '{')
     report_.refuse(NetRule::syntax, token_.at,
                    what + (token_.kind == TinaToken::end ? ", where the file ends"
-                                                         : ", not " + quoted(token_.text)));
+                                                         : ", not " + inQuotes(token_.text)));
   throw SyntaxError();
 }
 

@@ -160,16 +160,16 @@ std::string processLine(const PetriNet& net, const Translation& translation, std
 
 std::string whyNotPlain(const PetriNet& net, const Translation& translation, std::size_t t) {
   const PetriNet::Transition& from = net.transitions[translation.transitions[t]];
-  const std::string name = "transition " + quoted(from.name);
+  const std::string name = "transition " + inQuotes(from.name);
   if (!from.read.empty())
-    return name + " reads place " + quoted(net.places[from.read.front()].name) +
+    return name + " reads place " + inQuotes(net.places[from.read.front()].name) +
            " without taking its token; in a network file the clocks of all its processes begin "
            "anew";
   const auto put = std::find_if(from.produced.begin(), from.produced.end(), [&](std::size_t p) {
     return has(translation.uncovered, p) && !has(from.consumed, p);
   });
   assert(put != from.produced.end());
-  return name + " puts a token on place " + quoted(net.places[*put].name) +
+  return name + " puts a token on place " + inQuotes(net.places[*put].name) +
          ", which is in no set of places found that always holds one; a network file has no other "
          "processes";
 }

@@ -62,7 +62,7 @@ ExpressionToken expressionTokenAt(std::string_view text, std::size_t at) {
     if (rest.starts_with(symbol)) return {kind, at, symbol.size(), {}};
   if (rest.front() == '{') return braced(text, at);
   if (isPartCharacter(rest.front())) return part(text, at);
-  throw ExpressionError(at, quoted(rest.substr(0, 1)) + " begins nothing here" + hint(rest));
+  throw ExpressionError(at, inQuotes(rest.substr(0, 1)) + " begins nothing here" + hint(rest));
 }
 
 }  // namespace tpn

@@ -104,7 +104,7 @@ void Report::add(Rule rule, Place at, std::string message, std::string source) {
                     std::move(message), std::move(source)});
 }
 
-std::string quoted(std::string_view piece) {
+std::string inQuotes(std::string_view piece) {
   constexpr std::size_t most = 24;
   std::string text = "\"";
   for (const char c : piece.substr(0, most)) appendEscaped(text, static_cast<unsigned char>(c));

@@ -104,6 +104,6 @@ class Report {
 
 // A piece of a file as it may stand in a message: in quotes, cut where it is long, bytes that are
 // no printable ASCII as \xNN.
-std::string quoted(std::string_view piece);
+std::string inQuotes(std::string_view piece);
 
 }  // namespace tpn

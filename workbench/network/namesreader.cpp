@@ -52,7 +52,7 @@ std::optional<int> numberAt(const Line& line, const std::vector<Word>& all, std:
   if (there && isNumber(all[i].text))
     if (const auto number = value(all[i].text)) return number;
   report.add(Rule::nameLine, there ? Place{line.number, all[i].column} : behind(all, line),
-             there ? "a number is expected, not " + quoted(all[i].text)
+             there ? "a number is expected, not " + inQuotes(all[i].text)
                    : "a number and a name are expected on this line");
   return std::nullopt;
 }
@@ -67,7 +67,7 @@ std::optional<std::string> nameAt(const Line& line, int column, Report& report) 
   const std::string why =
       isTakenWord(rest) ? " is a word of properties; {" + std::string(rest) + "} would be a name"
                         : " is no name: letters, digits and _, or anything else between { and }";
-  report.add(Rule::nameMalformed, {line.number, column}, quoted(rest) + why);
+  report.add(Rule::nameMalformed, {line.number, column}, inQuotes(rest) + why);
   return std::nullopt;
 }
 
@@ -85,7 +85,7 @@ class Collector {
       return report_.add(Rule::nameTwice, line.at, described(line) + " has a name already");
     if (!names_.insert(name).second)
       return report_.add(Rule::nameTwice, line.nameAt,
-                         quoted(line.name) + " is the name of another " +
+                         inQuotes(line.name) + " is the name of another " +
                              std::string(wordFor(line.kind)) + " already");
     keep(line);
   }
@@ -193,7 +193,7 @@ std::optional<NameLine> readNameLine(const Line& line, Report& report) {
   const auto kind = kindCalled(all.front().text);
   if (!kind) {
     report.add(Rule::nameLine, {line.number, all.front().column},
-               kindHint(all.front().text) + ", not " + quoted(all.front().text));
+               kindHint(all.front().text) + ", not " + inQuotes(all.front().text));
     return std::nullopt;
   }
   NameLine read;

@@ -11,13 +11,13 @@ namespace {
 Field field(const Line& line, const Word& word, const std::string& what, Report& report) {
   Field result{std::nullopt, {line.number, word.column}};
   if (!isNumber(word.text)) {
-    report.add(Rule::notANumber, result.at, what + " " + quoted(word.text) + " is no number");
+    report.add(Rule::notANumber, result.at, what + " " + inQuotes(word.text) + " is no number");
     return result;
   }
   result.value = value(word.text);
   if (!result.value)
     report.add(Rule::numberRange, result.at,
-               what + " " + quoted(word.text) + " does not fit into 32 bits");
+               what + " " + inQuotes(word.text) + " does not fit into 32 bits");
   return result;
 }
 
@@ -40,7 +40,7 @@ std::array<Field, 3> threeFields(const Line& line, const std::array<const char*,
     report.add(Rule::fieldMissing, {line.number, behind}, missing + " missing; zervan takes 0");
   if (all.size() > fields.size())
     report.add(Rule::fieldExtra, {line.number, all[fields.size()].column},
-               quoted(all[fields.size()].text) + " is too much on this line and not read");
+               inQuotes(all[fields.size()].text) + " is too much on this line and not read");
   return fields;
 }
 

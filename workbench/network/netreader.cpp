@@ -220,7 +220,7 @@ void NetworkReader::reportForm(const Line& line, Meant found, Keyword written) {
   if (found.form == Meant::misspelt)
     report_.add(
         Rule::keywordMisspelt, at,
-        quoted(all.front().text) + " stands where " + inQuotes(found.keyword) + " is expected");
+        inQuotes(all.front().text) + " stands where " + inQuotes(found.keyword) + " is expected");
   const auto number = [](const Word& word) { return isNumber(word.text); };
   if (found.form == Meant::exact && written == found.keyword && all.size() > 2 &&
       std::all_of(all.begin() + 1, all.end(), number))
@@ -259,7 +259,7 @@ void NetworkReader::takeNumbers(const Line& line) {
   const Word first = words(line).front();
   if (!looksLikeData(first)) {
     report_.add(Rule::notANumber, {line.number, first.column},
-                "a number or " + awaited(section_) + " is expected, not " + quoted(first.text));
+                "a number or " + awaited(section_) + " is expected, not " + inQuotes(first.text));
     return;
   }
   if (section_ == Section::declarations) {

@@ -133,14 +133,14 @@ void PropertyReader::take(const Token& token, Place at) {
       else
         report_.add(
             Rule::unknownCharacter, at,
-            quoted(token.text) + " is nothing that a property holds; zervan waits for ever");
+            inQuotes(token.text) + " is nothing that a property holds; zervan waits for ever");
       return;
     case Token::strayE:
       report_.add(Rule::unknownOperator, at, "\"E\" begins no operator here; zervan skips it");
       return;
     case Token::temporal:
       report_.add(Rule::temporalOperator, at,
-                  "temporal operator " + quoted(token.text) +
+                  "temporal operator " + inQuotes(token.text) +
                       ": zervan always answers no; write the state alone");
       break;
     case Token::proposition:
@@ -159,10 +159,10 @@ void PropertyReader::takeProposition(const Token& token, Place at) {
   const auto failure = std::from_chars(token.digits.data(), end, number).ec;
   if (token.digits.empty())
     report_.add(Rule::propositionWithoutNumber, at,
-                quoted(token.text) + " has no number; zervan takes 0");
+                inQuotes(token.text) + " has no number; zervan takes 0");
   else if (failure != std::errc())
     report_.add(Rule::propositionTooLarge, at,
-                quoted(token.text) + " does not fit into 32 bits; zervan takes another number");
+                inQuotes(token.text) + " does not fit into 32 bits; zervan takes another number");
   property_.items.push_back(itemOf(token, number, at));
 }
 
@@ -170,7 +170,7 @@ void PropertyReader::takeOperands(const Token& token, Place at) {
   const std::size_t needed = arity(token);
   if (operands_ < needed)
     report_.add(Rule::operandMissing, at,
-                quoted(token.text) + " takes " + (needed == 1 ? "an operand" : "two operands") +
+                inQuotes(token.text) + " takes " + (needed == 1 ? "an operand" : "two operands") +
                     ", and there " + (operands_ == 0 ? "is none" : "is only one"));
   operands_ -= std::min(operands_, needed);
   ++operands_;

@@ -21,7 +21,7 @@ const std::map<std::string_view, Status> competition{{"SATISFIABLE", Status::sat
                                                      {"UNSATISFIABLE", Status::unsatisfiable},
                                                      {"UNKNOWN", Status::unknown},
                                                      {"INDETERMINATE", Status::unknown}};
-const std::map<std::string_view, Status> resultFile{
+const std::map<std::string_view, Status> resultFileWords{
     {"SAT", Status::satisfiable}, {"UNSAT", Status::unsatisfiable}, {"INDET", Status::unknown}};
 
 class AnswerReader {
@@ -44,9 +44,9 @@ class AnswerReader {
     if (line[0] == 'c') return;
     if (line.starts_with("s ")) return setStatus(named(line.substr(2), competition, line));
     if (line[0] == 'v' && (line.size() == 1 || line[1] == ' ')) return takeValues(line.substr(1));
-    if (!status_ && resultFile.contains(line)) {
+    if (!status_ && resultFileWords.contains(line)) {
       values_ = true;
-      return setStatus(resultFile.at(line));
+      return setStatus(resultFileWords.at(line));
     }
     if (values_) return takeValues(line);
     if (line == "SATISFIABLE" || line == "UNSATISFIABLE" || line == "INDETERMINATE")

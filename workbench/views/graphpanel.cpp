@@ -17,27 +17,27 @@ constexpr double propositionFont = 10;
 constexpr double captionFont = 10;
 constexpr double captionLine = 13;
 constexpr double headLength = 7;  // of an arrow
-constexpr std::size_t mostLines = 12;
+constexpr std::size_t mostCaptionLines = 12;
 constexpr std::size_t mostHints = 60;
 
 // In black where processes share it, as in pictures of runs.
-struct Ink {
+struct ArrowInk {
   const char* line;
   const char* box;
   const char* border;
   const char* text;
 };
-constexpr Ink sharedInk{"#222", "#222", "#222", "#fff"};
-constexpr Ink localInk{"#666", "#fff", "#999", "#222"};
-const Ink& inkOf(const Arrow& arrow) { return arrow.shared ? sharedInk : localInk; }
+constexpr ArrowInk sharedInk{"#222", "#222", "#222", "#fff"};
+constexpr ArrowInk localInk{"#666", "#fff", "#999", "#222"};
+const ArrowInk& inkOf(const Arrow& arrow) { return arrow.shared ? sharedInk : localInk; }
 
 std::vector<std::string> linesOf(const DrawnArrow& arrow) {
   std::vector<std::string> lines;
   for (const Caption& caption : arrow.captions)
     for (const std::string& line : setLines(caption.words, 52)) lines.push_back(line);
-  if (lines.size() <= mostLines) return lines;
-  const std::size_t left = lines.size() - mostLines + 1;
-  lines.resize(mostLines - 1);
+  if (lines.size() <= mostCaptionLines) return lines;
+  const std::size_t left = lines.size() - mostCaptionLines + 1;
+  lines.resize(mostCaptionLines - 1);
   lines.push_back("... " + std::to_string(left) + " more");
   return lines;
 }
@@ -120,7 +120,7 @@ std::string GraphPanel::body() const {
 
 std::string GraphPanel::drawArrow(std::size_t index) const {
   const Arrow& arrow = automaton().arrows[index].arrow;
-  const Ink& ink = inkOf(arrow);
+  const ArrowInk& ink = inkOf(arrow);
   const std::string look = attribute("stroke", ink.line) +
                            attribute("stroke-width", arrow.shared ? "1.8" : "1.2") +
                            (arrow.puts    ? attribute("stroke-dasharray", "2 3")
@@ -145,7 +145,7 @@ std::string GraphPanel::drawArrow(std::size_t index) const {
 }
 
 std::string GraphPanel::drawCaptions(std::size_t index) const {
-  const Ink& ink = inkOf(automaton().arrows[index].arrow);
+  const ArrowInk& ink = inkOf(automaton().arrows[index].arrow);
   const Graph::Node& size = graph_.nodes[arrowNode(index)];
   const Point& centre = layout_.centres[arrowNode(index)];
   const double left = centre.x - size.width / 2;

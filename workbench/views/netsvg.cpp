@@ -16,7 +16,7 @@ namespace tpn {
 
 namespace {
 
-constexpr double gap = 14;
+constexpr double spacing = 14;
 constexpr double titleFont = 16;
 constexpr double header = 46;
 constexpr double footer = 30;
@@ -43,7 +43,7 @@ double rowWidth(const Panels& panels) {
   double area = 0;
   double widest = 0;
   for (const auto& panel : panels) {
-    area += (panel->width() + gap) * (panel->height() + gap);
+    area += (panel->width() + spacing) * (panel->height() + spacing);
     widest = std::max(widest, panel->width());
   }
   return std::max({widest, leastRow, std::sqrt(area * 8 / 5) * 1.1});
@@ -58,19 +58,19 @@ struct Placed {
 Placed inRows(const Panels& panels) {
   const double most = rowWidth(panels);
   Placed placed;
-  Point at{gap, header};
+  Point at{spacing, header};
   double rowHeight = 0;
   for (const auto& panel : panels) {
-    if (at.x > gap && at.x + panel->width() > gap + most) {
-      at = {gap, at.y + rowHeight + gap};
+    if (at.x > spacing && at.x + panel->width() > spacing + most) {
+      at = {spacing, at.y + rowHeight + spacing};
       rowHeight = 0;
     }
     placed.corners.push_back(at);
-    at.x += panel->width() + gap;
+    at.x += panel->width() + spacing;
     rowHeight = std::max(rowHeight, panel->height());
     placed.width = std::max(placed.width, at.x);
   }
-  placed.height = at.y + rowHeight + gap + footer;
+  placed.height = at.y + rowHeight + spacing + footer;
   return placed;
 }
 
@@ -108,8 +108,8 @@ std::string networkSvg(const Network& net, const Look& look) {
   Placed placed = inRows(panels);
   const std::string title = cut(printable(net.title), 120);
   const std::string words = legend(automata);
-  placed.width =
-      std::max({placed.width, setWidth(title, titleFont) + 2 * gap, setWidth(words, 10) + 2 * gap});
+  placed.width = std::max(
+      {placed.width, setWidth(title, titleFont) + 2 * spacing, setWidth(words, 10) + 2 * spacing});
   const std::string width = decimal(placed.width);
   const std::string height = decimal(placed.height);
   std::string svg = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg" +
@@ -120,11 +120,11 @@ std::string networkSvg(const Network& net, const Look& look) {
                     attribute("font-family", setFonts) + ">\n" + hint(net.title);
   svg += rectangle(0, 0, placed.width, placed.height,
                    attribute("class", "paper") + attribute("fill", "#f6f6f6"));
-  svg += setText(gap, 28, title, titleFont, "#222",
+  svg += setText(spacing, 28, title, titleFont, "#222",
                  attribute("class", "heading") + attribute("font-weight", "bold"));
   for (std::size_t i = 0; i < panels.size(); ++i)
     svg += panels[i]->draw(placed.corners[i].x, placed.corners[i].y);
-  svg += setText(gap, placed.height - 16, words, 10, "#666", attribute("class", "legend"));
+  svg += setText(spacing, placed.height - 16, words, 10, "#666", attribute("class", "legend"));
   return svg + "</svg>\n";
 }
 

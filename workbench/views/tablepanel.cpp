@@ -15,7 +15,7 @@ constexpr double font = 10;
 constexpr double lineHeight = 17;
 constexpr double innerLine = 13;  // of a caption of several
 constexpr double rowGap = 5;
-constexpr double gap = 12;
+constexpr double cellGap = 12;
 constexpr double columnGap = 28;
 constexpr double highest = 900;  // of a column, unless a row is higher
 
@@ -73,7 +73,7 @@ void TablePanel::setColumns() {
 }
 
 double TablePanel::columnWidth() const {
-  return locationWidth_ + gap + sourceWidth_ + gap + captionWidth_;
+  return locationWidth_ + cellGap + sourceWidth_ + cellGap + captionWidth_;
 }
 
 double TablePanel::bodyWidth() const {
@@ -109,7 +109,7 @@ std::string TablePanel::drawRow(const TableRow& row, double left, double top) co
   chip += setText(left + 8, middle + 3.5, labelOf(location), font, location.colour.ink);
   std::string svg = locationGroup(location, chip);
   for (const Entry& entry : row.entries) {
-    svg += drawEntry(entry, left + locationWidth_ + gap, top);
+    svg += drawEntry(entry, left + locationWidth_ + cellGap, top);
     top += heightOf(entry);
   }
   return svg;
@@ -119,7 +119,7 @@ std::string TablePanel::drawEntry(const Entry& entry, double left, double top) c
   constexpr std::size_t mostHints = 60;
   const double baseline = top + 12;
   const std::vector<std::string> caption = captionOf(entry);
-  const double captionLeft = left + sourceWidth_ + gap;
+  const double captionLeft = left + sourceWidth_ + cellGap;
   const bool shared = entry.arrow.shared;
   std::string svg = "<g" +
                     attribute("class", (shared ? "shared " : "local ") + classesOf(entry.caption)) +

@@ -10,7 +10,7 @@ namespace tpn {
 
 namespace {
 
-constexpr std::size_t gap = 2;
+constexpr std::size_t blockGap = 2;
 constexpr std::size_t leastFolded = 36;  // of a column of folded cells beside others
 using Lines = std::vector<std::string>;
 
@@ -37,7 +37,7 @@ class Blocks {
       }
       if (mustFold) widths_[c] = roomBehind(used);
       block.push_back(c);
-      used += gap + widths_[c];
+      used += blockGap + widths_[c];
     }
     return result + blockText(block);
   }
@@ -49,21 +49,23 @@ class Blocks {
       widest = std::max(widest, displayedWidth(joined(words, " ")));
     return widest;
   }
-  std::size_t markWidth() const { return table_.marked ? gap + displayedWidth(table_.mark) : 0; }
+  std::size_t markWidth() const {
+    return table_.marked ? blockGap + displayedWidth(table_.mark) : 0;
+  }
 
   std::size_t roomBehind(std::size_t used) const {
-    const std::size_t taken = used + gap + markWidth();
+    const std::size_t taken = used + blockGap + markWidth();
     return taken < width_ ? width_ - taken : 1;
   }
 
   // The mark has to fit behind the row that has it, however wide others are.
   bool fits(std::size_t used, std::size_t column) const {
-    if (used + gap + widths_[column] > width_) return false;
+    if (used + blockGap + widths_[column] > width_) return false;
     if (!table_.marked) return true;
     const auto& words = table_.columns[column].cells[*table_.marked];
     const std::size_t cell = displayedWidth(joined(words, " "));
     const bool right = table_.columns[column].right;
-    return used + gap + (right ? widths_[column] : cell) + markWidth() <= width_;
+    return used + blockGap + (right ? widths_[column] : cell) + markWidth() <= width_;
   }
 
   std::string blockText(const std::vector<std::size_t>& block) const {
@@ -92,13 +94,13 @@ class Blocks {
       for (std::size_t i = 0; i < block.size(); ++i) {
         const std::string cell = line < cells[i].size() ? cells[i][line] : "";
         const bool last = i + 1 == block.size();
-        if (i > 0) text += std::string(gap, ' ');
+        if (i > 0) text += std::string(blockGap, ' ');
         text += table_.columns[block[i]].right ? rightPadded(cell, widths_[block[i]])
                 : last                         ? cell
                                                : padded(cell, widths_[block[i]]);
       }
       text.erase(text.find_last_not_of(' ') + 1);
-      if (line == 0 && !mark.empty()) text += std::string(gap, ' ') + mark;
+      if (line == 0 && !mark.empty()) text += std::string(blockGap, ' ') + mark;
       result += (line > 0 ? "\n" : "") + text;
     }
     return result;
