@@ -116,4 +116,25 @@ std::vector<std::string> folded(const std::vector<std::string>& words, std::size
   return lines;
 }
 
+std::string hanging(const std::string& heading, const std::vector<std::string>& words,
+                    std::size_t width) {
+  constexpr std::size_t leastRoom = 24;
+  const std::size_t begin = displayedWidth(heading) + 1;
+  const std::size_t indent = begin + leastRoom <= width ? begin : 6;
+  std::string text;
+  std::string line = heading;
+  std::size_t used = displayedWidth(heading);
+  for (const std::string& word : words) {
+    const std::size_t needed = 1 + displayedWidth(word);
+    if (used + needed > width && used > indent) {
+      text += line + "\n";
+      line = std::string(indent - 1, ' ');
+      used = indent - 1;
+    }
+    line += " " + word;
+    used += needed;
+  }
+  return text + line + "\n";
+}
+
 }  // namespace tpn

@@ -24,4 +24,10 @@ std::string_view head(std::string_view text, std::size_t width);
 // itself is broken.
 std::vector<std::string> folded(const std::vector<std::string>& words, std::size_t width);
 
+// The heading, a blank and the words in lines no wider than `width`, each with its end; what does
+// not fit into the first stands below where the words begin, or 6 columns in where they begin so
+// far to the right that little room is left.
+std::string hanging(const std::string& heading, const std::vector<std::string>& words,
+                    std::size_t width);
+
 }  // namespace tpn

@@ -1,9 +1,12 @@
 #include "workbench/walking/statetext.hpp"
 
 #include <algorithm>
-#include <iomanip>
 #include <ostream>
+#include <set>
+#include <sstream>
+#include <vector>
 
+#include "workbench/base/textwidth.hpp"
 #include "workbench/network/shown.hpp"
 #include "workbench/walking/walk.hpp"
 
@@ -16,28 +19,37 @@ std::string processText(const Network& net, std::size_t process) {
   return (net.names.processes.contains(process) ? "" : "process ") + shownProcess(net, process);
 }
 
-std::string movesText(const Network& net, const Transition& t) {
-  std::string text;
+using Words = std::vector<std::string>;
+
+// "P1: idle -> asking,", "variable: reads free".
+Words movesWords(const Network& net, const Transition& t) {
+  Words words;
   for (const Move& move : t.moves) {
-    text += (text.empty() ? "" : ", ") + processText(net, move.process) + ": ";
+    std::string text = processText(net, move.process) + ": ";
     if (!move.resets) text += "reads ";
     text += shownLocation(net, move.process, move.source);
     if (move.resets) text += " -> " + shownLocation(net, move.process, move.target);
+    words.push_back(text + (&move == &t.moves.back() ? "" : ","));
   }
-  return text;
+  return words;
 }
 
-void showProcesses(const Network& net, const TimedState& state, std::ostream& out) {
+Words propositionWords(const Network& net, const std::set<int>& held) {
+  Words words;
+  for (const int proposition : held)
+    words.push_back(net.names.propositions.contains(proposition)
+                        ? shownProposition(net, proposition)
+                        : std::to_string(proposition));
+  return held.empty() ? Words{"none"} : words;
+}
+
+void showProcesses(const Network& net, const TimedState& state, std::size_t width,
+                   std::ostream& out) {
   for (std::size_t p = 0; p < net.processes.size(); ++p)
     out << "  " << processText(net, p) << ": location " << shownLocation(net, p, state.locations[p])
         << ", clock " << state.clocks[p].text() << "\n";
-  out << "  propositions:";
-  const std::set<int> held = propositionsAt(net, state.locations);
-  for (const int proposition : held)
-    out << " "
-        << (net.names.propositions.contains(proposition) ? shownProposition(net, proposition)
-                                                         : std::to_string(proposition));
-  out << (held.empty() ? " none\n" : "\n");
+  const Words held = propositionWords(net, propositionsAt(net, state.locations));
+  out << hanging("  propositions:", held, width);
 }
 
 // Behind its number.
@@ -45,17 +57,18 @@ std::string nameOf(const Network& net, std::size_t transition) {
   return andName(std::to_string(number(transition)), shownTransition(net, transition));
 }
 
-// Of UTF-8, in characters.
-std::size_t width(const std::string& text) {
-  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xc0U) != 0x80; };
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins));
+// What moves, and why it cannot where that is so.
+Words effectOf(const Network& net, const TimedState& state, std::size_t transition, bool fires) {
+  Words words = movesWords(net, net.transitions[transition]);
+  if (fires) return words;
+  words.back() += "; not";
+  std::istringstream reason(hindrance(net, state, transition));
+  for (std::string word; std::getline(reason, word, ' ');) words.push_back(word);
+  return words;
 }
 
-std::string padded(std::string text, std::size_t columns) {
-  return text.append(columns - std::min(columns, width(text)), ' ');
-}
-
-void showTransitions(const Network& net, const TimedState& state, std::ostream& out) {
+void showTransitions(const Network& net, const TimedState& state, std::size_t width,
+                     std::ostream& out) {
   constexpr std::size_t longestName = 24;  // longer ones shift their line
   const std::string reason = stuck(net, state);
   if (!reason.empty()) out << "  " << reason << "\n";
@@ -64,13 +77,15 @@ void showTransitions(const Network& net, const TimedState& state, std::ostream& 
   for (std::size_t t = 0; t < net.transitions.size(); ++t) {
     if (!enabled(net.transitions[t], state.locations)) continue;
     enabledOnes.push_back(t);
-    widest = std::max(widest, std::min(longestName, width(nameOf(net, t))));
+    widest = std::max(widest, std::min(longestName, displayedWidth(nameOf(net, t))));
   }
   const std::vector<std::optional<Window>> delays = windows(net, state);
-  for (const std::size_t t : enabledOnes)
-    out << std::setw(4) << number(t) << padded(nameOf(net, t), widest) << "  "
-        << padded(delaysText(delays[t]), 16) << "  " << movesText(net, net.transitions[t])
-        << (delays[t] ? "" : "; not " + hindrance(net, state, t)) << "\n";
+  for (const std::size_t t : enabledOnes) {
+    const std::string heading = rightPadded(std::to_string(number(t)), 4) +
+                                padded(nameOf(net, t), widest) + "  " +
+                                padded(delaysText(delays[t]), 16) + " ";
+    out << hanging(heading, effectOf(net, state, t, delays[t].has_value()), width);
+  }
 }
 
 }  // namespace
@@ -82,9 +97,9 @@ std::string delaysText(const std::optional<Window>& delays) {
   return *delays->to == delays->from ? from : from + " to " + delays->to->text();
 }
 
-void showState(const Network& net, const TimedState& state, std::ostream& out) {
-  showProcesses(net, state, out);
-  showTransitions(net, state, out);
+void showState(const Network& net, const TimedState& state, std::size_t width, std::ostream& out) {
+  showProcesses(net, state, width, out);
+  showTransitions(net, state, width, out);
 }
 
 }  // namespace tpn

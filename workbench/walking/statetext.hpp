@@ -11,7 +11,8 @@
 
 namespace tpn {
 
-void showState(const Network& net, const TimedState& state, std::ostream& out);
+// In lines of at most `width` columns, where names leave room for that.
+void showState(const Network& net, const TimedState& state, std::size_t width, std::ostream& out);
 
 std::string delaysText(const std::optional<Window>& delays);  // "delay 1 to 2"
 

@@ -79,7 +79,7 @@ class Session {
   void show() const {
     out_ << "time " << past_.times.back().text() << ", after " << plural(steps_.size(), "step")
          << "\n";
-    showState(net_, state(), out_);
+    showState(net_, state(), look_.width, out_);
   }
 
   Run run() const { return {steps_, steps_.size()}; }

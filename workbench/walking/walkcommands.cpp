@@ -44,10 +44,9 @@ std::string fileIn(const std::string& line) {
 }
 
 std::string helpText() {
-  return "TRANSITION [DELAY]        let DELAY pass, then fire this one, by number or name; "
-         "without, "
-         "as soon\n"
-         "                          as it can; DELAY is written 2, 0.5 or 7/3\n"
+  return "TRANSITION [DELAY]        let DELAY pass, then fire this one, by number or\n"
+         "                          name; without, as soon as it can; DELAY is written\n"
+         "                          2, 0.5 or 7/3\n"
          "undo [COUNT]              take back the last step, or as many\n"
          "show                      the state and what can fire\n" +
          viewCommands() +

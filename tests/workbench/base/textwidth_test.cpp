@@ -39,5 +39,22 @@ TEST(Folded, LinesAreNoWiderThanAskedFor) {
   EXPECT_THAT(folded({}, 2), ElementsAre());
 }
 
+TEST(Hanging, WordsStandBelowTheFirst) {
+  EXPECT_EQ(hanging("see:", {"one", "two"}, 30), "see: one two\n");
+  EXPECT_EQ(hanging("see:", {"a word", "of many letters", "or others", "more"}, 30),
+            "see: a word of many letters\n     or others more\n");
+  EXPECT_EQ(hanging("see:", {}, 30), "see:\n");
+}
+
+TEST(Hanging, WordsThatBeginFarToTheRightGoOnAtTheLeft) {
+  EXPECT_EQ(hanging("a heading of many words:", {"one", "two", "three"}, 32),
+            "a heading of many words: one two\n      three\n");
+}
+
+TEST(Hanging, WordThatIsTooWideHasALineOfItsOwn) {
+  EXPECT_EQ(hanging("see:", {"one", "a word that is wider than the line", "two"}, 30),
+            "see: one\n     a word that is wider than the line\n     two\n");
+}
+
 }  // namespace
 }  // namespace tpn

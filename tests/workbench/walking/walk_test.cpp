@@ -2,6 +2,7 @@
 
 #include "workbench/walking/walk.hpp"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -216,10 +217,20 @@ TEST(Walk, ShowsNamesBehindNumbersInColumns) {
             std::string::npos)
       << out;
   EXPECT_NE(
-      out.find("   2 {wait\xc3\xa9}  cannot fire       B: 0 -> 1; not before 5 has passed, and "
-               "transition go has to fire within 2\n"),
+      out.find("   2 {wait\xc3\xa9}  cannot fire       B: 0 -> 1; not before 5 has passed, and\n"
+               "                                transition go has to fire within 2\n"),
       std::string::npos)
       << out;
+}
+
+TEST(Walk, FoldsWhatIsWiderThanTheTerminal) {
+  Network net = twoProcesses();
+  net.transitions[0].moves = {{0, 0, 1}, {1, 0, 1}};
+  std::istringstream in("quit\n");
+  std::ostringstream out;
+  walk(net, in, out, {.width = 48});
+  EXPECT_THAT(out.str(), testing::HasSubstr("   1  delay 1 to 2      process 1: 0 -> 1,\n"
+                                            "                        process 2: 0 -> 1\n"));
 }
 
 TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
@@ -228,8 +239,10 @@ TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
   process 2: location 0, clock 0
   propositions: none
   stuck: time stops after 2, and no transition can fire until then
-   1  cannot fire       process 1: 0 -> 1; not before 3 has passed, and transition 1 has to fire within 2
-   2  cannot fire       process 2: 0 -> 1; not before 5 has passed, and transition 1 has to fire within 2
+   1  cannot fire       process 1: 0 -> 1; not before 3 has passed, and
+                        transition 1 has to fire within 2
+   2  cannot fire       process 2: 0 -> 1; not before 5 has passed, and
+                        transition 1 has to fire within 2
 > 
 )");
 }
