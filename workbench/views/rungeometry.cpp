@@ -131,10 +131,11 @@ QuestionLine questionOf(const Network& net, const Property& property, const Run&
   return question;
 }
 
-// In as many lines as it takes, which push down what is below.
+// In as many lines as it takes, which push down what is below. Digits and operators, of which
+// questions are full, are wider than most letters.
 void placeQuestion(RunGeometry& at, const QuestionLine& question) {
-  const int columns =
-      (at.width - 2 * RunGeometry::textLeft) * 10 / textWidth(10, RunGeometry::smallFont);
+  constexpr int widestUsual = RunGeometry::smallFont * 7 / 10;
+  const int columns = (at.width - 2 * RunGeometry::textLeft) / widestUsual;
   at.question = foldedQuestion(question, static_cast<std::size_t>(columns));
   if (at.question.empty()) return;
   const int more = static_cast<int>(at.question.size() - 1) * RunGeometry::questionLine;
