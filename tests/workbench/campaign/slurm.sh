@@ -50,7 +50,7 @@ startMunge() { # startMunge FOLDER
     --pid-file="$1/munge.pid" --log-file="$1/munge.log" --seed-file="$1/munge.seed" \
     >"$1/munged.out" 2>&1 &
   slurmDaemons+=($!)
-  for _ in $(seq 50); do
+  for _ in $(seq 200); do
     munge -n --socket="$1/munge.socket" 2>/dev/null | unmunge --socket="$1/munge.socket" >/dev/null 2>&1 &&
       return 0
     sleep 0.1
@@ -74,7 +74,7 @@ startSlurm() {
   sleep 1
   slurmd -D -N "$(hostname -s)" >"$folder/slurmd.log" 2>&1 &
   slurmDaemons+=($!)
-  for _ in $(seq 150); do
+  for _ in $(seq 300); do
     [ "$(timeout 10 sinfo -h -o %T 2>/dev/null)" = idle ] && return 0
     sleep 0.2
   done
