@@ -44,7 +44,7 @@ std::size_t leadingDigits(std::string_view text) {
   return end == std::string_view::npos ? text.size() : end;
 }
 
-Token proposition(std::string_view rest) {
+Token propositionToken(std::string_view rest) {
   const bool isNegated = rest.substr(1, 1) == "-";
   const std::size_t sign = isNegated ? 2 : 1;
   const std::size_t digits = leadingDigits(rest.substr(sign));
@@ -70,7 +70,7 @@ Token tokenAt(std::string_view rest) {
     case '+':
       return {Token::disjunction, rest.substr(0, 1), {}};
     case 'p':
-      return proposition(rest);
+      return propositionToken(rest);
     case 'E':
       if (rest.size() > 1 && std::string_view("GXUFK").find(rest[1]) != std::string_view::npos)
         return {Token::temporal, rest.substr(0, 2), {}};
