@@ -8,7 +8,6 @@
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/proof/checker.hpp"
-#include "workbench/search/watch.hpp"
 
 namespace tpn {
 
@@ -21,11 +20,6 @@ struct CertifyArguments {
   double timeout = 0;
 };
 
-Exit stopped(const Watch& watch) {
-  writeFile("-", "undecided: " + watch.reason() + "\n");
-  return neither;
-}
-
 int certify(const CertifyArguments& a) {
   const Watch::Report none;
   const Watch watch(limitOf(a.timeout), stoppedBySignals(), none);
@@ -33,7 +27,7 @@ int certify(const CertifyArguments& a) {
   try {
     asked = askedOf(a.files, Checkpoint([&] { return watch.over(); }));
   } catch (const Interrupted&) {
-    return stopped(watch);
+    return stoppedBefore(watch);
   }
   if (!asked) return failed;
   const CertificateFile file = readCertificateFile(a.certificate);
@@ -42,7 +36,7 @@ int certify(const CertifyArguments& a) {
     writeFile("-", "unreachable: the certificate proves it\n");
     return done;
   }
-  if (result.result == Recheck::stopped) return stopped(watch);
+  if (result.result == Recheck::stopped) return stoppedBefore(watch);
   std::cerr << a.certificate << ": " << result.complaint << "\n";
   return failed;
 }

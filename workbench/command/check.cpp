@@ -11,7 +11,6 @@
 #include <optional>
 #include <utility>
 
-#include "workbench/base/files.hpp"
 #include "workbench/base/printable.hpp"
 #include "workbench/command/ending.hpp"
 #include "workbench/command/ranges.hpp"
@@ -19,7 +18,6 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/command/verdictoutput.hpp"
 #include "workbench/command/viewchoice.hpp"
-#include "workbench/proof/certificatetext.hpp"
 #include "workbench/search/engines.hpp"
 #include "workbench/search/keptfiles.hpp"
 
@@ -71,7 +69,7 @@ class ProgressLine {
   bool shown_ = false;
 };
 
-int answer(const CheckArguments& a, const Asked& asked, const Answer& v) {
+int answer(const CheckArguments& a, const Asked& asked, const Answer& v, const Watch& watch) {
   const Inputs question{asked.net, withoutSafety(asked.goal)};
   const Inputs shown{asked.net, shownGoal(question.property, v)};
   std::string text = a.views.shows("json") ? answerJson(question, v)
@@ -79,12 +77,7 @@ int answer(const CheckArguments& a, const Asked& asked, const Answer& v) {
   if (v.run && !a.views.shows("json"))
     text += "\n" + a.views.shown().print(shown.net, shown.property, *v.run, a.views.terminalLook());
   if (v.certificate && !a.certificate.empty())
-    attempted([&] {
-      writeFile(a.certificate,
-                certificateText({statement(asked.net, asked.goal),
-                                 a.flat ? flattened(*v.certificate) : *v.certificate},
-                                &asked.net));
-    });
+    attempted([&] { writeCertificate(a.certificate, asked, *v.certificate, a.flat, watch); });
   print(a.views, shown, v, text);
   return exitOf(v);
 }
@@ -109,7 +102,7 @@ int unread(const CheckArguments& a, const Watch& watch) {
   const Asked question{{}, {questionText(a.files), {{PropertyItem::truth}}}};
   Answer undecided;
   undecided.reason = watch.reason();
-  return answer(a, question, undecided);
+  return answer(a, question, undecided, watch);
 }
 
 // With its progress on the terminal, until a signal or the time stops it.
@@ -128,7 +121,7 @@ int checkedInTime(const CheckArguments& a) {
   const Answer found =
       a.asksByBounds() ? byBounds(a, *asked, stopped, report, watch) : byEngines(a, *asked, watch);
   progress.clear();
-  return answer(a, *asked, found);
+  return answer(a, *asked, found, watch);
 }
 
 FilePlan planOf(const CheckArguments& a) {

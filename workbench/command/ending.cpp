@@ -4,6 +4,7 @@
 #include <cmath>
 #include <csignal>
 
+#include "workbench/base/files.hpp"
 #include "workbench/command/ranges.hpp"
 
 namespace tpn {
@@ -29,6 +30,11 @@ const std::atomic<bool>& stoppedBySignals() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP})
     if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopped = true; });
   return stopped;
+}
+
+Exit stoppedBefore(const Watch& watch) {
+  writeFile("-", "undecided: " + watch.reason() + "\n");
+  return neither;
 }
 
 }  // namespace tpn

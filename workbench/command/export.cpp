@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "workbench/base/files.hpp"
+#include "workbench/command/ending.hpp"
 #include "workbench/command/reading.hpp"
 #include "workbench/command/subcommand.hpp"
 #include "workbench/proof/checker.hpp"
@@ -22,6 +23,7 @@ struct ExportArguments {
   std::string aiger;
   std::string certificate;
   std::string witness;
+  double timeout = 0;
 };
 
 // By the suffix of the file: text or bytes.
@@ -36,36 +38,52 @@ std::string title(const Asked& asked) {
 }
 
 // The one that is named, rechecked; or a new one.
-Certificate proofFor(const ExportArguments& a, const Asked& asked) {
+Certificate proofFor(const ExportArguments& a, const Asked& asked, const Watch& watch) {
+  const auto over = [&] { return watch.over(); };
   if (a.certificate.empty()) {
-    const Proved found = proved(
-        asked.net, asked.goal, [] { return false; }, [](const auto&) {});
+    const Proved found = proved(asked.net, asked.goal, over, [](const auto&) {});
+    if (!found.certificate && watch.over()) throw Interrupted();
     if (!found.certificate) throw std::runtime_error("there is no proof, hence no witness of it");
     return *found.certificate;
   }
   const CertificateFile file = readCertificateFile(a.certificate);
-  const Recheck checked = recheck(asked.net, asked.goal, file, {});
+  const Recheck checked = recheck(asked.net, asked.goal, file, over);
+  if (checked.result == Recheck::stopped) throw Interrupted();
   if (checked.result != Recheck::confirmed)
     throw std::runtime_error(a.certificate + ": " + checked.complaint);
   return file.proof;
 }
 
-void writeWitness(const ExportArguments& a, const Asked& asked, const MachineCircuit& machine) {
-  const Circuit witness = witnessCircuit(asked.net, machine, flattened(proofFor(a, asked)));
+void writeWitness(const ExportArguments& a, const Asked& asked, const MachineCircuit& machine,
+                  const Watch& watch) {
+  const Checkpoint checkpoint([&] { return watch.over(); });
+  const Certificate flat = flattened(proofFor(a, asked, watch), checkpoint);
+  const Circuit witness = witnessCircuit(asked.net, machine, flat, checkpoint);
   writeAiger(a.witness, witness, "WITNESS b0 " + a.aiger + "\n");
 }
 
-int exportAiger(const ExportArguments& a) {
-  const std::optional<Asked> asked = askedOf(a.files);
+int exportAiger(const ExportArguments& a, const Watch& watch) {
+  const Checkpoint checkpoint([&] { return watch.over(); });
+  const std::optional<Asked> asked = askedOf(a.files, checkpoint);
   if (!asked) return failed;
-  const MachineCircuit machine = makeMachineCircuit(asked->net, asked->goal);
+  const MachineCircuit machine = makeMachineCircuit(asked->net, asked->goal, checkpoint);
   writeAiger(a.aiger, machine.circuit, title(*asked));
-  if (!a.witness.empty()) writeWitness(a, *asked, machine);
+  if (!a.witness.empty()) writeWitness(a, *asked, machine, watch);
   return done;
 }
 
+int exportInTime(const ExportArguments& a) {
+  const Watch::Report none;
+  const Watch watch(limitOf(a.timeout), stoppedBySignals(), none);
+  try {
+    return exportAiger(a, watch);
+  } catch (const Interrupted&) {
+    return stoppedBefore(watch);
+  }
+}
+
 int checkedArguments(const ExportArguments& a) {
-  if (asksOnce(a.files, a.deadlock)) return exportAiger(a);
+  if (asksOnce(a.files, a.deadlock)) return exportInTime(a);
   std::cerr << "tpn: export takes NET PHI, NET -p TEXT or --deadlock NET\n";
   return misused;
 }
@@ -92,6 +110,7 @@ Action declareExport(CLI::App& app) {
                              ->type_name("FILE")
                              ->check(isAiger);
   certificate->needs(witness);
+  addTimeout(app, a->timeout);
   return [a] { return checkedArguments(*a); };
 }
 

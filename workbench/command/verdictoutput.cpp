@@ -1,8 +1,11 @@
 #include "workbench/command/verdictoutput.hpp"
 
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 
+#include "workbench/base/files.hpp"
 #include "workbench/base/json.hpp"
+#include "workbench/proof/certificatetext.hpp"
 #include "workbench/views/goalline.hpp"
 #include "workbench/views/views.hpp"
 
@@ -54,6 +57,17 @@ std::string answerJson(const Inputs& q, const Answer& a) {
 Exit exitOf(const Answer& a) {
   if (a.kind == Answer::reachable) return yes;
   return a.kind == Answer::unreachable ? no : neither;
+}
+
+void writeCertificate(const std::string& file, const Asked& asked, const Certificate& proof,
+                      bool flat, const Watch& watch) {
+  try {
+    const Checkpoint checkpoint([&] { return watch.over(); });
+    const Certificate written = flat ? flattened(proof, checkpoint) : proof;
+    writeFile(file, certificateText({statement(asked.net, asked.goal), written}, &asked.net));
+  } catch (const Interrupted&) {
+    throw std::runtime_error(file + " is not written: " + watch.reason());
+  }
 }
 
 }  // namespace tpn

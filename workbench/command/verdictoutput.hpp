@@ -9,6 +9,7 @@
 #include "workbench/command/subcommand.hpp"
 #include "workbench/network/goal.hpp"
 #include "workbench/search/answer.hpp"
+#include "workbench/search/watch.hpp"
 #include "workbench/views/views.hpp"
 
 namespace tpn {
@@ -20,5 +21,10 @@ Goal shownGoal(const Goal& question, const Answer& answer);
 std::string answerText(const Inputs& q, const Answer& answer, const Look& look);
 std::string answerJson(const Inputs& q, const Answer& answer);
 Exit exitOf(const Answer& answer);
+
+// The proof of an answer, with all its clauses where it is to be flat. Throws std::runtime_error
+// with one line where the file cannot be written, or the watch is over before all are there.
+void writeCertificate(const std::string& file, const Asked& asked, const Certificate& proof,
+                      bool flat, const Watch& watch);
 
 }  // namespace tpn

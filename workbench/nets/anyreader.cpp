@@ -60,26 +60,25 @@ NetForm formOf(const std::string& name, std::string_view text) {
 }
 
 std::optional<PetriNet> readPetriNet(NetForm form, const std::string& file, std::string_view text,
-                                     Diagnostics& diagnostics) {
+                                     Diagnostics& diagnostics, const Checkpoint& checkpoint) {
   assert(form != NetForm::network);
-  return form == NetForm::tina ? readTina(file, text, diagnostics)
-                               : readPnml(file, text, diagnostics);
+  return form == NetForm::tina ? readTina(file, text, diagnostics, checkpoint)
+                               : readPnml(file, text, diagnostics, checkpoint);
 }
 
 std::optional<Network> networkIn(const PetriNet& net, const std::string& file,
-                                 Diagnostics& diagnostics) {
-  if (!net.origin) return translated(net).net;
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint) {
+  if (!net.origin) return translated(net, checkpoint).net;
   NetReport report(file, diagnostics);
-  return originalNetwork(net, report);
+  return originalNetwork(net, report, checkpoint);
 }
 
 std::optional<Network> readAnyNetwork(const std::string& file, const std::string& text,
                                       Diagnostics& diagnostics, const Checkpoint& checkpoint) {
   const NetForm form = formOf(file, text);
   if (form == NetForm::network) return readNetwork(file, text, diagnostics, checkpoint);
-  const auto net = readPetriNet(form, file, text, diagnostics);
-  checkpoint();
-  return net ? networkIn(*net, file, diagnostics) : std::nullopt;
+  const auto net = readPetriNet(form, file, text, diagnostics, checkpoint);
+  return net ? networkIn(*net, file, diagnostics, checkpoint) : std::nullopt;
 }
 
 }  // namespace tpn

@@ -22,11 +22,11 @@ NetForm formOf(const std::string& name, std::string_view text);
 
 // A net in one of the two forms that are not network files.
 std::optional<PetriNet> readPetriNet(NetForm form, const std::string& file, std::string_view text,
-                                     Diagnostics& diagnostics);
+                                     Diagnostics& diagnostics, const Checkpoint& checkpoint = {});
 
 // The network that a net was, where it tells; any other net translated.
 std::optional<Network> networkIn(const PetriNet& net, const std::string& file,
-                                 Diagnostics& diagnostics);
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint = {});
 
 // As readNetwork (strictread.hpp), in any form.
 std::optional<Network> readAnyNetwork(const std::string& file, const std::string& text,

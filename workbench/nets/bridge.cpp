@@ -84,14 +84,18 @@ class ToNet {
 
 class ToNetwork {
  public:
-  ToNetwork(const PetriNet& net, NetReport& report) : net_(net), report_(report) {}
+  ToNetwork(const PetriNet& net, NetReport& report, const Checkpoint& checkpoint)
+      : net_(net), report_(report), checkpoint_(checkpoint) {}
 
   std::optional<Network> translated() {
     result_.title = net_.name;
     if (net_.name.empty()) misfit({}, "the net has no name, and the network's title is gone");
     addPlaces();
     if (report_.refused()) return std::nullopt;
-    for (const PetriNet::Transition& t : net_.transitions) addTransition(t);
+    for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
+      checkpoint_.at(t);
+      addTransition(net_.transitions[t]);
+    }
     if (report_.refused()) return std::nullopt;
     Report names = report_.asNetworkFile();
     result_.names = namesOf(net_.origin->names, result_, names);
@@ -109,6 +113,7 @@ class ToNetwork {
 
   void addPlaces() {
     for (std::size_t p = 0; p < net_.places.size(); ++p) {
+      checkpoint_.at(p);
       const PetriNet::Place& place = net_.places[p];
       if (spot(p).process == 0)
         misfit(place.at, "no process is told of place " + inQuotes(place.name));
@@ -158,6 +163,7 @@ class ToNetwork {
 
   const PetriNet& net_;
   NetReport& report_;
+  const Checkpoint& checkpoint_;
   Network result_;
 };
 
@@ -165,9 +171,10 @@ class ToNetwork {
 
 PetriNet petriNetOf(const Network& net) { return ToNet(net).translated(); }
 
-std::optional<Network> originalNetwork(const PetriNet& net, NetReport& report) {
+std::optional<Network> originalNetwork(const PetriNet& net, NetReport& report,
+                                       const Checkpoint& checkpoint) {
   assert(net.origin);
-  return ToNetwork(net, report).translated();
+  return ToNetwork(net, report, checkpoint).translated();
 }
 
 }  // namespace tpn

@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/netrules.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/network/network.hpp"
@@ -30,6 +31,7 @@ PetriNet petriNetOf(const Network& net);
 
 // The network that a net with an origin was made of. What the net says now is held against it:
 // nothing, and refused, where they differ.
-std::optional<Network> originalNetwork(const PetriNet& net, NetReport& report);
+std::optional<Network> originalNetwork(const PetriNet& net, NetReport& report,
+                                       const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

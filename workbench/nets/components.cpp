@@ -88,7 +88,8 @@ std::vector<bool> everMarked(const PetriNet& net, const std::vector<bool>& live)
 
 class Covering {
  public:
-  explicit Covering(const PetriNet& net) : net_(net), proof_(net) {
+  Covering(const PetriNet& net, const Checkpoint& checkpoint)
+      : net_(net), checkpoint_(checkpoint), proof_(net) {
     cover_.live.assign(net.transitions.size(), true);
   }
 
@@ -107,7 +108,8 @@ class Covering {
     for (const PetriNet::Unit& unit : net_.units)
       if (proof_.holdsOne(unit.places, cover_.live))
         candidates_.push_back({unit.places, unit.name});
-    for (std::vector<std::size_t>& places : semiflows(net_, cover_.live)) {
+    for (std::vector<std::size_t>& places : semiflows(net_, cover_.live, checkpoint_)) {
+      checkpoint_();
       assert(proof_.holdsOne(places, cover_.live));
       candidates_.push_back({std::move(places), ""});
     }
@@ -122,6 +124,7 @@ class Covering {
     std::vector<std::size_t> last(candidates_.size(), net_.transitions.size());
     bool found = false;
     for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
+      checkpoint_.at(t);
       if (!cover_.live[t] || !isDead(t, components, last)) continue;
       cover_.live[t] = false;
       found = true;
@@ -156,6 +159,7 @@ class Covering {
     const std::size_t count = candidates_.size();
     for (std::size_t c = 0; c < count; ++c) waiting.push({candidates_[c].places.size(), count - c});
     while (!waiting.empty()) {
+      checkpoint_();
       const auto [promised, after] = waiting.top();
       waiting.pop();
       const std::size_t now = gain(count - after);
@@ -172,6 +176,7 @@ class Covering {
   }
 
   const PetriNet& net_;
+  const Checkpoint& checkpoint_;
   Proof proof_;
   Cover cover_;
   std::vector<Component> candidates_;
@@ -179,6 +184,8 @@ class Covering {
 
 }  // namespace
 
-Cover coverOf(const PetriNet& net) { return Covering(net).covered(); }
+Cover coverOf(const PetriNet& net, const Checkpoint& checkpoint) {
+  return Covering(net, checkpoint).covered();
+}
 
 }  // namespace tpn

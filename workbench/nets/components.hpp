@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 
 namespace tpn {
@@ -27,6 +28,6 @@ struct Cover {
   std::vector<bool> live;             // [transition]: false where it is known never to fire
 };
 
-Cover coverOf(const PetriNet& net);
+Cover coverOf(const PetriNet& net, const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

@@ -81,10 +81,13 @@ void NetBuilder::label(std::string& label, const std::string& text, Place at) {
 
 // Of a transition, a place and a kind, one each: those said again are added to the first, and weigh
 // more than 1 then.
-std::vector<NetBuilder::Arc> NetBuilder::summedArcs() {
+std::vector<NetBuilder::Arc> NetBuilder::summedArcs(const Checkpoint& checkpoint) {
   const auto key = [](const Arc& a) { return std::tuple(a.transition, a.place, a.kind); };
-  std::stable_sort(arcs_.begin(), arcs_.end(),
-                   [&](const Arc& a, const Arc& b) { return key(a) < key(b); });
+  std::size_t compared = 0;
+  std::stable_sort(arcs_.begin(), arcs_.end(), [&](const Arc& a, const Arc& b) {
+    checkpoint.at(compared++);
+    return key(a) < key(b);
+  });
   std::vector<Arc> summed;
   for (const Arc& arc : arcs_) {
     if (summed.empty() || key(summed.back()) != key(arc)) {
@@ -113,8 +116,12 @@ void NetBuilder::enter(const Arc& arc) {
   }
 }
 
-PetriNet NetBuilder::finished() {
-  for (const Arc& arc : summedArcs()) enter(arc);
+PetriNet NetBuilder::finished(const Checkpoint& checkpoint) {
+  const std::vector<Arc> summed = summedArcs(checkpoint);
+  for (std::size_t i = 0; i < summed.size(); ++i) {
+    checkpoint.at(i);
+    enter(summed[i]);
+  }
   return std::move(net_);
 }
 

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/netrules.hpp"
 #include "workbench/nets/petrinet.hpp"
 
@@ -38,7 +39,7 @@ class NetBuilder {
   PetriNet& net() { return net_; }
 
   // Call once, at the end.
-  PetriNet finished();
+  PetriNet finished(const Checkpoint& checkpoint);
 
  private:
   struct Arc {
@@ -49,7 +50,7 @@ class NetBuilder {
     Place at;
   };
 
-  std::vector<Arc> summedArcs();
+  std::vector<Arc> summedArcs(const Checkpoint& checkpoint);
   void enter(const Arc& arc);
 
   NetReport& report_;

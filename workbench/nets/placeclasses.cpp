@@ -5,15 +5,18 @@
 
 namespace tpn {
 
-PlaceClasses::PlaceClasses(const PetriNet& net, const std::vector<bool>& live)
+PlaceClasses::PlaceClasses(const PetriNet& net, const std::vector<bool>& live,
+                           const Checkpoint& checkpoint)
     : classes_(net.places.size()), occurrences_(net.places.size()) {
   for (std::size_t p = 0; p < net.places.size(); ++p)
     classes_[p] = {{p}, net.places[p].marked ? 1 : 0, false};
-  for (std::size_t t = 0; t < net.transitions.size(); ++t)
+  for (std::size_t t = 0; t < net.transitions.size(); ++t) {
+    checkpoint.at(t);
     if (live[t]) addEffect(net.transitions[t]);
+  }
   isWaiting_.resize(columns_.size());
   for (std::size_t c = 0; c < columns_.size(); ++c) touch(c);
-  settle();
+  settle(checkpoint);
 }
 
 std::vector<PlaceClasses::Effect> PlaceClasses::effects() const {
@@ -45,8 +48,9 @@ void PlaceClasses::touch(std::size_t column) {
   waiting_.push_back(column);
 }
 
-void PlaceClasses::settle() {
-  while (!waiting_.empty()) {
+void PlaceClasses::settle(const Checkpoint& checkpoint) {
+  for (std::size_t round = 0; !waiting_.empty(); ++round) {
+    checkpoint.at(round);
     const std::size_t column = waiting_.front();
     waiting_.pop_front();
     isWaiting_[column] = false;

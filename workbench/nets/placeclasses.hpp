@@ -14,6 +14,7 @@
 #include <map>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 
 namespace tpn {
@@ -21,7 +22,7 @@ namespace tpn {
 class PlaceClasses {
  public:
   // The sets are to hold one token at most. Transitions that are not live count for nothing.
-  PlaceClasses(const PetriNet& net, const std::vector<bool>& live);
+  PlaceClasses(const PetriNet& net, const std::vector<bool>& live, const Checkpoint& checkpoint);
 
   struct Class {
     std::vector<std::size_t> places;
@@ -43,7 +44,7 @@ class PlaceClasses {
 
   void addEffect(const PetriNet::Transition& t);
   void change(Column& column, std::size_t key, int by);
-  void settle();
+  void settle(const Checkpoint& checkpoint);
   void look(std::size_t column);
   void merge(std::size_t a, std::size_t b);
   void exclude(std::size_t key);

@@ -30,11 +30,14 @@ class OriginReader {
     net_.origin.emplace().spots.resize(net_.places.size());
   }
 
-  void takeNetwork(const Node& network) {
+  void takeNetwork(const Node& network, const Checkpoint& checkpoint) {
     if (const pugi::xml_attribute title = network.attribute("title")) net_.name = title.value();
     if (net_.name.find('\n') != std::string::npos) refuse(network, "a title is one line");
-    for (const Node& part : network.children())
+    std::size_t round = 0;
+    for (const Node& part : network.children()) {
+      checkpoint.at(round++);
       if (part.type() == pugi::node_element) takeName(part);
+    }
   }
 
   void takePlace(std::size_t place, const Node& element) {
@@ -111,13 +114,17 @@ std::string nameElement(const NameLine& line) {
 }  // namespace
 
 void readPnmlOrigin(const XmlDocument& document, const std::vector<Node>& places,
-                    const std::vector<Node>& tools, PetriNet& net, NetReport& report) {
+                    const std::vector<Node>& tools, PetriNet& net, NetReport& report,
+                    const Checkpoint& checkpoint) {
   for (const Node& tool : tools) {
     const Node network = isOurs(tool) ? childOf(tool, "network") : Node{};
     if (!network) continue;
     OriginReader reader(document, net, report);
-    reader.takeNetwork(network);
-    for (std::size_t p = 0; p < places.size(); ++p) reader.takePlace(p, places[p]);
+    reader.takeNetwork(network, checkpoint);
+    for (std::size_t p = 0; p < places.size(); ++p) {
+      checkpoint.at(p);
+      reader.takePlace(p, places[p]);
+    }
   }
 }
 

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/nets/xmldocument.hpp"
 
@@ -21,7 +22,8 @@ namespace tpn {
 // `places` are the elements of the net's places, in their order; `tools` the toolspecific elements
 // of the net and its pages. Sets the net's origin where one of them tells of a network.
 void readPnmlOrigin(const XmlDocument& document, const std::vector<pugi::xml_node>& places,
-                    const std::vector<pugi::xml_node>& tools, PetriNet& net, NetReport& report);
+                    const std::vector<pugi::xml_node>& tools, PetriNet& net, NetReport& report,
+                    const Checkpoint& checkpoint);
 
 // A text as it may stand in an attribute or between tags.
 std::string xmlEscaped(const std::string& text);

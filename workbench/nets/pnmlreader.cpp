@@ -18,8 +18,8 @@ using Node = pugi::xml_node;
 
 class PnmlReader {
  public:
-  PnmlReader(const XmlDocument& document, NetReport& report)
-      : document_(document), report_(report), builder_(report) {}
+  PnmlReader(const XmlDocument& document, NetReport& report, const Checkpoint& checkpoint)
+      : document_(document), report_(report), checkpoint_(checkpoint), builder_(report) {}
 
   PetriNet read() {
     const Node net = theNet();
@@ -30,8 +30,8 @@ class PnmlReader {
     addTransitions();
     for (const Node& arc : arcs_) addArc(arc);
     for (const Node& tool : tools_) addUnits(tool);
-    PetriNet made = builder_.finished();
-    if (!report_.refused()) readPnmlOrigin(document_, places_, tools_, made, report_);
+    PetriNet made = builder_.finished(checkpoint_);
+    if (!report_.refused()) readPnmlOrigin(document_, places_, tools_, made, report_, checkpoint_);
     return made;
   }
 
@@ -45,6 +45,9 @@ class PnmlReader {
   void refuse(NetRule rule, const Node& node, const std::string& why) {
     report_.refuse(rule, at(node), why);
   }
+
+  // Of the element that comes next, whatever is done with it.
+  void passed() { checkpoint_.at(passed_++); }
 
   static std::string nameIn(const Node& node) { return textIn(childOf(node, "name")); }
 
@@ -77,6 +80,7 @@ class PnmlReader {
   // What stands on the net's pages, in the order of the document.
   void collect(const Node& net) {
     for (Node node = net.first_child(); node;) {
+      passed();
       const bool isPage = node.type() == pugi::node_element && localName(node) == "page";
       if (!isPage) sort(node);
       if (isPage && node.first_child()) {
@@ -109,6 +113,7 @@ class PnmlReader {
     std::vector<std::string> names;
     std::unordered_set<std::string> distinct;
     for (const Node& node : nodes) {
+      passed();
       names.push_back(nameIn(node));
       if (!names.back().empty()) distinct.insert(names.back());
     }
@@ -130,6 +135,7 @@ class PnmlReader {
   void addPlaces() {
     const std::vector<std::string> names = called(places_);
     for (std::size_t i = 0; i < names.size(); ++i) {
+      passed();
       const std::size_t place = builder_.place(names[i], at(places_[i]));
       remember(places_[i], {true, place});
       for (const Node& part : places_[i].children()) addToPlace(place, part);
@@ -151,6 +157,7 @@ class PnmlReader {
   void addTransitions() {
     const std::vector<std::string> names = called(transitions_);
     for (std::size_t i = 0; i < names.size(); ++i) {
+      passed();
       const std::size_t t = builder_.transition(names[i], at(transitions_[i]));
       remember(transitions_[i], {false, t});
       for (const Node& part : transitions_[i].children()) addToTransition(t, part);
@@ -172,6 +179,7 @@ class PnmlReader {
   }
 
   void addArc(const Node& arc) {
+    passed();
     const auto source = known_.find(arc.attribute("source").value());
     const auto target = known_.find(arc.attribute("target").value());
     if (source == known_.end() || target == known_.end())
@@ -201,6 +209,7 @@ class PnmlReader {
     const Node places = childOf(unit, "places");
     const std::string ids = XmlDocument::textOf(places);
     for (const Word& id : words({ids, 0, true})) {
+      passed();
       const auto found = known_.find(std::string(id.text));
       if (found == known_.end() || !found->second.isPlace)
         return refuse(NetRule::pnmlUnit, places, inQuotes(id.text) + " is no place of the net");
@@ -214,6 +223,8 @@ class PnmlReader {
 
   const XmlDocument& document_;
   NetReport& report_;
+  const Checkpoint& checkpoint_;
+  std::size_t passed_ = 0;
   PnmlParts parts_{document_, report_};
   NetBuilder builder_;
   std::vector<Node> places_;
@@ -227,10 +238,11 @@ class PnmlReader {
 }  // namespace
 
 std::optional<PetriNet> readPnml(const std::string& file, std::string_view text,
-                                 Diagnostics& diagnostics) {
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint) {
   NetReport report(file, diagnostics);
   const XmlDocument document(text, report);
-  PetriNet net = PnmlReader(document, report).read();
+  checkpoint();
+  PetriNet net = PnmlReader(document, report, checkpoint).read();
   if (report.refused()) return std::nullopt;
   return net;
 }

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/network/diagnostic.hpp"
 
@@ -19,6 +20,6 @@ namespace tpn {
 // As readTina (tinareader.hpp). No document is deep or tricky enough to do harm: entities are not
 // expanded, nothing recurses, and memory is in proportion to the text.
 std::optional<PetriNet> readPnml(const std::string& file, std::string_view text,
-                                 Diagnostics& diagnostics);
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

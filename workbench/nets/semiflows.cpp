@@ -25,11 +25,13 @@ struct Row {
 // The transitions and classes that have to do with one another.
 class Elimination {
  public:
-  Elimination(std::vector<Row> rows, std::int64_t& work) : rows_(std::move(rows)), work_(work) {}
+  Elimination(std::vector<Row> rows, const Checkpoint& checkpoint, std::int64_t& work)
+      : rows_(std::move(rows)), checkpoint_(checkpoint), work_(work) {}
 
   // What no transition changes.
   std::vector<Row> solved() {
     while (work_ > 0) {
+      checkpoint_();
       const auto column = cheapest();
       if (!column) break;
       eliminate(*column);
@@ -64,8 +66,10 @@ class Elimination {
       (by == 0 ? kept : by > 0 ? winning : losing).push_back(std::move(row));
     }
     std::set<Classes> known;
+    std::size_t round = 0;
     for (const Row& w : winning)
       for (const Row& l : losing) {
+        checkpoint_.at(round++);
         if (--work_ < 0) break;
         if (w.effect.at(column) + l.effect.at(column) != 0 || w.tokens + l.tokens > 1) continue;
         auto made = joined(w, l);
@@ -90,6 +94,7 @@ class Elimination {
   }
 
   std::vector<Row> rows_;
+  const Checkpoint& checkpoint_;
   std::int64_t& work_;
 };
 
@@ -147,11 +152,11 @@ std::vector<std::vector<Row>> groupedRows(const PlaceClasses& classes) {
 }  // namespace
 
 std::vector<std::vector<std::size_t>> semiflows(const PetriNet& net, const std::vector<bool>& live,
-                                                std::int64_t work) {
-  const PlaceClasses classes(net, live);
+                                                const Checkpoint& checkpoint, std::int64_t work) {
+  const PlaceClasses classes(net, live, checkpoint);
   std::vector<std::vector<std::size_t>> found;
   for (std::vector<Row>& group : groupedRows(classes))
-    for (const Row& row : Elimination(std::move(group), work).solved())
+    for (const Row& row : Elimination(std::move(group), checkpoint, work).solved())
       if (row.tokens == 1) found.push_back(placesOf(classes, row.classes));
   return found;
 }

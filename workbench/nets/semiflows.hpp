@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 
 namespace tpn {
@@ -20,6 +21,7 @@ namespace tpn {
 // Each set ascending. The transitions that are not live count for nothing; `work` is about how many
 // entries of rows are computed.
 std::vector<std::vector<std::size_t>> semiflows(const PetriNet& net, const std::vector<bool>& live,
+                                                const Checkpoint& checkpoint = {},
                                                 std::int64_t work = 5'000'000);
 
 }  // namespace tpn

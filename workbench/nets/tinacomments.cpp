@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "workbench/network/namelines.hpp"
 #include "workbench/nets/tinalexer.hpp"
+#include "workbench/network/namelines.hpp"
 
 namespace tpn {
 
@@ -19,8 +19,9 @@ std::string_view trimmed(std::string_view text) {
 
 class CommentReader {
  public:
-  CommentReader(const NetBuilder& names, PetriNet& net, NetReport& report)
-      : names_(names), net_(net), report_(report) {
+  CommentReader(const NetBuilder& names, PetriNet& net, NetReport& report,
+                const Checkpoint& checkpoint)
+      : names_(names), net_(net), report_(report), checkpoint_(checkpoint) {
     net_.origin.emplace().spots.resize(net_.places.size());
   }
 
@@ -38,7 +39,7 @@ class CommentReader {
 
  private:
   void takePlace(const Line& line) {
-    TinaLexer lexer(line.text, report_);
+    TinaLexer lexer(line.text, report_, checkpoint_);
     lexer.next();
     const TinaToken name = lexer.next();
     const Place at{line.number, name.at.column};
@@ -66,6 +67,7 @@ class CommentReader {
   const NetBuilder& names_;
   PetriNet& net_;
   NetReport& report_;
+  const Checkpoint& checkpoint_;
 };
 
 std::string placeLine(const std::string& name, const PetriNet::Spot& spot) {
@@ -78,16 +80,18 @@ std::string placeLine(const std::string& name, const PetriNet::Spot& spot) {
 }  // namespace
 
 void readTinaComments(const std::vector<Line>& comments, const NetBuilder& names, PetriNet& net,
-                      NetReport& report) {
+                      NetReport& report, const Checkpoint& checkpoint) {
   std::optional<CommentReader> reader;
   bool open = false;
-  for (const Line& comment : comments) {
+  for (std::size_t i = 0; i < comments.size(); ++i) {
+    checkpoint.at(i);
+    const Line& comment = comments[i];
     const std::string_view text = trimmed(comment.text);
     if (text == opening) {
       if (reader)
         report.refuse(NetRule::processLine, {comment.number, 1}, "the processes are told already");
       else
-        reader.emplace(names, net, report);
+        reader.emplace(names, net, report, checkpoint);
       open = true;
     } else if (text == closing) {
       open = false;

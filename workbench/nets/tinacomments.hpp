@@ -12,6 +12,7 @@
 
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/base/textlines.hpp"
 #include "workbench/nets/netbuilder.hpp"
 #include "workbench/nets/petrinet.hpp"
@@ -20,7 +21,7 @@ namespace tpn {
 
 // Finds them among all comments of a file and sets the net's origin; nothing where there are none.
 void readTinaComments(const std::vector<Line>& comments, const NetBuilder& names, PetriNet& net,
-                      NetReport& report);
+                      NetReport& report, const Checkpoint& checkpoint);
 
 // Each line with its end; nothing where the net has no origin.
 std::string tinaComments(const PetriNet& net);

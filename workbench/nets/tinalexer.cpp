@@ -24,7 +24,14 @@ std::size_t wordLength(std::string_view text) {
   return static_cast<std::size_t>(end - text.begin());
 }
 
+template <std::size_t Size>
+bool isOneOf(const std::array<std::string_view, Size>& all, std::string_view text) {
+  return std::find(all.begin(), all.end(), text) != all.end();
+}
+
 }  // namespace
+
+bool TinaToken::isKeyword() const { return kind == word && isOneOf(keywords, text); }
 
 void TinaLexer::skipComment() {
   const std::size_t length = std::min(rest().find('\n'), rest().size());
@@ -69,6 +76,7 @@ TinaToken TinaLexer::braced() {
 }
 
 TinaToken TinaLexer::next() {
+  checkpoint_.at(passed_++);
   skip();
   if (at_ == text_.size()) return {TinaToken::end, {}, "", place(), firstOnLine_};
   const bool first = firstOnLine_;
@@ -109,8 +117,7 @@ std::optional<std::int64_t> tinaNumber(std::string_view word) {
 }
 
 std::string tinaName(const std::string& name) {
-  const bool isKeyword = std::find(keywords.begin(), keywords.end(), name) != keywords.end();
-  if (!name.empty() && wordLength(name) == name.size() && !isKeyword) return name;
+  if (!name.empty() && wordLength(name) == name.size() && !isOneOf(keywords, name)) return name;
   std::string written = "{";
   for (const char c : name) {
     if (isSpecial(c)) written += '\\';

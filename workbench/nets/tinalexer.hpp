@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/base/textlines.hpp"
 #include "workbench/nets/netrules.hpp"
 
@@ -31,14 +32,16 @@ struct TinaToken {
 
   bool is(std::string_view what) const { return (kind == symbol || kind == word) && text == what; }
   bool isName() const { return kind == word || kind == braced; }
+  bool isKeyword() const;  // a word that begins a declaration
 };
 
 class TinaLexer {
  public:
-  // Borrows the text; what is wrong with a name in braces goes to the report.
-  TinaLexer(std::string_view text, NetReport& report) : text_(text), report_(report) {}
+  // Borrows all three; what is wrong with a name in braces goes to the report.
+  TinaLexer(std::string_view text, NetReport& report, const Checkpoint& checkpoint)
+      : text_(text), report_(report), checkpoint_(checkpoint) {}
 
-  TinaToken next();
+  TinaToken next();  // asks the checkpoint
 
   // The comments passed so far, each a line from its # on.
   std::vector<Line> takeComments() { return std::move(comments_); }
@@ -53,6 +56,8 @@ class TinaLexer {
 
   std::string_view text_;
   NetReport& report_;
+  const Checkpoint& checkpoint_;
+  std::size_t passed_ = 0;  // tokens
   std::size_t at_ = 0;
   std::size_t lineBegin_ = 0;
   int line_ = 1;

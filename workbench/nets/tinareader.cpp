@@ -15,8 +15,11 @@ struct SyntaxError {};  // reported already
 
 class TinaReader {
  public:
-  TinaReader(std::string_view text, NetReport& report)
-      : lexer_(text, report), report_(report), builder_(report) {
+  TinaReader(std::string_view text, NetReport& report, const Checkpoint& checkpoint)
+      : lexer_(text, report, checkpoint),
+        report_(report),
+        checkpoint_(checkpoint),
+        builder_(report) {
     advance();
   }
 
@@ -47,17 +50,24 @@ class TinaReader {
   ArcKind kindOf(const Arc& arc, bool intoTransition);
   void join(std::size_t transition, std::size_t place, const Arc& arc, bool intoTransition);
 
-  bool atDeclaration() const;
+  bool atDeclaration() const { return token_.kind == TinaToken::end || token_.isKeyword(); }
   TinaToken takeName(const char* what);
   std::int64_t takeNumber(const char* what);
-  void expect(std::string_view symbol);
-  bool accept(std::string_view symbol);
+  void expect(std::string_view symbol) {
+    if (!accept(symbol)) unexpected(std::string(symbol) + " is expected here");
+  }
+  bool accept(std::string_view symbol) {
+    const bool taken = token_.is(symbol);
+    if (taken) advance();
+    return taken;
+  }
   [[noreturn]] void unexpected(const std::string& what);
   void recover();
   void advance() { token_ = lexer_.next(); }
 
   TinaLexer lexer_;
   NetReport& report_;
+  const Checkpoint& checkpoint_;
   NetBuilder builder_;
   TinaToken token_;
   struct LabelLine {
@@ -76,8 +86,8 @@ PetriNet TinaReader::read() {
     }
   }
   resolveLabels();
-  PetriNet net = builder_.finished();
-  readTinaComments(lexer_.takeComments(), builder_, net, report_);
+  PetriNet net = builder_.finished(checkpoint_);
+  readTinaComments(lexer_.takeComments(), builder_, net, report_, checkpoint_);
   return net;
 }
 
@@ -134,7 +144,9 @@ void TinaReader::takeLabelLine() {
 
 // What they label may be declared further down.
 void TinaReader::resolveLabels() {
-  for (const auto& [name, label] : labels_) {
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    checkpoint_.at(i);
+    const auto& [name, label] = labels_[i];
     const auto place = builder_.knownPlace(name.name);
     const auto transition = builder_.knownTransition(name.name);
     if (place && transition)
@@ -243,11 +255,6 @@ void TinaReader::join(std::size_t transition, std::size_t place, const Arc& arc,
   builder_.arc(kind, transition, place, arc.weight, arc.at);
 }
 
-bool TinaReader::atDeclaration() const {
-  return token_.kind == TinaToken::end || token_.is("tr") || token_.is("pl") || token_.is("lb") ||
-         token_.is("pr") || token_.is("net");
-}
-
 TinaToken TinaReader::takeName(const char* what) {
   if (!token_.isName() || atDeclaration())
     unexpected(std::string("the name of a ") + what + " is expected here");
@@ -261,16 +268,6 @@ std::int64_t TinaReader::takeNumber(const char* what) {
   if (!number) unexpected(std::string("a ") + what + " is expected here, a whole number");
   advance();
   return *number;
-}
-
-void TinaReader::expect(std::string_view symbol) {
-  if (!accept(symbol)) unexpected(std::string(symbol) + " is expected here");
-}
-
-bool TinaReader::accept(std::string_view symbol) {
-  if (!token_.is(symbol)) return false;
-  advance();
-  return true;
 }
 
 void TinaReader::unexpected(const std::string& what) {
@@ -291,9 +288,9 @@ void TinaReader::recover() {
 }  // namespace
 
 std::optional<PetriNet> readTina(const std::string& file, std::string_view text,
-                                 Diagnostics& diagnostics) {
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint) {
   NetReport report(file, diagnostics);
-  PetriNet net = TinaReader(text, report).read();
+  PetriNet net = TinaReader(text, report, checkpoint).read();
   if (report.refused()) return std::nullopt;
   return net;
 }

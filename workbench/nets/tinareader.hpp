@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/network/diagnostic.hpp"
 
@@ -25,6 +26,6 @@ namespace tpn {
 // `file` is the name used in the diagnostics. The value is there where no error was found; all that
 // are found are appended in order of position. Takes time linear in the text, but for logarithms.
 std::optional<PetriNet> readTina(const std::string& file, std::string_view text,
-                                 Diagnostics& diagnostics);
+                                 Diagnostics& diagnostics, const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

@@ -30,19 +30,24 @@ bool isTitle(const std::string& name) {
 
 class Translator {
  public:
-  explicit Translator(const PetriNet& net)
-      : net_(net), cover_(coverOf(net)), spots_(net.places.size()) {}
+  Translator(const PetriNet& net, const Checkpoint& checkpoint)
+      : net_(net),
+        checkpoint_(checkpoint),
+        cover_(coverOf(net, checkpoint)),
+        spots_(net.places.size()) {}
 
   Translation translated() {
     result_.net.title = isTitle(net_.name) ? net_.name : "net";
     for (const Component& component : cover_.components) addComponent(component);
     for (std::size_t p = 0; p < net_.places.size(); ++p)
       if (cover_.marked[p] && !cover_.covered[p]) addUncovered(p);
-    for (std::size_t t = 0; t < net_.transitions.size(); ++t)
+    for (std::size_t t = 0; t < net_.transitions.size(); ++t) {
+      checkpoint_.at(t);
       if (cover_.live[t])
         addTransition(t);
       else
         result_.left.push_back(t);
+    }
     for (std::size_t p = 0; p < net_.places.size(); ++p)
       if (!cover_.marked[p]) result_.unmarked.push_back(p);
     label();
@@ -127,6 +132,7 @@ class Translator {
   // first.
   void label() {
     for (std::size_t p = 0; p < net_.places.size(); ++p) {
+      checkpoint_.at(p);
       names().propositions[number(p)] = net_.places[p].name;
       if (spots_[p].empty()) continue;
       const Spot& home = spots_[p].front();
@@ -143,6 +149,7 @@ class Translator {
   }
 
   const PetriNet& net_;
+  const Checkpoint& checkpoint_;
   Cover cover_;
   std::vector<std::vector<Spot>> spots_;  // [place]
   DistinctNames processNames_;
@@ -193,6 +200,8 @@ std::string told(const PetriNet& net, const Translation& translation) {
   return lines;
 }
 
-Translation translated(const PetriNet& net) { return Translator(net).translated(); }
+Translation translated(const PetriNet& net, const Checkpoint& checkpoint) {
+  return Translator(net, checkpoint).translated();
+}
 
 }  // namespace tpn

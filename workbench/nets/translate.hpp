@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/nets/petrinet.hpp"
 #include "workbench/network/network.hpp"
 
@@ -35,7 +36,7 @@ struct Translation {
 };
 
 // With no name, the net's title is "net".
-Translation translated(const PetriNet& net);
+Translation translated(const PetriNet& net, const Checkpoint& checkpoint = {});
 
 // Throws Inexact (bridge.hpp) where a network file cannot say it: where a transition reads a place,
 // or puts a token on one that is in no component.

@@ -16,14 +16,16 @@ class StepBuilder {
   StepBuilder(const Machine& machine, const StateLiterals& state, Circuit& circuit)
       : machine_(machine), state_(state), circuit_(circuit) {}
 
-  void build(const std::vector<Literal>& choice) {
+  void build(const std::vector<Literal>& choice, const Checkpoint& checkpoint) {
     for (std::size_t t = 0; t < machine_.transitions.size(); ++t) {
+      checkpoint();
       const Literal selected = chosen(choice, t + 1);
       fires_.push_back(circuit_.both(selected, mayFire(machine_.transitions[t])));
     }
     const Literal selected = chosen(choice, 0);
     const Literal unit = circuit_.both(selected, unitMayPass());
     for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
+      checkpoint();
       moveProcess(p);
       const Literal stays = Circuit::inverted(anyFires(machine_.processes[p].resetters));
       if (state_.unary(p))
@@ -233,14 +235,16 @@ Literal leafSignal(const Network& net, const PropertyItem& item, MachineCircuit&
 
 // least .. most of the literals: [n] says that n or more of those so far are 1.
 Literal countSignal(const PropertyItem& item, const std::vector<Literal>& literals,
-                    Circuit& circuit) {
+                    Circuit& circuit, const Checkpoint& checkpoint) {
   std::vector<Literal> counts(literals.size() + 2, Circuit::no);
   counts[0] = Circuit::yes;
-  for (const Literal literal : literals)
+  for (const Literal literal : literals) {
+    checkpoint();
     for (std::size_t n = literals.size(); n > 0; --n) {
       const Literal reaches = circuit.both(literal, counts[n - 1]);
       counts[n] = circuit.either(counts[n], reaches);
     }
+  }
   const auto limit = [&](int n) {
     return counts[static_cast<std::size_t>(std::min(n, item.operands + 1))];
   };
@@ -248,9 +252,11 @@ Literal countSignal(const PropertyItem& item, const std::vector<Literal>& litera
   return circuit.both(enough, Circuit::inverted(limit(item.most + 1)));
 }
 
-Literal propertySignal(const Network& net, const Property& property, MachineCircuit& m) {
+Literal propertySignal(const Network& net, const Property& property, MachineCircuit& m,
+                       const Checkpoint& checkpoint) {
   std::vector<Literal> values;
   for (const PropertyItem& item : property.items) {
+    checkpoint();
     const auto count = static_cast<std::size_t>(operandsOf(item));
     const std::vector<Literal> operands(values.end() - static_cast<std::ptrdiff_t>(count),
                                         values.end());
@@ -260,7 +266,7 @@ Literal propertySignal(const Network& net, const Property& property, MachineCirc
     else if (item.kind == PropertyItem::disjunction)
       values.push_back(m.circuit.any(operands));
     else if (item.kind == PropertyItem::counter)
-      values.push_back(countSignal(item, operands, m.circuit));
+      values.push_back(countSignal(item, operands, m.circuit, checkpoint));
     else
       values.push_back(leafSignal(net, item, m));
   }
@@ -278,15 +284,15 @@ std::vector<Literal> declareChoice(std::size_t transitions, Circuit& circuit) {
 
 }  // namespace
 
-MachineCircuit makeMachineCircuit(const Network& net, const Goal& goal) {
+MachineCircuit makeMachineCircuit(const Network& net, const Goal& goal,
+                                  const Checkpoint& checkpoint) {
   Machine machine = makeMachine(net);
   Circuit circuit;
   const std::vector<Literal> choice = declareChoice(machine.transitions.size(), circuit);
   StateLiterals state(machine, circuit);
   MachineCircuit m{std::move(machine), std::move(circuit), std::move(state)};
-  StepBuilder(m.machine, m.state, m.circuit).build(choice);
-  const Literal bad = propertySignal(net, goal, m);
-  m.circuit.bad(bad, "goal");
+  StepBuilder(m.machine, m.state, m.circuit).build(choice, checkpoint);
+  m.circuit.bad(propertySignal(net, goal, m, checkpoint), "goal");
   return m;
 }
 

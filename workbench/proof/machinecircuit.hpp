@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include "workbench/base/checkpoint.hpp"
 #include "workbench/network/goal.hpp"
 #include "workbench/proof/stateliterals.hpp"
 
@@ -19,10 +20,12 @@ struct MachineCircuit {
   StateLiterals state;
 };
 
-MachineCircuit makeMachineCircuit(const Network& net, const Goal& goal);
+MachineCircuit makeMachineCircuit(const Network& net, const Goal& goal,
+                                  const Checkpoint& checkpoint = {});
 
 // The circuit with the invariant's negation for its bad signal, and for the names of inputs and
 // latches the literals that they stand for, "=14". `flat` has no generators.
-Circuit witnessCircuit(const Network& net, const MachineCircuit& machine, const Certificate& flat);
+Circuit witnessCircuit(const Network& net, const MachineCircuit& machine, const Certificate& flat,
+                       const Checkpoint& checkpoint = {});
 
 }  // namespace tpn

@@ -13,13 +13,24 @@ using Literal = Circuit::Literal;
 
 class InvariantBuilder {
  public:
-  InvariantBuilder(const Network& net, const MachineCircuit& from, Circuit& circuit)
-      : net_(net), machine_(from.machine), state_(from.state), circuit_(circuit) {}
+  InvariantBuilder(const Network& net, const MachineCircuit& from, Circuit& circuit,
+                   const Checkpoint& checkpoint)
+      : net_(net),
+        machine_(from.machine),
+        state_(from.state),
+        circuit_(circuit),
+        checkpoint_(checkpoint) {}
 
   Literal invariant(const Certificate& flat) {
     for (std::size_t p = 0; p < machine_.processes.size(); ++p) facts(p);
-    for (const LinearInvariant& sum : flat.linear) parts_.push_back(holds(sum));
-    for (const AtomClause& clause : flat.clauses) parts_.push_back(holds(clause));
+    for (const LinearInvariant& sum : flat.linear) {
+      checkpoint_();
+      parts_.push_back(holds(sum));
+    }
+    for (std::size_t i = 0; i < flat.clauses.size(); ++i) {
+      checkpoint_.at(i);
+      parts_.push_back(holds(flat.clauses[i]));
+    }
     return circuit_.all(parts_);
   }
 
@@ -87,14 +98,16 @@ class InvariantBuilder {
   const Machine& machine_;
   const StateLiterals& state_;
   Circuit& circuit_;
+  const Checkpoint& checkpoint_;
   std::vector<Literal> parts_;
 };
 
 }  // namespace
 
-Circuit witnessCircuit(const Network& net, const MachineCircuit& machine, const Certificate& flat) {
+Circuit witnessCircuit(const Network& net, const MachineCircuit& machine, const Certificate& flat,
+                       const Checkpoint& checkpoint) {
   Circuit witness = machine.circuit;
-  const Literal invariant = InvariantBuilder(net, machine, witness).invariant(flat);
+  const Literal invariant = InvariantBuilder(net, machine, witness, checkpoint).invariant(flat);
   witness.replaceBad(Circuit::inverted(invariant), "invariant");
   const auto named = [](Literal literal) { return "=" + std::to_string(literal); };
   for (std::size_t i = 0; i < witness.inputs().size(); ++i)

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/driver/runprogram.hpp"
+#include "tests/workbench/proof/endless.hpp"
 #include "workbench/base/files.hpp"
+#include "workbench/network/propertyreader.hpp"
+#include "workbench/network/writer.hpp"
+#include "workbench/proof/certificatetext.hpp"
 
 namespace {
 
@@ -58,6 +62,46 @@ TEST_F(Export, MakesNoSenseWithoutAQuestionOrAnotherSuffix) {
   EXPECT_EQ(run({"fischer", "violation", "--deadlock", "--aiger", "f.aag"}).status, 2);
   EXPECT_EQ(run({"fischer", "violation", "--aiger", "f.txt"}).status, 2);
   EXPECT_EQ(run({"fischer", "violation"}).status, 2);
+}
+
+// Of a proof that is too long to be checked, once it is stopped.
+class ExportEnds : public Export {
+ protected:
+  void SetUp() override {
+    tpn::Diagnostics none;
+    const tpn::Network net = tpn::endless::network();
+    const tpn::Property phi = *tpn::readProperty("", "p1\n", none);
+    place.write("net.tpn", tpn::networkFile(net));
+    place.write("phi.tpn", "p1\n");
+    place.write("proof", tpn::certificateText({tpn::statement(net, {phi}), tpn::endless::proof()}));
+  }
+  const std::vector<std::string> asked{"export",    "net",   "phi",           "--aiger", "f.aag",
+                                       "--witness", "w.aag", "--certificate", "proof"};
+};
+
+TEST_F(ExportEnds, WithTheTimeAndWithoutAWitness) {
+  std::vector<std::string> timed = asked;
+  timed.insert(timed.end(), {"--timeout", "1"});
+  const Outcome outcome = place.run(TPN_BINARY, timed);
+  EXPECT_EQ(outcome.out, "undecided: the time is over\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(outcome.status, 30);
+  EXPECT_FALSE(std::filesystem::exists(place.folder() / "w.aag"));
+}
+
+TEST_F(ExportEnds, OnASignal) {
+  std::vector<std::string> sent{"--preserve-status", "-s", "INT", "1", TPN_BINARY};
+  sent.insert(sent.end(), asked.begin(), asked.end());
+  const Outcome outcome = place.run("timeout", sent);
+  EXPECT_EQ(outcome.out, "undecided: interrupted\n");
+  EXPECT_EQ(outcome.status, 30);
+}
+
+TEST_F(ExportEnds, WhileItSearchesForAProof) {
+  const Outcome outcome =
+      run({"net", "phi", "--aiger", "f.aag", "--witness", "w.aag", "--timeout", "0.000001"});
+  EXPECT_EQ(outcome.out, "undecided: the time is over\n");
+  EXPECT_EQ(outcome.status, 30);
 }
 
 }  // namespace

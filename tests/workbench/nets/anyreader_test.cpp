@@ -8,6 +8,7 @@
 #include "tests/workbench/network/bignets.hpp"
 #include "workbench/nets/bridge.hpp"
 #include "workbench/nets/pnmlwriter.hpp"
+#include "workbench/nets/tinareader.hpp"
 #include "workbench/nets/tinawriter.hpp"
 #include "workbench/network/writer.hpp"
 
@@ -56,6 +57,51 @@ PetriNet large(std::size_t processes) {
     net.places.push_back({"x" + std::to_string(p), "", false, {}});
   }
   return net;
+}
+
+// How often a checkpoint is asked while this is read.
+int questions(const std::string& name, const std::string& text) {
+  int asked = 0;
+  Diagnostics found;
+  EXPECT_TRUE(readAnyNetwork(name, text, found, Checkpoint([&] { return ++asked < 0; })));
+  return asked;
+}
+
+// At any of them.
+void expectToEnd(const std::string& name, const std::string& text) {
+  const int all = questions(name, text);
+  for (const int last : {1, 2, all / 4, all / 2, 3 * all / 4, all}) {
+    int asked = 0;
+    Diagnostics found;
+    EXPECT_THROW(readAnyNetwork(name, text, found, Checkpoint([&] { return ++asked == last; })),
+                 Interrupted)
+        << name << " at " << last << " of " << all;
+  }
+}
+
+TEST(LargeNets, EndAtACheckpoint) {
+  const PetriNet net = large(5000);
+  const PetriNet withOrigin = petriNetOf(manyProcesses(5000));
+  for (const PetriNet& each : {net, withOrigin}) {
+    expectToEnd("a.net", tinaFile(each));
+    expectToEnd("a.pnml", pnmlFile(each));
+  }
+}
+
+// One line of all of it, one declaration, one comment: not only where another begins.
+TEST(LargeNets, AskAsOftenAsTheyAreLong) {
+  const auto asked = [](std::size_t count, const auto& part) {
+    std::string text = "tr t ";
+    for (std::size_t i = 0; i < count; ++i) text += part(i);
+    Diagnostics found;
+    int calls = 0;
+    readTina("a.net", text, found, Checkpoint([&] { return ++calls < 0; }));
+    return calls;
+  };
+  const auto arc = [](std::size_t i) { return "p" + std::to_string(i) + " "; };
+  const auto label = [](std::size_t i) { return "\nlb p" + std::to_string(i) + " x"; };
+  EXPECT_GE(asked(100'000, arc), 24);
+  EXPECT_GE(asked(100'000, label), 72 + 24);
 }
 
 // Generous bounds, for builds without optimisation on busy machines: what is quadratic takes hours.

@@ -170,7 +170,7 @@ TEST(Semiflows, CoverWhatCanBeCovered) {
 
 TEST(Semiflows, EndWhereTheWorkIsDone) {
   PetriNet net = tinaNet("pl a (1) pl b pl c (1) pl d tr t a c -> b d tr u b d -> a c");
-  EXPECT_TRUE(semiflows(net, {true, true}, 0).empty());
+  EXPECT_TRUE(semiflows(net, {true, true}, {}, 0).empty());
   EXPECT_EQ(semiflows(net, {true, true}).size(), 4U);
 }
 

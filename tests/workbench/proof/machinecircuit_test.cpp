@@ -56,6 +56,36 @@ std::string wrongStep(const Sample& sample, const aiger::File& file, const state
   return "";
 }
 
+// How often a checkpoint is asked, and that whoever asks ends where it throws, whenever that is.
+template <class Work>
+int asksAndEnds(const Work& work) {
+  int asked = 0;
+  work(Checkpoint([&] { return ++asked < 0; }));
+  for (int last = 1; last <= asked; ++last) {
+    int calls = 0;
+    EXPECT_THROW(work(Checkpoint([&] { return ++calls == last; })), Interrupted) << last;
+  }
+  return asked;
+}
+
+TEST(MachineCircuit, EndsAtACheckpointOfEachTransitionAndProcess) {
+  const Network net = fischer::network(3);
+  const int asked = asksAndEnds([&](const Checkpoint& checkpoint) {
+    makeMachineCircuit(net, fischer::violation(3), checkpoint);
+  });
+  EXPECT_GE(asked, static_cast<int>(net.transitions.size() + net.processes.size()));
+}
+
+TEST(Witness, EndsAtACheckpoint) {
+  const Network net = fischer::network(3);
+  const Certificate flat = flattened(fischer::proof(3));
+  const MachineCircuit machine = makeMachineCircuit(net, fischer::violation(3));
+  EXPECT_GT(asksAndEnds([&](const Checkpoint& checkpoint) {
+              witnessCircuit(net, machine, flat, checkpoint);
+            }),
+            0);
+}
+
 class MachineCircuits : public testing::TestWithParam<MoveKinds> {};
 
 TEST_P(MachineCircuits, DoWhatTheNetworkDoes) {
