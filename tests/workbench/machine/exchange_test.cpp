@@ -105,6 +105,35 @@ TEST(Exchange, IsVerified) {
   EXPECT_TRUE(exchange(makeMachine(net), 0, 1));
 }
 
+// The third process meets both in the same way, but that its move counts, or resets, with one
+// alone: what the two do themselves does not tell.
+TEST(Exchange, FindsNoneWhereTheMoveOfAPartnerOfBothDiffers) {
+  tpn::Network net;
+  net.processes.assign(3, {{0, 1}, {}});
+  net.transitions = {{{1, 2}, {{0, 0, 1}, {2, 0, 0}}}, {{1, 2}, {{1, 0, 1}, {2, 0, 0}}}};
+  EXPECT_TRUE(exchange(makeMachine(net), 0, 1));
+  for (bool tpn::Move::*const flag : {&tpn::Move::counts, &tpn::Move::resets}) {
+    tpn::Network other = net;
+    other.transitions[1].moves[1].*flag = false;
+    EXPECT_FALSE(exchange(makeMachine(other), 0, 1));
+    other.transitions[0].moves[1].*flag = false;
+    EXPECT_TRUE(exchange(makeMachine(other), 0, 1));
+  }
+}
+
+// Where the third process starts goes with the first, where it may be later with the second.
+TEST(Exchange, LeavesTheInitialStateAsItIs) {
+  tpn::Network net;
+  net.processes = {{{0, 1}, {}}, {{0, 1}, {}}, {{0, 1, 2}, {}}};
+  const auto meets = [](std::size_t process, int place) {
+    return tpn::Transition{{0, {}}, {{process, 0, 1}, {2, place, place}}};
+  };
+  net.transitions = {meets(0, 1), meets(1, 2), {{0, {}}, {{2, 0, 1}}}, {{0, {}}, {{2, 0, 2}}}};
+  EXPECT_TRUE(exchange(makeMachine(net), 0, 1));
+  net.transitions = {meets(0, 0), meets(1, 1), {{0, {}}, {{2, 0, 1}}}, {{0, {}}, {{2, 1, 0}}}};
+  EXPECT_FALSE(exchange(makeMachine(net), 0, 1));
+}
+
 TEST(Exchange, CountsTransitionsThatAreThereTwice) {
   tpn::Network net = pairs(2);
   net.transitions.push_back(net.transitions[0]);
@@ -143,6 +172,19 @@ TEST(Interchangeable, CountPartnersOnce) {
   const tpn::Network net = pairs(3);
   EXPECT_THAT(tpn::interchangeable(net, tpn::makeMachine(net), nullptr),
               ElementsAre(ElementsAre(0, 2, 4)));
+}
+
+// Two pairs, 0 with 3 and 1 with 2, of which all four do the same. To exchange the last two is to
+// exchange the first two as well, whose order is settled then: with all four in order no run would
+// begin with a pair.
+TEST(Interchangeable, LeaveEarlierMembersAsTheyAre) {
+  tpn::Network net;
+  net.processes.assign(4, {{0, 1, 2}, {}});
+  for (std::size_t p = 0; p < 4; ++p) net.transitions.push_back({{0, {}}, {{p, 0, 1}}});
+  net.transitions.push_back({{0, {}}, {{0, 1, 2}, {3, 1, 2}}});
+  net.transitions.push_back({{0, {}}, {{1, 1, 2}, {2, 1, 2}}});
+  ASSERT_TRUE(exchange(makeMachine(net), 2, 3));
+  EXPECT_THAT(interchangeable(net, makeMachine(net), nullptr), ElementsAre(ElementsAre(0, 1, 2)));
 }
 
 TEST(Interchangeable, AreNoneOfARing) {

@@ -55,9 +55,11 @@ void forAllLocations(const Machine& machine, const std::function<void(const Loca
 
 struct Encoded {
   explicit Encoded(const Network& net, std::size_t most = 200'000)
+      : Encoded(net, placeInvariants(makeMachine(net)), most) {}
+  Encoded(const Network& net, std::vector<PlaceInvariant> given, std::size_t most = 200'000)
       : machine(makeMachine(net)),
         layout(StateLayout::capped(machine)),
-        invariants(placeInvariants(machine)),
+        invariants(std::move(given)),
         linear(linearClauses(machine, layout, invariants, {}, most)),
         clauses(oneLocation(machine, layout)) {
     clauses.insert(clauses.end(), linear.clauses.begin(), linear.clauses.end());
@@ -96,6 +98,22 @@ TEST(LinearClauses, LeaveTheLocationsWhoseSumsAreZero) {
     helpers += static_cast<std::size_t>(e.linear.helpers);
   }
   EXPECT_GT(helpers, 50U);
+}
+
+// Parts of four values each, so that sums are those of numbers that have steps in between.
+TEST(LinearClauses, AreExactForPartsOfManyValues) {
+  Network net;
+  net.processes = {{{0, 1, 2, 3}, {}}, {{0, 1, 2, 3}, {}}, {{0, 1, 2, 3}, {}}, {{}, {}}};
+  for (int l = 0; l < 10; ++l) net.processes[3].locations.insert(l);
+  PlaceInvariant sum;
+  for (std::size_t p = 0; p < 3; ++p)
+    for (std::size_t rank = 1; rank < 4; ++rank)
+      sum.terms.push_back({p, rank, static_cast<std::int64_t>(rank)});
+  for (std::size_t rank = 1; rank < 10; ++rank)
+    sum.terms.push_back({3, rank, -static_cast<std::int64_t>(rank)});
+  const Encoded e(net, {sum});
+  EXPECT_GT(e.linear.helpers, 0);
+  expectExact(e, "values");
 }
 
 TEST(LinearClauses, AreExactForCounters) {
