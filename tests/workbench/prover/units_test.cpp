@@ -136,6 +136,28 @@ TEST(Interchange, RedundantTransitionsAreImagesOfOthers) {
   EXPECT_GT(redundant, 0);
 }
 
+// What one of two swaps of processes does to data beside is none of what its processes own: it
+// could be done alone. Taken for theirs, each way of the data would be one that another stands for.
+TEST(Interchange, IsNoneWhereASwapDoesMoreThanItsProcessesNeed) {
+  Network net;
+  net.processes.assign(3, {{0, 1}, {}});
+  net.processes.push_back({{0, 1, 2}, {}});
+  for (std::size_t p = 0; p < 3; ++p) net.transitions.push_back({{0, {}}, {{p, 0, 1}}});
+  for (const int place : {1, 2}) net.transitions.push_back({{0, {}}, {{variable, 0, place}}});
+  const Machine machine = makeMachine(net);
+  const StateLayout layout = StateLayout::capped(machine);
+  const std::vector<std::size_t> ranks{0, 1};
+  const Symmetry more{{1, 0, 2, 3}, {ranks, ranks, ranks, {0, 2, 1}}};
+  const Symmetry bare{{2, 1, 0, 3}, {ranks, ranks, ranks, {0, 1, 2}}};
+  ASSERT_TRUE(isSymmetry(machine, more) && isSymmetry(machine, bare));
+  Interchange interchange(
+      machine, layout, Vocabulary(machine, layout),
+      {permutationOf(machine, layout, more), permutationOf(machine, layout, bare)}, {});
+  EXPECT_EQ(interchange.families(), 0U);
+  interchange.pin({layout.location(0, 1)});
+  EXPECT_FALSE(interchange.redundant(3) && interchange.redundant(4));
+}
+
 TEST(Nearness, MovesAddTheirProcesses) {
   const Fischer f;
   const Nearness nearness(f.machine, f.words);
