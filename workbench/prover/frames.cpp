@@ -4,44 +4,33 @@
 
 namespace tpn {
 
-Frames::Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, Solver& solver,
-               int firstFree)
-    : words_(words),
-      orbits_(std::move(orbits)),
-      mostImages_(mostImages),
-      solver_(solver),
-      last_(firstFree - 1) {
+Frames::Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, ClauseSink& sink)
+    : words_(words), orbits_(std::move(orbits)), mostImages_(mostImages), sink_(sink) {
   openTo(0);
-  for (int v = 1; v <= words_.variables(); ++v) {
-    solver_.add(-frame(0));
-    solver_.add(words_.initially(v) ? v : -v);
-    solver_.add(0);
-  }
+  for (int v = 1; v <= words_.variables(); ++v)
+    sink_.add({-frame(0), words_.initially(v) ? v : -v});
 }
 
 void Frames::openTo(std::size_t level) {
   while (levels_.size() <= level) {
-    levels_.push_back(++last_);
+    levels_.push_back(sink_.fresh());
     counts_.push_back(0);
     // The initial state is not made to obey: it is in every frame, and no clause excludes it.
     if (levels_.size() > 2) activate(levels_.size() - 2, levels_.back());
   }
 }
 
-void Frames::activate(std::size_t level, int activator) {
-  solver_.add(-levels_[level]);
-  solver_.add(activator);
-  solver_.add(0);
-}
+void Frames::activate(std::size_t level, int activator) { sink_.add({-levels_[level], activator}); }
 
 void Frames::learn(const Cube& cube, std::size_t level) {
   const auto images = orbits_.of(cube, mostImages_);
   if (!images) throw OrbitTooLarge();
-  const int activator = ++last_;
+  const int activator = sink_.fresh();
+  Clause clause;
   for (const Cube& image : *images) {
-    solver_.add(-activator);
-    for (const int literal : image) solver_.add(-literal);
-    solver_.add(0);
+    clause.assign({-activator});
+    for (const int literal : image) clause.push_back(-literal);
+    sink_.add(clause);
   }
   clauses_ += static_cast<long>(images->size());
   learnt_.push_back({cube, level, activator});

@@ -14,9 +14,9 @@
 #include <cstddef>
 #include <vector>
 
+#include "workbench/machine/sink.hpp"
 #include "workbench/prover/cube.hpp"
 #include "workbench/prover/orbits.hpp"
-#include "workbench/solvers/solver.hpp"
 
 namespace tpn {
 
@@ -31,9 +31,8 @@ class Frames {
     int activator = 0;
   };
 
-  // Borrows all; new variables begin at `firstFree`.
-  Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, Solver& solver,
-         int firstFree);
+  // Borrows words and sink.
+  Frames(const Vocabulary& words, Orbits orbits, std::size_t mostImages, ClauseSink& sink);
 
   // Adds frames up to this one; `top` is the last.
   void openTo(std::size_t level);
@@ -56,8 +55,7 @@ class Frames {
   const Vocabulary& words_;
   Orbits orbits_;
   std::size_t mostImages_;
-  Solver& solver_;
-  int last_;
+  ClauseSink& sink_;
   std::vector<int> levels_;
   std::vector<Learnt> learnt_;
   std::vector<std::size_t> counts_;  // [level]: clauses of just this level

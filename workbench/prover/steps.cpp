@@ -1,6 +1,7 @@
 #include "workbench/prover/steps.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace tpn {
@@ -14,24 +15,19 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process) {
 }
 
 Steps::Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-             std::vector<std::int64_t> delays, Interchange interchange, Solver& solver,
-             int firstFree, const Checkpoint& checkpoint)
+             std::vector<std::int64_t> delays, Interchange interchange, ClauseSink& sink,
+             const Checkpoint& checkpoint, int narrow)
     : machine_(machine),
       layout_(layout),
       words_(words),
       interchange_(std::move(interchange)),
-      solver_(solver),
-      last_(firstFree - 1),
+      sink_(sink),
+      narrow_(narrow),
       firingsOf_(machine.processes.size()) {
   for (std::size_t t = 0; t < machine.transitions.size(); ++t)
     if (!machine.transitions[t].hopeless()) addFiring(t);
   for (const std::int64_t delay : delays) addWaiting(delay, checkpoint);
   seen_.assign(firings_.size(), 0);
-}
-
-void Steps::addClause(const Clause& clause) {
-  for (const int literal : clause) solver_.add(literal);
-  solver_.add(0);
 }
 
 void Steps::addFiring(std::size_t transition) {
@@ -49,9 +45,9 @@ void Steps::addFiring(std::size_t transition) {
     always = always || (t.latest && cap <= *t.latest);
   }
   if (!always) {
-    firing.inTime = ++last_;
+    firing.inTime = sink_.fresh();
     inTime.push_back(-firing.inTime);
-    addClause(inTime);
+    sink_.add(inTime);
     firing.guard.push_back(firing.inTime);
   }
   firings_.push_back(std::move(firing));
@@ -72,37 +68,49 @@ Clause Steps::deadline(const Machine::Transition& t, std::int64_t delay) const {
 void Steps::addWaiting(std::int64_t delay, const Checkpoint& checkpoint) {
   Waiting waiting;
   waiting.delay = delay;
-  waiting.calm = ++last_;
+  waiting.calm = sink_.fresh();
   for (std::size_t i = 0; i < machine_.transitions.size(); ++i) {
     const Machine::Transition& t = machine_.transitions[i];
     checkpoint.at(i);
     if (!t.latest) continue;
     Clause clause = deadline(t, delay);
     clause.push_back(-waiting.calm);
-    addClause(clause);
+    sink_.add(clause);
   }
   const auto size = static_cast<std::size_t>(layout_.size()) + 1;
   waiting.up.assign(size, 0);
   waiting.down.assign(size, 0);
-  for (std::size_t p = 0; p < machine_.processes.size(); ++p)
+  for (std::size_t p = 0; p < machine_.processes.size(); ++p) {
+    if (layout_.width(p) > narrow_) continue;
+    checkpoint();
     for (int i = 0; i < layout_.width(p); ++i) {
-      const std::int64_t v = i + 1;
-      checkpoint();
-      const int up = waiting.up[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
-      const int down = waiting.down[static_cast<std::size_t>(layout_.clockAt(p, i))] = ++last_;
-      Clause stays{-down};
-      if (v > delay) {
-        addClause({-up, layout_.clock(p, v - delay)});
-        stays.push_back(-layout_.clock(p, v - delay));
-      }
-      for (std::size_t l = 0; l < machine_.processes[p].locations.size(); ++l) {
-        if (machine_.processes[p].locations[l].cap >= v) continue;
-        addClause({-up, -layout_.location(p, l)});
-        stays.push_back(layout_.location(p, l));
-      }
-      addClause(stays);
+      carried(layout_.clockAt(p, i), waiting);
+      carried(-layout_.clockAt(p, i), waiting);
     }
+  }
   waitings_.push_back(std::move(waiting));
+}
+
+int Steps::atLeastAfter(int variable, std::int64_t delay) {
+  const auto& [p, isClock, v] = words_.meaning(variable);
+  const int up = sink_.fresh();
+  if (v > delay) sink_.add({-up, layout_.clock(p, v - delay)});
+  const auto& locations = machine_.processes[p].locations;
+  for (std::size_t l = 0; l < locations.size(); ++l)
+    if (locations[l].cap < v) sink_.add({-up, -layout_.location(p, l)});
+  return up;
+}
+
+int Steps::lessAfter(int variable, std::int64_t delay) {
+  const auto& [p, isClock, v] = words_.meaning(variable);
+  const int down = sink_.fresh();
+  Clause stays{-down};
+  if (v > delay) stays.push_back(-layout_.clock(p, v - delay));
+  const auto& locations = machine_.processes[p].locations;
+  for (std::size_t l = 0; l < locations.size(); ++l)
+    if (locations[l].cap < v) stays.push_back(layout_.location(p, l));
+  sink_.add(stays);
+  return down;
 }
 
 void Steps::forEach(const Cube& cube, std::vector<int>& kept,
@@ -118,7 +126,7 @@ void Steps::forEach(const Cube& cube, std::vector<int>& kept,
           !interchange_.redundant(firings_[f].transition) && !askTransition(f, cube, kept, ask))
         return;
   }
-  for (const Waiting& waiting : waitings_)
+  for (Waiting& waiting : waitings_)
     if (!askDelay(waiting, cube, ask)) return;
 }
 
@@ -161,13 +169,17 @@ bool Steps::askTransition(std::size_t index, const Cube& cube, std::vector<int>&
   return true;
 }
 
-int Steps::carried(int literal, const Waiting& waiting) const {
+int Steps::carried(int literal, Waiting& waiting) {
   if (!words_.meaning(literal).isClock) return literal;
-  return literal > 0 ? waiting.up[static_cast<std::size_t>(literal)]
-                     : waiting.down[static_cast<std::size_t>(-literal)];
+  const int variable = std::abs(literal);
+  int& after = (literal > 0 ? waiting.up : waiting.down)[static_cast<std::size_t>(variable)];
+  if (after == 0)
+    after =
+        literal > 0 ? atLeastAfter(variable, waiting.delay) : lessAfter(variable, waiting.delay);
+  return after;
 }
 
-Steps::Carried Steps::carried(int literal, const Way& way) const {
+Steps::Carried Steps::carried(int literal, const Way& way) {
   if (way.isDelay()) {
     const auto waiting = std::find_if(waitings_.begin(), waitings_.end(),
                                       [&](const Waiting& w) { return w.delay == way.delay; });
@@ -179,8 +191,8 @@ Steps::Carried Steps::carried(int literal, const Way& way) const {
   return {0, true, words_.holdsOnArrival(literal, move->target)};
 }
 
-bool Steps::askDelay(const Waiting& waiting, const Cube& cube,
-                     const std::function<bool(const Query&)>& ask) const {
+bool Steps::askDelay(Waiting& waiting, const Cube& cube,
+                     const std::function<bool(const Query&)>& ask) {
   Query query{{0, waiting.delay}, {waiting.calm}, {}, 0};
   for (const int literal : cube) query.literals.emplace_back(carried(literal, waiting), literal);
   for (const int literal : cube) {

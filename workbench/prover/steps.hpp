@@ -21,9 +21,9 @@
 #include <vector>
 
 #include "workbench/base/checkpoint.hpp"
+#include "workbench/machine/sink.hpp"
 #include "workbench/prover/cube.hpp"
 #include "workbench/prover/interchange.hpp"
-#include "workbench/solvers/solver.hpp"
 
 namespace tpn {
 
@@ -48,12 +48,11 @@ const Machine::Move* moveOf(const Machine::Transition& t, std::size_t process);
 
 class Steps {
  public:
-  // Adds the auxiliary definitions to the solver, at variables from `firstFree` on. Borrows all.
+  // Adds the auxiliary definitions to the sink: now, but for those about clocks that are not
+  // `narrow` (units), which are added when they are first needed. Borrows all.
   Steps(const Machine& machine, const StateLayout& layout, const Vocabulary& words,
-        std::vector<std::int64_t> delays, Interchange interchange, Solver& solver, int firstFree,
-        const Checkpoint& checkpoint);
-
-  int variables() const { return last_; }
+        std::vector<std::int64_t> delays, Interchange interchange, ClauseSink& sink,
+        const Checkpoint& checkpoint, int narrow = 16);
 
   // Calls `ask` for each query that a state outside the cube may satisfy and step into it, until it
   // returns false. `kept` gets, for each transition that cannot lead into the cube because of one
@@ -69,7 +68,7 @@ class Steps {
     bool decided = false;
     bool value = true;  // where it is decided
   };
-  Carried carried(int literal, const Way& way) const;
+  Carried carried(int literal, const Way& way);
 
   // All states that step into the cube as this one does: `state` tells each variable's value.
   Cube before(const Cube& cube, const Way& way, const std::function<bool(int)>& state) const;
@@ -83,19 +82,19 @@ class Steps {
   struct Waiting {  // of one delay
     std::int64_t delay = 0;
     int calm = 0;
-    std::vector<int> up;    // [clock variable - first]: at least v after the delay
+    std::vector<int> up;    // [clock variable]: at least v after the delay; 0: not asked for yet
     std::vector<int> down;  // less than v
   };
 
   void addFiring(std::size_t transition);
   void addWaiting(std::int64_t delay, const Checkpoint& checkpoint);
-  int carried(int literal, const Waiting& waiting) const;
-  void addClause(const Clause& clause);
+  int carried(int literal, Waiting& waiting);
+  int atLeastAfter(int variable, std::int64_t delay);
+  int lessAfter(int variable, std::int64_t delay);
   Clause deadline(const Machine::Transition& t, std::int64_t delay) const;
   bool askTransition(std::size_t index, const Cube& cube, std::vector<int>& kept,
                      const std::function<bool(const Query&)>& ask);
-  bool askDelay(const Waiting& waiting, const Cube& cube,
-                const std::function<bool(const Query&)>& ask) const;
+  bool askDelay(Waiting& waiting, const Cube& cube, const std::function<bool(const Query&)>& ask);
   // preimages.cpp
   Cube beforeTransition(const Cube& cube, std::size_t transition,
                         const std::function<bool(int)>& state) const;
@@ -111,8 +110,8 @@ class Steps {
   const StateLayout& layout_;
   const Vocabulary& words_;
   Interchange interchange_;
-  Solver& solver_;
-  int last_;
+  ClauseSink& sink_;
+  int narrow_;
   std::vector<Firing> firings_;
   std::vector<std::vector<std::size_t>> firingsOf_;  // [process]: indices into firings_
   std::vector<Waiting> waitings_;

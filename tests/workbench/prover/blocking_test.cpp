@@ -40,9 +40,9 @@ struct Blocks {
   CubeStates states;
   std::unique_ptr<Solver> solver = makeCadical(Use::manyShortSearches);
   Checkpoint checkpoint;
-  Steps steps{states.machine(),           states.layout(), states.words(), {1}, {}, *solver,
-              states.layout().size() + 1, checkpoint};
-  Frames frames{states.words(), Orbits(), 100, *solver, steps.variables() + 1};
+  ClauseSink sink = stateSink(states.layout(), *solver);
+  Steps steps{states.machine(), states.layout(), states.words(), {1}, {}, sink, checkpoint, 1};
+  Frames frames{states.words(), Orbits(), 100, sink};
   Blocking blocking{states.machine(), states.layout(), states.words(), steps,
                     frames,           *solver,         checkpoint};
 };

@@ -5,9 +5,17 @@
 #include <map>
 
 #include "tests/workbench/proof/randomproofs.hpp"
+#include "workbench/machine/sink.hpp"
 #include "workbench/prover/cube.hpp"
 
 namespace tpn {
+
+// To which the variables of a state are known.
+inline ClauseSink stateSink(const StateLayout& layout, Solver& solver) {
+  ClauseSink sink(solver);
+  sink.fresh(layout.size());
+  return sink;
+}
 
 class CubeStates {
  public:

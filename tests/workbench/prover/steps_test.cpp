@@ -12,11 +12,11 @@ namespace {
 
 class Backwards {
  public:
-  explicit Backwards(const Sample& s)
+  explicit Backwards(const Sample& s, int narrow = 16)
       : states_(s),
         solver_(makeCadical(Use::manyShortSearches)),
-        steps_(states_.machine(), states_.layout(), states_.words(), {1}, {}, *solver_,
-               states_.layout().size() + 1, {}) {
+        sink_(stateSink(states_.layout(), *solver_)),
+        steps_(states_.machine(), states_.layout(), states_.words(), {1}, {}, sink_, {}, narrow) {
     addAt(*solver_, facts(states_.machine(), states_.layout()), 0);
   }
 
@@ -52,6 +52,7 @@ class Backwards {
 
   CubeStates states_;
   std::unique_ptr<Solver> solver_;
+  ClauseSink sink_;
   Steps steps_;
 };
 
@@ -78,7 +79,7 @@ TEST_P(StepsInto, ACubeLeadFromWhereTheStatesSay) {
   for (int i = 0; i < 150; ++i) {
     const Sample s = samples.next();
     if (CubeStates::count(s) > 2000) continue;
-    Backwards backwards(s);
+    Backwards backwards(s, i % 2 == 0 ? 16 : 0);
     for (int j = 0; j < 10; ++j) {
       const Cube cube = backwards.states().randomCube(samples);
       const bool expected = backwards.states().entered(cube);

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "tests/workbench/proof/fischer.hpp"
+#include "tests/workbench/prover/cubestates.hpp"
 #include "workbench/machine/symmetry.hpp"
 #include "workbench/prover/facts.hpp"
 #include "workbench/prover/frames.hpp"
@@ -186,7 +187,8 @@ class FramesOfFischer : public testing::Test {
 
   Fischer f_;
   std::unique_ptr<Solver> solver_ = makeCadical(Use::manyShortSearches);
-  Frames frames_{f_.words, f_.orbits, 100, *solver_, f_.layout.size() + 1};
+  ClauseSink sink_ = stateSink(f_.layout, *solver_);
+  Frames frames_{f_.words, f_.orbits, 100, sink_};
 };
 
 TEST_F(FramesOfFischer, TheFirstIsTheInitialState) {
@@ -215,7 +217,7 @@ TEST_F(FramesOfFischer, ClausesHoldUpToTheirLevelWithAllImages) {
 
 TEST_F(FramesOfFischer, NoOrbitIsCut) {
   frames_.openTo(2);
-  Frames small(f_.words, f_.orbits, 2, *solver_, f_.layout.size() + 100);
+  Frames small(f_.words, f_.orbits, 2, sink_);
   small.openTo(2);
   EXPECT_THROW(small.learn({f_.at(0, 5)}, 1), OrbitTooLarge);
 }
