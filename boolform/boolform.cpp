@@ -22,6 +22,19 @@ int maxVariable(std::span<const Triple> nodes) {
   return result;
 }
 
+// The least variable of each node's formula.
+std::vector<int> leastVariables(std::span<const Triple> nodes) {
+  std::vector<int> least;
+  least.reserve(nodes.size());
+  const auto leastOf = [&](int operand) {
+    const int size = std::abs(operand);
+    return isNodeNr(size) ? least[static_cast<std::size_t>(size - firstNodeNr)] : size;
+  };
+  for (const Triple& node : nodes)
+    least.push_back(std::min(leastOf(node.left), leastOf(node.right)));
+  return least;
+}
+
 }  // namespace
 
 BoolForm::BoolForm(const BoolForm& l, const BoolForm& r, int op) : nr(falseNr) {
@@ -61,8 +74,31 @@ bool BoolForm::lastRepeat(const Distance& distance) {
   return maxVariable(tv) == maxVariable(later);
 }
 
-void BoolForm::repeatLast(const Distance& distance, int times) {
-  const Repetition copies(distance, times, tv);
+// What the block has found in the store, rather than made, is about variables from `shared` on;
+// what the next one will find, but for its own nodes, about variables from shared +
+// distance.variables on. Where the nodes about the latter are those about the former, moved up as
+// the block is, both find the same: by induction over what is asked for, each answer is the one
+// before, moved up.
+bool BoolForm::lastWillRepeat(const Distance& distance, int shared) {
+  const auto count = static_cast<std::size_t>(distance.nodes);
+  if (count == 0 || tv.size() <= count || mti.copies().size() > 0) return false;
+  const std::size_t begin = tv.size() - count;
+  const int nextShared = shared + distance.variables;
+  if (maxVariable(std::span(tv).first(begin)) >= nextShared) return false;
+  if (maxVariable(tv) != maxVariable(std::span(tv).last(count))) return false;
+
+  const std::vector<int> least = leastVariables(tv);
+  if (least[begin - 1] >= shared) return false;
+  for (std::size_t i = begin; i < tv.size(); ++i)
+    if (least[i] >= nextShared && (i < count || least[i - count] < shared)) return false;
+  for (std::size_t i = 0; i < begin; ++i)
+    if (least[i] >= shared && (i + count < begin || tv[i + count] != distance.moved(tv[i])))
+      return false;
+  return true;
+}
+
+void BoolForm::repeatLast(const Distance& distance, int times, int rest) {
+  const Repetition copies(distance, times, tv, rest);
   if (copies.size() > static_cast<std::size_t>(lastNr - maxNr)) throw NodeNumbersExhausted();
   mti.know(copies);
   // Room for a sixteenth more: what follows is less, and growing costs as much as all of this.

@@ -83,10 +83,17 @@ class BoolForm {
   // Repetition: the last distance.nodes nodes are a block that occurs again and again, moved up by
   // `distance` each time. lastRepeat tells whether they are such a block: the same as the block
   // before, moved up; with no operand older than these two, and no variable in the store above
-  // theirs. repeatLast appends `times` copies. The store knows one repetition at most; after that
-  // lastRepeat is false.
+  // theirs. repeatLast appends `times` copies, and `rest` nodes of one more. The store knows one
+  // repetition at most; after that lastRepeat is false.
+  //
+  // lastWillRepeat tells it of a block that nothing has repeated yet, where the caller is going to
+  // ask for the same formulas once more, with all variables moved up: formulas about variables from
+  // `shared` on, and conjunctions of the newest node, asked for when it was that, with such
+  // formulas. The next block then is this one moved up, node by node. It is false where that cannot
+  // be told from the nodes.
   static bool lastRepeat(const Distance& distance);
-  static void repeatLast(const Distance& distance, int times);
+  static bool lastWillRepeat(const Distance& distance, int shared);
+  static void repeatLast(const Distance& distance, int times, int rest = 0);
 
   // Gives all nodes and their memory back: of the formulas built before, only constants and
   // literals stay valid.

@@ -35,15 +35,16 @@ class Repetition {
  public:
   Repetition() = default;  // of nothing
 
-  // The last distance.nodes elements of `nodes` are the block; `times` copies will follow.
-  Repetition(const Distance& distance, int times, const std::vector<Triple>& nodes);
+  // The last distance.nodes elements of `nodes` are the block; `times` copies will follow, and the
+  // first `rest` nodes of one more.
+  Repetition(const Distance& distance, int times, const std::vector<Triple>& nodes, int rest = 0);
 
   // The copies' places in the node table: begin() .. begin() + size() - 1; the first ones take up
   // size(copies).
   std::size_t begin() const { return begin_; }
-  std::size_t size() const { return size(times_); }
+  std::size_t size() const { return size(times_) + static_cast<std::size_t>(rest_); }
   std::size_t size(int copies) const;
-  int times() const { return times_; }
+  int times() const { return times_; }  // whole ones
   const Distance& distance() const { return distance_; }
 
   // The number of the copy with this key, or 0. nodeWith(key) tells the number of the node with a
@@ -53,6 +54,7 @@ class Repetition {
 
  private:
   int times_ = 0;
+  int rest_ = 0;  // at most distance_.nodes
   Distance distance_;
   std::size_t begin_ = 0;
 
@@ -70,6 +72,9 @@ class Repetition {
     return end - distance_.nodes <= nr && nr < end;
   }
 
+  // The number of the last node copied.
+  int last() const { return firstNodeNr - 1 + static_cast<int>(begin_ + size()); }
+
   // The last copy that could have this operand.
   int lastCopyWith(int operand) const {
     const int size = std::abs(operand);
@@ -85,15 +90,15 @@ inline std::size_t Repetition::size(int copies) const {
 // Only the two or three copies whose larger operands reach up to the key's come into question.
 template <class NodeWith>
 int Repetition::find(const Triple& key, NodeWith nodeWith) const {
-  if (times_ == 0) return 0;
+  if (size() == 0) return 0;
   const int larger = std::max(std::abs(key.left), std::abs(key.right));
   const int step = isNodeNr(larger) ? distance_.nodes : distance_.variables;
   const int greatest = isNodeNr(larger) ? nodes_.greatest : variables_.greatest;
-  int copy = std::min({times_, lastCopyWith(key.left), lastCopyWith(key.right)});
+  int copy = std::min({times_ + 1, lastCopyWith(key.left), lastCopyWith(key.right)});
   for (; copy > 0 && greatest + copy * step >= larger; --copy) {
     const Distance up = copy * distance_;
     const int nr = nodeWith((-1 * up).moved(key));
-    if (inBlock(nr)) return nr + up.nodes;
+    if (inBlock(nr) && nr + up.nodes <= last()) return nr + up.nodes;
   }
   return 0;
 }

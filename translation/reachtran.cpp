@@ -70,32 +70,51 @@ BoolForm EctlTransl::step(int i, const SymState& from, const SymState& to) const
 
 BoolForm EctlTransl::symbPath() {
   BoolForm path = model.fI(0, stateAt(0));
-  for (int i = 0; i < k;) {
-    const Milestone begin{storeSize(), static_cast<unsigned>(model.nrInvTerms), path};
-    for (const int end = std::min(i + rotation, k); i < end; ++i) {
-      const BoolForm next = step(i, stateAt(i), stateAt(i + 1));
-      path = con(path, next);
-    }
-    if (i > rotation) i += repeatRotation(begin, path, (k - i) / rotation);
+  std::vector<Milestone> reached;
+  const auto mark = [&] {
+    reached.push_back({storeSize(), static_cast<unsigned>(model.nrInvTerms), path});
+  };
+  mark();
+  for (int i = 0; i < k; ++i) {
+    const BoolForm next = step(i, stateAt(i), stateAt(i + 1));
+    path = con(path, next);
+    mark();
+    if (i >= rotation && i + 1 < k && repeats(reached)) return repeatLast(reached);
   }
   return path;
 }
 
 // Every rotation asks the store for the same formulas as the one before, about states three further
-// on. Once the nodes of two rotations agree that far, so do those of all later ones: what a
-// rotation finds in the store already, rather than making it, is about the state that it shares
-// with the rotation before, and was found there, or not, in the same way. The nodes of the others
-// are then copied, at a tenth of the price of building them (docs/performance.md).
-int EctlTransl::repeatRotation(const Milestone& begin, BoolForm& path, int times) {
-  const int nodes = static_cast<int>(storeSize() - begin.nodes);
-  const Distance rotated{getStartNr(rotation) - getStartNr(0), nodes};
-  if (times == 0 || !BoolForm::lastRepeat(rotated)) return 0;
-  if (!(moved(begin.path, rotated) == path)) return 0;
-  BoolForm::repeatLast(rotated, times);
-  path = moved(path, times * rotated);
+// on. What it finds there already, rather than making it, is about the state that it shares with
+// the rotation before. The steps from state 1 to 4 are the first that know nothing of the initial
+// one: where what there is about state 4 is what there was about state 1, the next three steps find
+// the same. Otherwise they do once the nodes of two rotations are seen to agree.
+bool EctlTransl::repeats(const std::vector<Milestone>& reached) const {
+  const Milestone& begin = reached.end()[-1 - rotation];
+  const BoolForm& path = reached.back().path;
+  const Distance rotated = rotationSince(begin);
+  if (!(moved(begin.path, rotated) == path)) return false;
+  const bool isFirst = reached.size() == std::size_t{2} + rotation && path.nr == path.maxVarNr();
+  return (isFirst && BoolForm::lastWillRepeat(rotated, getStartNr(1))) ||
+         BoolForm::lastRepeat(rotated);
+}
+
+// The steps that are still to come are copied, at a tenth of the price of building them
+// (docs/performance.md): whole rotations, and the part of one.
+BoolForm EctlTransl::repeatLast(const std::vector<Milestone>& reached) const {
+  const int steps = k + 1 - static_cast<int>(reached.size());
+  const int times = steps / rotation;
+  const Milestone& begin = reached.end()[-1 - rotation];
+  const Milestone& part = (&begin)[steps % rotation];
+  const Distance rotated = rotationSince(begin);
+  BoolForm::repeatLast(rotated, times, static_cast<int>(part.nodes - begin.nodes));
   const unsigned terms = static_cast<unsigned>(model.nrInvTerms) - begin.invTerms;
-  model.countInvTerms(static_cast<unsigned>(times) * terms);
-  return times * rotation;
+  model.countInvTerms(static_cast<unsigned>(times) * terms + part.invTerms - begin.invTerms);
+  return moved(part.path, (times + 1) * rotated);
+}
+
+Distance EctlTransl::rotationSince(const Milestone& begin) const {
+  return {getStartNr(rotation) - getStartNr(0), static_cast<int>(storeSize() - begin.nodes)};
 }
 
 BoolForm EctlTransl::inSomeState(const EctlForm& property) {

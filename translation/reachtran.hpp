@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "boolform/boolform.hpp"
 #include "boolform/outputfile.hpp"
@@ -57,15 +58,18 @@ class EctlTransl {
   SymState stateAt(int i) const { return model.genSymState(getStartNr(i)); }
   BoolForm step(int i, const SymState& from, const SymState& to) const;
 
-  // What there was when a rotation began.
+  // What there was before a step.
   struct Milestone {
     std::size_t nodes;
     unsigned invTerms;
     BoolForm path;
   };
-  // Appends up to `times` rotations to the path where the one built since `begin` repeats the one
-  // before it; the number of steps appended.
-  int repeatRotation(const Milestone& begin, BoolForm& path, int times);
+  // Do the last three steps repeat from here on? `reached` has a milestone before every step built,
+  // and one for now.
+  bool repeats(const std::vector<Milestone>& reached) const;
+  // The path with all k steps, where they do.
+  BoolForm repeatLast(const std::vector<Milestone>& reached) const;
+  Distance rotationSince(const Milestone& begin) const;
   WrittenRun run(const std::string& name);
   WrittenRun writeDown(const ClauseSet& cnf, const std::string& name) const;
 

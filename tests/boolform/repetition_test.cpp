@@ -120,6 +120,133 @@ TEST_F(Repeats, NoFurtherThanThereAreNumbers) {
   EXPECT_EQ(BoolForm::maxNr, node(10));
 }
 
+TEST_F(Repeats, WithAPartOfOneMore) {
+  con(con(lit(1), lit(2)), lit(-2));
+  con(con(lit(3), lit(4)), lit(-4));
+  ASSERT_TRUE(BoolForm::lastRepeat({2, 2}));
+  BoolForm::repeatLast({2, 2}, 1, 1);
+  EXPECT_EQ(BoolForm::tv.size(), 7U);
+  EXPECT_EQ(con(lit(5), lit(6)), lit(node(5)));
+  EXPECT_EQ(con(lit(7), lit(8)), lit(node(7)));
+  EXPECT_EQ(con(lit(9), lit(10)), lit(node(8)));  // the copy after that is not there
+}
+
+// --- Blocks that will repeat: states of two variables, 1 and 2 the first, 3 and 4 the next. ---
+
+class WillRepeat : public EmptyStore {
+ protected:
+  static constexpr int shared = 3;
+  static bool told(int nodes) { return BoolForm::lastWillRepeat({2, nodes}, shared); }
+};
+
+TEST_F(WillRepeat, WhereTheBlockHasFoundNothing) {
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm step = con(lit(3), lit(5));
+  con(path, step);
+  EXPECT_TRUE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereNothingCameBefore) {
+  con(lit(3), lit(5));
+  EXPECT_FALSE(told(1));
+  EXPECT_FALSE(told(0));
+}
+
+TEST_F(WillRepeat, WhereItKnowsTheNextStateAsTheSharedOneWasKnown) {
+  con(lit(3), lit(4));
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm step = con(lit(5), lit(6));
+  con(path, step);
+  EXPECT_TRUE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereItDoesNotKnowTheNextState) {
+  con(lit(3), lit(4));
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm step = con(lit(3), lit(5));
+  con(path, step);
+  EXPECT_FALSE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereItKnowsMoreOfTheNextState) {
+  con(lit(1), lit(2));
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm step = con(lit(5), lit(6));
+  con(path, step);
+  EXPECT_FALSE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereTheNumbersAreOthers) {
+  con(lit(3), lit(4));
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm next = con(lit(5), lit(6));
+  const BoolForm step = con(next, lit(3));
+  con(path, step);
+  EXPECT_FALSE(told(3));
+}
+
+TEST_F(WillRepeat, NotWhereTheNewestNodeBeforeIsAboutTheSharedState) {
+  con(lit(1), lit(3));
+  con(lit(3), lit(4));
+  con(lit(5), lit(6));
+  EXPECT_FALSE(told(1));
+}
+
+TEST_F(WillRepeat, NotWhereTheStoreKnowsTheNextStateBefore) {
+  con(lit(1), lit(5));
+  const BoolForm path = con(lit(1), lit(3));
+  const BoolForm step = con(lit(3), lit(5));
+  con(path, step);
+  EXPECT_FALSE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereTheStoreKnowsAHigherVariable) {
+  const BoolForm path = con(lit(1), lit(9));
+  const BoolForm step = con(lit(3), lit(5));
+  con(path, step);
+  EXPECT_FALSE(told(2));
+}
+
+TEST_F(WillRepeat, NotWhereSomethingRepeatsAlready) {
+  con(lit(1), lit(2));
+  con(lit(3), lit(4));
+  BoolForm::repeatLast({2, 1}, 1);
+  const BoolForm path = con(lit(1), lit(3));
+  con(path, lit(9));
+  EXPECT_FALSE(BoolForm::lastWillRepeat({6, 1}, 4));
+}
+
+// Of a path whose second step is told to repeat, the others are copied, the last one in part; they
+// are the ones that building gives. Most random steps are told to.
+TEST_F(WillRepeat, AsOftenAsItIsToldTheCopiesAreWhatBuildingGives) {
+  constexpr int states = 12;
+  int times = 0;
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    clearStore();
+    Chain plain(seed);
+    plain.path = con(con(lit(-1), lit(-2)), con(lit(3), lit(-4)));
+    plain.stepsTo(states);
+    const Keys plainKeys = BoolForm::tv;
+
+    clearStore();
+    Chain chain(seed);
+    chain.path = con(con(lit(-1), lit(-2)), con(lit(3), lit(-4)));
+    chain.stepsTo(1);
+    const BoolForm begin = chain.path;
+    const Distance up = lastBlock(chain, 2);
+    if (chain.path.nr != BoolForm::maxNr || !(moved(begin, up) == chain.path)) continue;
+    if (!BoolForm::lastWillRepeat(up, 1 + perState)) continue;
+    ++times;
+    BoolForm::repeatLast(up, states - 4, static_cast<int>(seed) % up.nodes);
+    chain.path = moved(chain.path, (states - 4) * up);
+    chain.steps = states - 2;
+    chain.stepsTo(states);
+    EXPECT_EQ(chain.path, plain.path) << seed;
+    EXPECT_EQ(BoolForm::tv, plainKeys) << seed;
+  }
+  EXPECT_GT(times, 30);
+}
+
 TEST_F(Repeats, MovedFormulaKeepsItsSign) {
   const Distance up{100, 7};
   EXPECT_EQ(moved(lit(5), up), lit(105));
@@ -146,6 +273,7 @@ TEST_F(RepetitionDeathTest, DistancesArePositiveAndTheBlockIsThere) {
   con(lit(1), lit(2));
   EXPECT_DEATH(Repetition({0, 1}, 1, BoolForm::tv), failedAssertion("distance.variables > 0"));
   EXPECT_DEATH(Repetition({1, 0}, 1, BoolForm::tv), failedAssertion("distance.nodes > 0"));
+  EXPECT_DEATH(Repetition({1, 1}, 1, BoolForm::tv, 2), failedAssertion("rest <= distance.nodes"));
   EXPECT_DEATH(Repetition({1, 2}, 1, BoolForm::tv),
                failedAssertion("static_cast<std::size_t>(distance.nodes) <= nodes.size()"));
 }

@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(Networks, Path,
                          testing::Values(twoProcesses(), threeProcesses(), tinyNetwork(),
                                          emptyNetwork()));
 
-// --- Long paths, whose later rotations are copied. ---
+// --- Long paths, whose later steps are copied. ---
 
 BoolForm stepByStep(const NetTimedModel& model, int k) {
   const int length = static_cast<int>(model.getSymStateLen());
@@ -149,14 +149,20 @@ TEST(LongPath, OfEveryLengthIsTheOneBuiltStepByStep) {
   for (const std::string& text : {twoProcesses(), threeProcesses(), tinyNetwork(), emptyNetwork(),
                                   network("", process(""))}) {
     const Model model = modelOf(text);
-    for (int k = 6; k <= 30; ++k) expectSameAsStepByStep(model, k);
+    for (int k = 1; k <= 30; ++k) expectSameAsStepByStep(model, k);
   }
 }
 
-TEST(LongPath, IsCopiedFromTheThirdRotationOn) {
+TEST(LongPath, IsCopiedFromTheFifthStepOn) {
   const Model model = modelOf(twoProcesses());
-  EctlTransl(*model, 8).symbPath();
+  BoolForm::emptyStore();
+  EctlTransl(*model, 4).symbPath();
   EXPECT_EQ(BoolForm::mti.copies().size(), 0U);
+  const std::size_t built = BoolForm::tv.size();
+  BoolForm::emptyStore();
+  EctlTransl(*model, 5).symbPath();
+  EXPECT_EQ(BoolForm::tv.size(), built + BoolForm::mti.copies().size());
+  EXPECT_GT(BoolForm::mti.copies().size(), 0U);
   BoolForm::emptyStore();
   EctlTransl(*model, 300).symbPath();
   EXPECT_GT(BoolForm::mti.copies().size(), BoolForm::tv.size() * 9 / 10);
