@@ -1,5 +1,7 @@
 #include "ectl/ectlform.hpp"
 
+#include <algorithm>
+#include <cassert>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -16,51 +18,81 @@ std::string textOf(const OnpNode& item) {
 
 }  // namespace
 
-// Joins the texts of the items. In postfix order every operand on the stack is a stretch of the
-// joined text, from where it begins to where the next one does, so the stack holds beginnings only
-// and a long property costs no copies.
+// Takes the items and the lengths of their texts. In postfix order every operand on the stack is a
+// stretch of the joined texts, from where it begins to where the next one does, so the stack holds
+// beginnings only and a long property costs no copies.
 class EctlForm::Builder {
  public:
   explicit Builder(EctlForm& form) : form_(form) {}
 
   void add(const OnpNode& item, std::string_view text) {
-    operatorBegin_ = joined_.size();
+    operatorBegin_ = size_;
     rightBegin_ = operatorBegin_;
-    if (arity(item.op) == 2) rightBegin_ = popOperand(beginnings_, text);
-    beginnings_.push_back(arity(item.op) == 0 ? operatorBegin_ : popOperand(beginnings_, text));
-    joined_ += text;
+    const int operands = arity(item.op);
+    if (operands == 2) rightBegin_ = popOperand(beginnings_, text);
+    beginnings_.push_back(operands == 0 ? operatorBegin_ : popOperand(beginnings_, text));
+    size_ += text.size();
     form_.onp.push_back(item);
   }
 
-  // The top operator and its operands.
-  void finish() {
+  // Of the joined texts, so far.
+  std::size_t size() const { return size_; }
+
+  // The top operator and its operands, from the joined texts.
+  void finish(std::string_view joined) {
+    assert(joined.size() == size_);
     if (form_.onp.empty()) return;
     form_.op = form_.onp.back().op;
-    if (arity(form_.op) == 0) operatorBegin_ = rightBegin_ = joined_.size();  // its own operand
-    form_.left = joined_.substr(beginnings_.back(), rightBegin_ - beginnings_.back());
-    form_.right = joined_.substr(rightBegin_, operatorBegin_ - rightBegin_);
+    if (arity(form_.op) == 0) operatorBegin_ = rightBegin_ = size_;  // its own operand
+    form_.left = joined.substr(beginnings_.back(), rightBegin_ - beginnings_.back());
+    form_.right = joined.substr(rightBegin_, operatorBegin_ - rightBegin_);
   }
 
  private:
   EctlForm& form_;
-  std::string joined_;
+  std::size_t size_ = 0;
   std::vector<std::size_t> beginnings_;
   std::size_t rightBegin_ = 0;
   std::size_t operatorBegin_ = 0;
 };
 
+namespace {
+
+// The text without its stray letters.
+std::string tokensOf(std::string_view text) {
+  std::string joined;
+  Scanner scanner(text, Spelling::parser);
+  while (const std::optional<Token> token = scanner.next()) joined += token->text;
+  return joined;
+}
+
+// At least as many as there are tokens, and with propositions of some digits hardly more.
+std::size_t mostTokens(std::string_view text) {
+  const auto goesOn = [](char c) { return c == '-' || ('0' <= c && c <= '9'); };
+  return text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), goesOn));
+}
+
+}  // namespace
+
 EctlForm::EctlForm(const std::string& formulaText) {
   Builder builder(*this);
+  onp.reserve(mostTokens(formulaText));
   Scanner scanner(formulaText, Spelling::parser);
   while (const std::optional<Token> token = scanner.next())
     builder.add({token->op, token->arg}, token->text);
-  builder.finish();
+  const bool hasStray = builder.size() < formulaText.size();
+  builder.finish(hasStray ? tokensOf(formulaText) : formulaText);
 }
 
 EctlForm::EctlForm(const std::vector<OnpNode>& items) {
   Builder builder(*this);
-  for (const OnpNode& item : items) builder.add(item, textOf(item));
-  builder.finish();
+  std::string joined;
+  for (const OnpNode& item : items) {
+    const std::string text = textOf(item);
+    builder.add(item, text);
+    joined += text;
+  }
+  builder.finish(joined);
 }
 
 int EctlForm::getVarNr() const {

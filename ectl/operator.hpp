@@ -1,4 +1,6 @@
 // The operators of a property: their texts, how many operands they take, and the postfix item.
+//
+// A long property asks for each of its tokens: what is asked is in the header.
 
 #pragma once
 
@@ -21,13 +23,60 @@ enum class EctlOper : int {
 
 // The operator that a text begins with; none where it begins with no operator. "C" and "D" are
 // second spellings of "&" and "+" here and in the tree view, not in the parser.
-EctlOper oper(std::string_view text);
+constexpr EctlOper oper(std::string_view text) {
+  const char first = text.empty() ? '\0' : text[0];
+  const char second = text.size() < 2 ? '\0' : text[1];
+  switch (first) {
+    case 'T':
+      return EctlOper::truth;
+    case 'p':
+      return second == '-' ? EctlOper::negProp : EctlOper::prop;
+    case '&':
+    case 'C':
+      return EctlOper::conj;
+    case '+':
+    case 'D':
+      return EctlOper::disj;
+    case 'E':
+      break;
+    default:
+      return EctlOper::none;
+  }
+  switch (second) {
+    case 'G':
+      return EctlOper::existsGlobally;
+    case 'X':
+      return EctlOper::existsNext;
+    case 'U':
+      return EctlOper::existsUntil;
+    case 'F':
+      return EctlOper::existsFinally;
+    case 'K':
+      return EctlOper::existsK;
+    default:
+      return EctlOper::none;
+  }
+}
 
 // The operator's text; "$" for none and for every larger value.
 std::string operStr(EctlOper op);
 
 // How many operands an operator takes: 0, 1 or 2.
-int arity(EctlOper op);
+constexpr int arity(EctlOper op) {
+  switch (op) {
+    case EctlOper::conj:
+    case EctlOper::disj:
+    case EctlOper::existsUntil:
+      return 2;
+    case EctlOper::existsGlobally:
+    case EctlOper::existsNext:
+    case EctlOper::existsFinally:
+    case EctlOper::existsK:
+      return 1;
+    default:
+      return 0;
+  }
+}
 
 // A postfix item.
 struct OnpNode {

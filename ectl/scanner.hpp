@@ -1,4 +1,5 @@
-// The token rules that the parser and the tree view share.
+// The token rules that the parser and the tree view share. A property may have millions of tokens:
+// the rules are in the header, so that a reader's loop has them within it.
 
 #pragma once
 
@@ -18,12 +19,43 @@ struct Token {
   std::size_t column;     // of its first character, from 1
 };
 
+// Takes the digits that begin at text[at]; their decimal value, modulo 2^32, 0 where there are
+// none.
+inline int takeNumber(std::string_view text, std::size_t& at) {
+  unsigned value = 0;
+  for (; at < text.size() && '0' <= text[at] && text[at] <= '9'; ++at)
+    value = 10 * value + static_cast<unsigned>(text[at] - '0');
+  return static_cast<int>(value);
+}
+
+// The number that `text` begins with.
+inline int leadingNumber(std::string_view text) {
+  std::size_t at = 0;
+  return takeNumber(text, at);
+}
+
 // The token that begins at text[at], at <= text.size(); nothing where none does. An "E" that begins
 // no operator is a token of EctlOper::none, one character long.
-std::optional<Token> tokenAt(std::string_view text, std::size_t at, Spelling spelling);
+inline std::optional<Token> tokenAt(std::string_view text, std::size_t at, Spelling spelling) {
+  if (at == text.size()) return std::nullopt;
+  const std::string_view rest = text.substr(at);
+  const char first = rest.front();
+  const EctlOper op = oper(rest);
+  if (op == EctlOper::none && first != 'E') return std::nullopt;
+  if (spelling == Spelling::parser && (first == 'C' || first == 'D')) return std::nullopt;
+  std::size_t size = 1;
+  int arg = 0;
+  if (first == 'p') {
+    size += op == EctlOper::negProp ? 1 : 0;
+    arg = takeNumber(rest, size);
+  } else if (first == 'E' && op != EctlOper::none) {
+    size = 2;
+  }
+  return Token{op, arg, rest.substr(0, size), at + 1};
+}
 
-// The decimal value of the digits that `text` begins with, modulo 2^32; 0 where there are none.
-int leadingNumber(std::string_view text);
+// A scan that no character lets go on.
+[[noreturn]] void standStill();
 
 class Scanner {
  public:
@@ -32,7 +64,15 @@ class Scanner {
 
   // The next token, nothing at the end of the text. A stray "E" is skipped; any other character
   // that begins no token is never passed and the call does not return.
-  std::optional<Token> next();
+  std::optional<Token> next() {
+    while (at_ < text_.size()) {
+      const std::optional<Token> token = tokenAt(text_, at_, spelling_);
+      if (!token) standStill();
+      at_ += token->text.size();
+      if (token->op != EctlOper::none) return token;
+    }
+    return std::nullopt;
+  }
 
  private:
   std::string_view text_;

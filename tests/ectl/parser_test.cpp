@@ -163,6 +163,10 @@ TEST(Parser, StrayEIsSkipped) {
   EXPECT_EQ(topOf("EEp1EX"), (Top{EctlOper::existsNext, "p1", ""}));
 }
 
+TEST(Parser, OperandsTextsAreWithoutAStrayE) {
+  EXPECT_EQ(topOf("Ep1EEp-02E&EEp3E+E"), (Top{EctlOper::disj, "p1p-02&", "p3"}));
+}
+
 TEST(Parser, StrayEAtTheEndIsSkipped) {
   EXPECT_EQ(topOf("p1E"), (Top{EctlOper::prop, "p1", ""}));
   EXPECT_EQ(topOf("E"), (Top{EctlOper::none, "", ""}));
