@@ -51,6 +51,13 @@ void createClauses(const BoolForm& whole, ClauseSet& cnf) {
 
 constexpr int rotation = 3;  // time, action, adjust
 
+// Where there are many copies, a part of one stands in the way when their clauses are ordered: it
+// is cheaper to build a step or two more.
+bool isWorthCopying(int steps) {
+  constexpr int many = 8 * rotation;
+  return steps > 0 && (steps < many || steps % rotation == 0);
+}
+
 }  // namespace
 
 int EctlTransl::getStartNr(int i) const {
@@ -79,7 +86,7 @@ BoolForm EctlTransl::symbPath() {
     const BoolForm next = step(i, stateAt(i), stateAt(i + 1));
     path = con(path, next);
     mark();
-    if (i >= rotation && i + 1 < k && repeats(reached)) return repeatLast(reached);
+    if (i >= rotation && isWorthCopying(k - 1 - i) && repeats(reached)) return repeatLast(reached);
   }
   return path;
 }
@@ -88,14 +95,16 @@ BoolForm EctlTransl::symbPath() {
 // on. What it finds there already, rather than making it, is about the state that it shares with
 // the rotation before. The steps from state 1 to 4 are the first that know nothing of the initial
 // one: where what there is about state 4 is what there was about state 1, the next three steps find
-// the same. Otherwise they do once the nodes of two rotations are seen to agree.
+// the same, and so on for the steps from state 2 and 3. Otherwise they do once the nodes of two
+// rotations are seen to agree.
 bool EctlTransl::repeats(const std::vector<Milestone>& reached) const {
   const Milestone& begin = reached.end()[-1 - rotation];
   const BoolForm& path = reached.back().path;
   const Distance rotated = rotationSince(begin);
   if (!(moved(begin.path, rotated) == path)) return false;
-  const bool isFirst = reached.size() == std::size_t{2} + rotation && path.nr == path.maxVarNr();
-  return (isFirst && BoolForm::lastWillRepeat(rotated, getStartNr(1))) ||
+  const int steps = static_cast<int>(reached.size()) - 1;
+  const bool isFirst = steps <= 2 * rotation && path.nr == path.maxVarNr();
+  return (isFirst && BoolForm::lastWillRepeat(rotated, getStartNr(steps - rotation))) ||
          BoolForm::lastRepeat(rotated);
 }
 
