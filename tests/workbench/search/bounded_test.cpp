@@ -223,4 +223,20 @@ TEST(BoundedSearch, StopsWhenItIsTold) {
   EXPECT_GT(v.noRunUpTo, 1);
 }
 
+// Also in the middle of asking whether there are longer runs at all: that nobody knows is no
+// answer.
+TEST(BoundedSearch, IsNotStuckWhereverItIsStopped) {
+  BoundedOptions options;
+  options.maxTransitions = 4;
+  for (int last = 1;; ++last) {
+    int asked = 0;
+    const BoundedVerdict v = tpn::searchBounded(
+        circle(40), {propertyOf("p99")}, options, [&] { return ++asked >= last; },
+        [](const tpn::BoundedProgress&) {});
+    ASSERT_NE(v.answer, BoundedVerdict::stuck) << last;
+    if (asked < last) break;
+    ASSERT_LT(last, 100'000);
+  }
+}
+
 }  // namespace
