@@ -20,9 +20,9 @@ class Cadical final : public Solver, private CaDiCaL::Terminator, private CaDiCa
   Cadical(Use use, std::function<void()> learnt)
       : solver_(std::make_unique<CaDiCaL::Solver>()), learnt_(std::move(learnt)) {
     solver_->set("quiet", 1);  // it would print a comment on standard output now and then
-    // It looks at its times around each phase of each search, by system calls that get the longer
-    // the more threads there are: a quarter of a proof of ten thousands of searches. Nobody asks for
-    // them, so few are taken, and from a clock that is none.
+    // It reads the process's time around each phase of each search, by system calls that take the
+    // longer the more threads there are: a third of a proof of ten thousands of searches. Nobody
+    // asks for them, so few are taken, and from a clock that needs no call.
     solver_->set("profile", 0);
     solver_->set("realtime", 1);
     if (use == Use::manyShortSearches) {
