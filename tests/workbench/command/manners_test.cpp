@@ -147,7 +147,9 @@ const std::string hindered =
 TEST_F(Manners, WalkSaysWhyATransitionCannotFireAndUntilWhen) {
   place.write("net.tpn", hindered);
   const std::string why = "before 5 has passed, and transition 2 has to fire within 3";
-  EXPECT_THAT(shell("echo show | " TPN_BINARY " run net").out, HasSubstr("; not " + why));
+  const std::string folded =
+      "before 5 has passed, and\n                        transition 2 has to fire within 3\n";
+  EXPECT_THAT(shell("echo show | " TPN_BINARY " run net").out, HasSubstr("; not " + folded));
   EXPECT_THAT(shell("echo 1 | " TPN_BINARY " run net").out, HasSubstr("; it cannot fire " + why));
   EXPECT_THAT(shell("echo 2 4 | " TPN_BINARY " run net").out,
               HasSubstr("; it fires with delay 0 to 3"));
