@@ -137,6 +137,18 @@ class WillRepeat : public EmptyStore {
  protected:
   static constexpr int shared = 3;
   static bool told(int nodes) { return BoolForm::lastWillRepeat({2, nodes}, shared); }
+
+  struct Pair {
+    int left, right;
+    BoolForm made() const { return con(lit(left), lit(right)); }
+  };
+  // Something that is known, a path to the shared state, and a step that goes on.
+  static void build(Pair known, Pair stepOn) {
+    known.made();
+    const BoolForm path = con(lit(1), lit(3));
+    const BoolForm step = stepOn.made();
+    con(path, step);
+  }
 };
 
 TEST_F(WillRepeat, WhereTheBlockHasFoundNothing) {
@@ -153,26 +165,17 @@ TEST_F(WillRepeat, NotWhereNothingCameBefore) {
 }
 
 TEST_F(WillRepeat, WhereItKnowsTheNextStateAsTheSharedOneWasKnown) {
-  con(lit(3), lit(4));
-  const BoolForm path = con(lit(1), lit(3));
-  const BoolForm step = con(lit(5), lit(6));
-  con(path, step);
+  build({3, 4}, {5, 6});
   EXPECT_TRUE(told(2));
 }
 
 TEST_F(WillRepeat, NotWhereItDoesNotKnowTheNextState) {
-  con(lit(3), lit(4));
-  const BoolForm path = con(lit(1), lit(3));
-  const BoolForm step = con(lit(3), lit(5));
-  con(path, step);
+  build({3, 4}, {3, 5});
   EXPECT_FALSE(told(2));
 }
 
 TEST_F(WillRepeat, NotWhereItKnowsMoreOfTheNextState) {
-  con(lit(1), lit(2));
-  const BoolForm path = con(lit(1), lit(3));
-  const BoolForm step = con(lit(5), lit(6));
-  con(path, step);
+  build({1, 2}, {5, 6});
   EXPECT_FALSE(told(2));
 }
 
@@ -193,10 +196,7 @@ TEST_F(WillRepeat, NotWhereTheNewestNodeBeforeIsAboutTheSharedState) {
 }
 
 TEST_F(WillRepeat, NotWhereTheStoreKnowsTheNextStateBefore) {
-  con(lit(1), lit(5));
-  const BoolForm path = con(lit(1), lit(3));
-  const BoolForm step = con(lit(3), lit(5));
-  con(path, step);
+  build({1, 5}, {3, 5});
   EXPECT_FALSE(told(2));
 }
 
