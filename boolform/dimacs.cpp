@@ -1,6 +1,7 @@
 #include "boolform/dimacs.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <utility>
@@ -10,14 +11,11 @@
 
 namespace {
 
-int renumbered(int literal, int shift) {
-  const int down = std::abs(literal) <= shift ? 0 : shift;
-  return literal > 0 ? literal - down : literal + down;
-}
-
 [[gnu::always_inline]] inline char* putLiteral(char* to, int literal, int shift) {
   if (literal == 0) return to;
-  to = putNumber(to, renumbered(literal, shift));
+  const int size = std::abs(literal);
+  const int down = shift & -static_cast<int>(size > shift);
+  to = putNumber(to, literal < 0, static_cast<std::uint32_t>(size - down));
   *to++ = ' ';
   return to;
 }

@@ -63,42 +63,34 @@ class LineWriter {
   char* next_ = block_.get();
 };
 
-// "0000" to "9999", one after the other.
+// "0000" to "9999", each as a number whose bytes in memory are the digits.
 constexpr auto fourDigits = [] {
-  std::array<char, 40000> text{};
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    constexpr std::array<std::size_t, 4> powers{1000, 100, 10, 1};
-    text[i] = static_cast<char>('0' + i / 4 / powers[i % 4] % 10);
-  }
+  std::array<std::uint32_t, 10000> text{};
+  for (std::uint32_t i = 0; i < text.size(); ++i)
+    text[i] = (i % 10 << 24 | i / 10 % 10 << 16 | i / 100 % 10 << 8 | i / 1000) + 0x30303030U;
   return text;
 }();
 
-// Writes n in decimal and returns the end; at most 11 characters are touched. Numbers below 10^8
-// are two pieces of four digits, the higher without its leading zeros.
-[[gnu::always_inline]] inline char* putNumber(char* to, int n) {
+// Writes a number of this size in decimal and returns the end; at most 11 characters are touched.
+// Numbers below 10^8 are eight digits that the leading zeros are shifted out of, without a jump.
+[[gnu::always_inline]] inline char* putNumber(char* to, bool negative, std::uint32_t size) {
   static_assert(std::endian::native == std::endian::little);
-  const auto bits = static_cast<std::uint32_t>(n);
-  const std::uint32_t size = n < 0 ? 0U - bits : bits;
   *to = '-';
-  to += n < 0;
-  if (size >= 100000000) return std::to_chars(to, to + 10, size).ptr;
-  const auto putPiece = [&](std::uint32_t piece, int skipped) {
-    std::uint32_t text;
-    std::memcpy(&text, fourDigits.data() + std::size_t{4} * piece, 4);
-    text >>= 8 * skipped;
-    std::memcpy(to, &text, 4);
-    to += 4 - skipped;
-  };
-  const auto leadingZeros = [](std::uint32_t piece) {
-    return (piece < 1000) + (piece < 100) + (piece < 10);
-  };
+  to += negative;
+  if (size >= 100000000) [[unlikely]]
+    return std::to_chars(to, to + 10, size).ptr;
+  constexpr std::uint64_t zeros = 0x3030303030303030U;
+  constexpr std::uint64_t lastDigit = std::uint64_t{1} << 56;  // which stays if it is a zero
   const std::uint32_t high = size / 10000;
-  const std::uint32_t low = size % 10000;
-  if (high == 0) {
-    putPiece(low, leadingZeros(low));
-  } else {
-    putPiece(high, leadingZeros(high));
-    putPiece(low, 0);
-  }
-  return to;
+  const std::uint32_t low = size - 10000 * high;
+  const std::uint64_t digits = fourDigits[high] | std::uint64_t{fourDigits[low]} << 32;
+  const int leadingZeros = std::countr_zero((digits ^ zeros) | lastDigit) / 8;
+  const std::uint64_t text = digits >> 8 * leadingZeros;
+  std::memcpy(to, &text, sizeof text);
+  return to + 8 - leadingZeros;
+}
+
+inline char* putNumber(char* to, int n) {
+  const auto bits = static_cast<std::uint32_t>(n);
+  return putNumber(to, n < 0, n < 0 ? 0U - bits : bits);
 }
