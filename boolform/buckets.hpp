@@ -7,21 +7,26 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <numeric>
 #include <span>
 #include <vector>
 
 template <class Value>
 class Buckets {
  public:
-  void clear(std::size_t buckets) { begin_.assign(buckets + 1, 0); }
+  void clear(std::size_t buckets) {
+    begin_.assign(buckets + 1, 0);
+    largest_ = 0;
+  }
   // Fewer than 2^32 in all.
   void count(std::size_t bucket) { ++begin_[bucket]; }
   // Makes room for what has been counted. Not initialised: touching memory once more is what costs.
   void countingDone() {
-    largest_ = *std::max_element(begin_.begin(), begin_.end());
-    std::partial_sum(begin_.begin(), begin_.end(), begin_.begin());
-    values_ = std::make_unique_for_overwrite<Value[]>(begin_.back());
+    std::uint32_t end = 0;
+    for (std::uint32_t& count : begin_) {
+      largest_ = std::max<std::size_t>(largest_, count);
+      count = end += count;
+    }
+    values_ = std::make_unique_for_overwrite<Value[]>(end);
   }
   void put(std::size_t bucket, Value value) { values_[--begin_[bucket]] = value; }
 

@@ -9,11 +9,11 @@
 void BoolForm::addVar(ClauseSet& cnf, int x) const { cnf.insert(Clause(x, 0, 0)); }
 
 void BoolForm::addCon(ClauseSet& cnf, int l, int r, int n) const {
-  define(bfCon, l, r, n, [&](int a, int b, int c) { cnf.insert(Clause(a, b, c)); });
+  define(bfCon, l, r, n, [&](int a, int b, int c = 0) { cnf.insert(Clause(a, b, c)); });
 }
 
 void BoolForm::addEqu(ClauseSet& cnf, int l, int r, int n) const {
-  define(bfEqu, l, r, n, [&](int a, int b, int c) { cnf.insert(Clause(a, b, c)); });
+  define(bfEqu, l, r, n, [&](int a, int b, int c = 0) { cnf.insert(Clause(a, b, c)); });
 }
 
 void BoolForm::addNeg(ClauseSet& cnf, int a, int b) const {

@@ -31,7 +31,7 @@ CopiedClauses::CopiedClauses(const Repetition& copies, int times, const std::vec
   for (std::size_t i = copies.begin() - size; i < copies.begin(); ++i) {
     if (isDefined[i] == 0) continue;
     define(nodes[i].op, nodes[i].left, nodes[i].right, firstNodeNr + static_cast<int>(i),
-           [&](int x, int y, int z) { block.emplace_back(x, y, z); });
+           [&](int x, int y, int z = 0) { block.emplace_back(x, y, z); });
   }
   nodes_ = Windows(block, true, times, distance_);
   variables_ = Windows(block, false, times, distance_);

@@ -8,12 +8,6 @@ namespace {
 std::size_t indexOf(int nr) { return static_cast<std::size_t>(std::abs(nr) - firstNodeNr); }
 int numberOf(std::size_t i) { return firstNodeNr + static_cast<int>(i); }
 
-// The one with the smaller absolute value first.
-std::pair<int, int> minorMajor(int l, int r) {
-  const int swapped = (l ^ r) & -static_cast<int>(std::abs(l) > std::abs(r));
-  return {l ^ swapped, r ^ swapped};
-}
-
 }  // namespace
 
 int Definitions::maxLiteral() const { return marked_.empty() ? 0 : numberOf(marked_.size() - 1); }
@@ -73,31 +67,23 @@ bool Definitions::contains(const Clause& c) const {
   const auto [op, l, r] = (*nodes_)[i];
   bool found = false;
   define(op, l, r, numberOf(i),
-         [&](int x, int y, int z) { found = found || c == Clause(x, y, z); });
+         [&](int x, int y, int z = 0) { found = found || c == Clause(x, y, z); });
   return found;
 }
 
-// take(first, second, third) for each that goes into a bucket, node by node; a clause of two
-// literals has no first.
-template <class Take>
-void Definitions::clauses(Take&& take) const {
+// sink(own, second) or sink(own, first, second) for each clause that goes into a bucket, node by
+// node: its operands' literals, and the node's own, which comes last in the clause.
+template <class Sink>
+void Definitions::clauses(Sink sink) const {
+  const Places places = places_;
+  const std::vector<Triple>& nodes = *nodes_;
   for (std::size_t i = 0; i < marked_.size(); ++i) {
     if (i == copiesBegin_) i = copiesEnd_;
     if (i == marked_.size()) break;
     if (marked_[i] == 0) continue;
-    const auto [op, l, r] = (*nodes_)[i];
-    const int n = numberOf(i);
-    const auto [minor, major] = minorMajor(l, r);
-    define(op, minor, major, n, [&](int x, int y, int z) {
-      if (z == 0)
-        take(0, y, x);
-      else if (z == n)
-        take(x, y, z);
-      else if (std::abs(y) < std::abs(z))
-        take(y, z, x);
-      else
-        take(z, y, x);
-    });
+    const auto [op, l, r] = nodes[i];
+    const auto [minor, major] = inOrder(places.of(l), places.of(r));
+    define(op, minor, major, Placed{numberOf(i), 0}, sink);
   }
 }
 
@@ -123,29 +109,32 @@ void Definitions::order(std::span<Tail> bucket) const {
   std::sort(bucket.begin(), bucket.end());
 }
 
+struct Definitions::Counting {
+  Buckets<int>& two;
+  Buckets<Tail>& three;
+  void operator()(Placed, Placed second) const { two.count(second.bucket); }
+  void operator()(Placed, Placed first, Placed) const { three.count(first.bucket); }
+};
+
+struct Definitions::Putting {
+  Buckets<int>& two;
+  Buckets<Tail>& three;
+  void operator()(Placed own, Placed second) const { two.put(second.bucket, own.literal); }
+  void operator()(Placed own, Placed first, Placed second) const {
+    three.put(first.bucket, Tail(second.literal, own.literal));
+  }
+};
+
 // A bucket is filled from its end on, with older nodes first: where they are negated, as the third
 // literals of two-literal clauses are, that is their order.
 void Definitions::fill() {
-  for (const bool positive : {false, true}) {
-    three_[positive].clear(places());
-    two_[positive].clear(places());
-  }
-  clauses([&](int first, int second, int) {
-    if (first == 0)
-      two_[second > 0].count(placeOf(second));
-    else
-      three_[first > 0].count(placeOf(first));
-  });
-  for (const bool positive : {false, true}) {
-    three_[positive].countingDone();
-    two_[positive].countingDone();
-  }
-  unwoven_ =
-      std::make_unique_for_overwrite<Tail[]>(std::max(three_[0].largest(), three_[1].largest()));
-  clauses([&](int first, int second, int third) {
-    if (first == 0)
-      two_[second > 0].put(placeOf(second), third);
-    else
-      three_[first > 0].put(placeOf(first), Tail(second, third));
-  });
+  places_ = Places(maxVariable_);
+  const std::size_t buckets = 2 * places_.count(marked_.size());
+  two_.clear(buckets);
+  three_.clear(buckets);
+  clauses(Counting{two_, three_});
+  two_.countingDone();
+  three_.countingDone();
+  unwoven_ = std::make_unique_for_overwrite<Tail[]>(three_.largest());
+  clauses(Putting{two_, three_});
 }

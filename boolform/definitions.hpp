@@ -60,10 +60,10 @@ class Definitions {
   template <class Sink>
   void forEach(Sink&& sink) const {
     if (clauses_ == 0) return;
-    forEachIn(threeNegative, three_[0], sink);
-    forEachIn(twoNegative, two_[0], sink);
-    forEachIn(twoPositive, two_[1], sink);
-    forEachIn(threePositive, three_[1], sink);
+    forEachIn(threeNegative, three_, sink);
+    forEachIn(twoNegative, two_, sink);
+    forEachIn(twoPositive, two_, sink);
+    forEachIn(threePositive, three_, sink);
   }
 
  private:
@@ -83,24 +83,52 @@ class Definitions {
     std::uint64_t bits_;
   };
 
+  // A literal and its bucket; that of its negation is beside it.
+  struct Placed {
+    int literal;
+    std::uint32_t bucket;
+    constexpr Placed operator-() const { return {-literal, bucket ^ 1}; }
+  };
+
   // A literal's place: variables first, the nodes at once after them; its sign does not matter.
   // Masks in place of jumps here and in fill(): signs and kinds are as good as random.
-  std::size_t places() const { return static_cast<std::size_t>(maxVariable_) + 1 + marked_.size(); }
-  std::size_t placeOf(int literal) const {
-    const int size = std::abs(literal);
-    return static_cast<std::size_t>(size - (shift() & -static_cast<int>(size > varNrLimit)));
+  class Places {
+   public:
+    Places() = default;
+    explicit Places(int maxVariable) : maxVariable_(maxVariable) {}
+    std::size_t count(std::size_t nodes) const {
+      return static_cast<std::size_t>(maxVariable_) + 1 + nodes;
+    }
+    Placed of(int literal) const {
+      const int size = std::abs(literal);
+      const int place = size - (shift() & -static_cast<int>(size > varNrLimit));
+      return {literal, 2 * static_cast<std::uint32_t>(place) + (literal < 0)};
+    }
+    int literalAt(std::size_t place) const {
+      const int i = static_cast<int>(place);
+      return i <= maxVariable_ ? i : i + shift();
+    }
+
+   private:
+    int shift() const { return varNrLimit - maxVariable_; }
+    int maxVariable_ = 0;
+  };
+
+  // The one with the smaller absolute value first.
+  static std::pair<Placed, Placed> inOrder(Placed l, Placed r) {
+    const std::uint32_t swapped = 0U - static_cast<std::uint32_t>(l.bucket > r.bucket);
+    const std::uint32_t buckets = (l.bucket ^ r.bucket) & swapped;
+    const int literals = (l.literal ^ r.literal) & static_cast<int>(swapped);
+    return {{l.literal ^ literals, l.bucket ^ buckets}, {r.literal ^ literals, r.bucket ^ buckets}};
   }
-  int literalAt(std::size_t place) const {
-    const int i = static_cast<int>(place);
-    return i <= maxVariable_ ? i : i + shift();
-  }
-  int shift() const { return varNrLimit - maxVariable_; }
 
   void mark(std::size_t i);
   int equalCopies(const Repetition& copies) const;
   void fill();
-  template <class Take>
-  void clauses(Take&& take) const;
+  struct Counting;
+  struct Putting;
+  template <class Sink>
+  void clauses(Sink sink) const;
 
   template <class Value, class Sink>
   void forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const;
@@ -115,9 +143,10 @@ class Definitions {
   std::size_t clauses_ = 0;
   int maxVariable_ = 0;
 
-  // Negative [0] or positive [1], by the place of the leading literal.
-  Buckets<Tail> three_[2];
-  Buckets<int> two_[2];
+  // By the leading literal.
+  Places places_;
+  Buckets<Tail> three_;
+  Buckets<int> two_;
   std::unique_ptr<Tail[]> unwoven_;  // room for any bucket
 
   CopiedClauses copied_;
@@ -145,15 +174,15 @@ inline Clause Definitions::clause(int leading, int third) {
 // for which they are still to come.
 template <class Value, class Sink>
 void Definitions::forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const {
-  const std::size_t count = buckets.size();
+  const std::size_t count = places_.count(marked_.size());
   std::int64_t from = 0;
   std::int64_t to = copied_.end();
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t place = isNegative(region) ? count - 1 - i : i;
-    const std::span<Value> bucket = buckets[place];
+    const std::span<Value> bucket = buckets[2 * place + isNegative(region)];
     if (bucket.empty()) continue;
     order(bucket);
-    const int at = literalAt(place);
+    const int at = places_.literalAt(place);
     const int leading = isNegative(region) ? -at : at;
     auto next = bucket.begin();
     if (isNegative(region) ? at < to : from < to) {

@@ -22,17 +22,19 @@ struct Triple {
   friend auto operator<=>(const Triple&, const Triple&) = default;  // lexicographic
 };
 
-// The clauses of n <-> (l op r), the same for store nodes, solver variables and whatever else the
-// literals name: sink(a, b, c) for each, with c = 0 where there are two literals.
-template <class Sink>
-constexpr void define(int op, int l, int r, int n, Sink&& sink) {
+// The clauses of n <-> (l op r), the same for store nodes, solver variables and whatever else
+// stands for a literal and has a negation: sink(a, b) for those of two literals and sink(a, b, c)
+// for those of three. a is n or its negation, b of l or r, c of r.
+template <class Literal, class Sink>
+constexpr void define(int op, Literal l, Literal r, Literal n, Sink&& sink) {
   if (op == bfCon) {
-    sink(-n, l, 0);
-    sink(-n, r, 0);
+    sink(-n, l);
+    sink(-n, r);
+    sink(n, -l, -r);
   } else {
     sink(-n, -l, r);
-    sink(-n, -r, l);
-    sink(l, r, n);
+    sink(-n, l, -r);
+    sink(n, l, r);
+    sink(n, -l, -r);
   }
-  sink(-l, -r, n);
 }

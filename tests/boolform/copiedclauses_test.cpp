@@ -35,7 +35,7 @@ Clauses expected(const Repetition& copies, int times, const Marks& marks, Region
   for (std::size_t i = copies.begin(); i < copies.begin() + copies.size(times); ++i) {
     const auto [op, l, r] = BoolForm::tv[i];
     if (marks[i] == 0) continue;
-    define(op, l, r, node(static_cast<int>(i) + 1), [&](int x, int y, int z) {
+    define(op, l, r, node(static_cast<int>(i) + 1), [&](int x, int y, int z = 0) {
       const Clause c(x, y, z);
       if (regionOf(c) == region && from <= leading(c) && leading(c) < to) clauses.insert(c);
     });

@@ -89,7 +89,7 @@ void Unrolling::define(const Pattern::Node& node) {
   const int r = literal(node.right);
   const int n = static_cast<int>(++variables_);
   instance_.push_back(n);
-  ::define(node.op, l, r, n, [this](int a, int b, int c) { add(a, b, c); });
+  ::define(node.op, l, r, n, [this](int a, int b, int c = 0) { add(a, b, c); });
 }
 
 long Unrolling::variablesOfRotation() const {
