@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "boolform/clause.hpp"
@@ -29,20 +30,42 @@ class ClauseSet {
   int maxLiteral() const;
   int maxVariable() const;
 
-  // sink(const Clause&) for every clause, in ascending order. Allocates nothing.
+  // take(const Clause&) for every clause, in ascending order. Allocates nothing.
+  template <class Take>
+  void forEach(Take&& take) const {
+    forEachRun(OneByOne<Take>{take});
+  }
+
+  // The same in runs (clause.hpp).
   template <class Sink>
-  void forEach(Sink&& sink) const {
-    auto next = others().begin();
-    const auto end = others().end();
-    const auto sinkOther = [&] { sink(*next++); };
-    definitions_.forEach([&](const Clause& clause) {
-      while (next != end && *next < clause) sinkOther();
-      sink(clause);
-    });
-    while (next != end) sinkOther();
+  void forEachRun(Sink&& sink) const {
+    const std::span<const Clause> list = others();
+    Merged<Sink> merged{sink, list.data(), list.data() + list.size()};
+    definitions_.forEachRun(merged);
+    while (merged.next != merged.end) sink.one(*merged.next++);
   }
 
  private:
+  // Definitions, and the other clauses between them.
+  template <class Sink>
+  struct Merged {
+    Sink& sink;
+    const Clause* next;
+    const Clause* end;
+
+    void one(const Clause& clause) {
+      while (next != end && *next < clause) sink.one(*next++);
+      sink.one(clause);
+    }
+    template <class Tail>
+    void run(int leading, std::span<const Tail> tails) {
+      if (next == end || tails.empty() || clauseOf(leading, tails.back()) < *next)
+        sink.run(leading, tails);
+      else
+        for (const Tail tail : tails) one(clauseOf(leading, tail));
+    }
+  };
+
   const std::vector<Clause>& others() const;
 
   Definitions definitions_;

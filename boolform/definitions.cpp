@@ -90,13 +90,13 @@ void Definitions::clauses(Sink sink) const {
 // Where an operand has many users, as a proposition of a long property has, they have mostly been
 // made in the order of their other operands. Its bucket then is two lists woven into each other:
 // negative second literals, ascending, and positive ones, descending.
-void Definitions::order(std::span<Tail> bucket) const {
+void Definitions::order(std::span<ClauseTail> bucket) const {
   constexpr std::size_t many = 32;
   if (bucket.size() < 2) return;
   if (bucket.size() >= many) {
-    Tail* negative = unwoven_.get();
-    Tail* positive = negative + bucket.size();
-    for (const Tail tail : bucket) {
+    ClauseTail* negative = unwoven_.get();
+    ClauseTail* positive = negative + bucket.size();
+    for (const ClauseTail tail : bucket) {
       const bool below = tail.second() < 0;
       *negative = tail;
       positive[-1] = tail;
@@ -111,17 +111,17 @@ void Definitions::order(std::span<Tail> bucket) const {
 
 struct Definitions::Counting {
   Buckets<int>& two;
-  Buckets<Tail>& three;
+  Buckets<ClauseTail>& three;
   void operator()(Placed, Placed second) const { two.count(second.bucket); }
   void operator()(Placed, Placed first, Placed) const { three.count(first.bucket); }
 };
 
 struct Definitions::Putting {
   Buckets<int>& two;
-  Buckets<Tail>& three;
+  Buckets<ClauseTail>& three;
   void operator()(Placed own, Placed second) const { two.put(second.bucket, own.literal); }
   void operator()(Placed own, Placed first, Placed second) const {
-    three.put(first.bucket, Tail(second.literal, own.literal));
+    three.put(first.bucket, ClauseTail(second.literal, own.literal));
   }
 };
 
@@ -135,6 +135,6 @@ void Definitions::fill() {
   clauses(Counting{two_, three_});
   two_.countingDone();
   three_.countingDone();
-  unwoven_ = std::make_unique_for_overwrite<Tail[]>(three_.largest());
+  unwoven_ = std::make_unique_for_overwrite<ClauseTail[]>(three_.largest());
   clauses(Putting{two_, three_});
 }

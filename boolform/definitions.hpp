@@ -56,9 +56,15 @@ class Definitions {
   int maxVariable() const { return maxVariable_; }  // the same, of problem variables
   bool contains(const Clause& clause) const;
 
-  // sink(const Clause&) for every clause, in ascending order.
+  // take(const Clause&) for every clause, in ascending order.
+  template <class Take>
+  void forEach(Take&& take) const {
+    forEachRun(OneByOne<Take>{take});
+  }
+
+  // The same in runs (clause.hpp).
   template <class Sink>
-  void forEach(Sink&& sink) const {
+  void forEachRun(Sink&& sink) const {
     if (clauses_ == 0) return;
     forEachIn(threeNegative, three_, sink);
     forEachIn(twoNegative, two_, sink);
@@ -67,22 +73,6 @@ class Definitions {
   }
 
  private:
-  // The second and third literal of a clause as one number that is ordered as they are.
-  class Tail {
-   public:
-    Tail() = default;  // unset
-    Tail(int second, int third) : bits_(std::uint64_t{biased(second)} << 32 | biased(third)) {}
-    int second() const { return static_cast<int>(biased(static_cast<int>(bits_ >> 32))); }
-    int third() const { return static_cast<int>(biased(static_cast<int>(bits_))); }
-    friend auto operator<=>(const Tail&, const Tail&) = default;
-
-   private:
-    static std::uint32_t biased(int literal) {
-      return static_cast<std::uint32_t>(literal) ^ 1U << 31;
-    }
-    std::uint64_t bits_;
-  };
-
   // A literal and its bucket; that of its negation is beside it.
   struct Placed {
     int literal;
@@ -133,10 +123,8 @@ class Definitions {
   template <class Value, class Sink>
   void forEachIn(Region region, const Buckets<Value>& buckets, Sink& sink) const;
 
-  void order(std::span<Tail> bucket) const;
+  void order(std::span<ClauseTail> bucket) const;
   void order(std::span<int>) const {}
-  static Clause clause(int leading, Tail tail);
-  static Clause clause(int leading, int third);
 
   const std::vector<Triple>* nodes_ = nullptr;
   std::vector<std::uint8_t> marked_;  // by node: is it defined?
@@ -145,30 +133,14 @@ class Definitions {
 
   // By the leading literal.
   Places places_;
-  Buckets<Tail> three_;
+  Buckets<ClauseTail> three_;
   Buckets<int> two_;
-  std::unique_ptr<Tail[]> unwoven_;  // room for any bucket
+  std::unique_ptr<ClauseTail[]> unwoven_;  // room for any bucket
 
   CopiedClauses copied_;
   std::size_t copiesBegin_ = 0;  // the nodes that are not in the buckets
   std::size_t copiesEnd_ = 0;
 };
-
-inline Clause Definitions::clause(int leading, Tail tail) {
-  Clause c;
-  c.first = leading;
-  c.second = tail.second();
-  c.third = tail.third();
-  return c;
-}
-
-inline Clause Definitions::clause(int leading, int third) {
-  Clause c;
-  c.first = 0;
-  c.second = leading;
-  c.third = third;
-  return c;
-}
 
 // The copies' clauses between the buckets, and in them; `from` .. `to - 1` are the leading literals
 // for which they are still to come.
@@ -186,17 +158,18 @@ void Definitions::forEachIn(Region region, const Buckets<Value>& buckets, Sink& 
     const int leading = isNegative(region) ? -at : at;
     auto next = bucket.begin();
     if (isNegative(region) ? at < to : from < to) {
+      const auto one = [&](const Clause& copy) { sink.one(copy); };
       if (isNegative(region))
-        copied_.forEach(region, at + std::int64_t{1}, std::exchange(to, at), sink);
+        copied_.forEach(region, at + std::int64_t{1}, std::exchange(to, at), one);
       else
-        copied_.forEach(region, std::exchange(from, at + std::int64_t{1}), at, sink);
+        copied_.forEach(region, std::exchange(from, at + std::int64_t{1}), at, one);
       copied_.forEach(region, at, at + std::int64_t{1}, [&](const Clause& copy) {
-        while (next != bucket.end() && clause(leading, *next) < copy)
-          sink(clause(leading, *next++));
-        sink(copy);
+        while (next != bucket.end() && clauseOf(leading, *next) < copy)
+          sink.one(clauseOf(leading, *next++));
+        sink.one(copy);
       });
     }
-    while (next != bucket.end()) sink(clause(leading, *next++));
+    sink.run(leading, std::span<const Value>(next, bucket.end()));
   }
-  copied_.forEach(region, from, to, sink);
+  copied_.forEach(region, from, to, [&](const Clause& copy) { sink.one(copy); });
 }

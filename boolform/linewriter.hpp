@@ -71,23 +71,42 @@ constexpr auto fourDigits = [] {
   return text;
 }();
 
-// Writes a number of this size in decimal and returns the end; at most 11 characters are touched.
-// Numbers below 10^8 are eight digits that the leading zeros are shifted out of, without a jump.
+// A number below 10^8 in decimal, without a jump: eight digits that the leading zeros are shifted
+// out of.
+struct ShortNumber {
+  static constexpr std::uint32_t limit = 100000000;
+  std::uint64_t text;
+  int size;
+
+  explicit ShortNumber(std::uint32_t number) {
+    static_assert(std::endian::native == std::endian::little);
+    constexpr std::uint64_t zeros = 0x3030303030303030U;
+    constexpr std::uint64_t lastDigit = std::uint64_t{1} << 56;  // which stays if it is a zero
+    const std::uint32_t high = number / 10000;
+    const std::uint32_t low = number - 10000 * high;
+    const std::uint64_t digits = fourDigits[high] | std::uint64_t{fourDigits[low]} << 32;
+    const int leadingZeros = std::countr_zero((digits ^ zeros) | lastDigit) / 8;
+    text = digits >> 8 * leadingZeros;
+    size = 8 - leadingZeros;
+  }
+
+  // Writes it, after a minus where it is negative, and returns the end; at most 9 characters are
+  // touched.
+  char* put(char* to, bool negative) const {
+    *to = '-';
+    to += negative;
+    std::memcpy(to, &text, sizeof text);
+    return to + size;
+  }
+};
+
+// Writes a number of this size and returns the end; at most 11 characters are touched.
 [[gnu::always_inline]] inline char* putNumber(char* to, bool negative, std::uint32_t size) {
-  static_assert(std::endian::native == std::endian::little);
+  if (size < ShortNumber::limit) [[likely]]
+    return ShortNumber(size).put(to, negative);
   *to = '-';
   to += negative;
-  if (size >= 100000000) [[unlikely]]
-    return std::to_chars(to, to + 10, size).ptr;
-  constexpr std::uint64_t zeros = 0x3030303030303030U;
-  constexpr std::uint64_t lastDigit = std::uint64_t{1} << 56;  // which stays if it is a zero
-  const std::uint32_t high = size / 10000;
-  const std::uint32_t low = size - 10000 * high;
-  const std::uint64_t digits = fourDigits[high] | std::uint64_t{fourDigits[low]} << 32;
-  const int leadingZeros = std::countr_zero((digits ^ zeros) | lastDigit) / 8;
-  const std::uint64_t text = digits >> 8 * leadingZeros;
-  std::memcpy(to, &text, sizeof text);
-  return to + 8 - leadingZeros;
+  return std::to_chars(to, to + 10, size).ptr;
 }
 
 inline char* putNumber(char* to, int n) {
