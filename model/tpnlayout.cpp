@@ -1,6 +1,7 @@
 // The widths and variable numbers of a symbolic state, and the map file that tells them.
 
 #include <bit>
+#include <numeric>
 #include <string>
 
 #include "model/tpnmodel.hpp"
@@ -35,8 +36,31 @@ void NetTimedModel::compNrOfBits() {
     totalNrVertBits += nrVertBits[p];
   }
 
+  listMoves();
   intPLen = binaryDigits(twicePlus(maxConst, 2));
   frPLen = nrOfClocks > 0 ? binaryDigits(twicePlus(nrOfClocks, ~0U)) : 0;  // of 2n - 1
+}
+
+void NetTimedModel::listMoves() {
+  const auto isListed = [this](Number t) { return t <= static_cast<Number>(nrOfTrans); };
+  firstMove_.assign(static_cast<std::size_t>(nrOfTrans) + 2, 0);
+  for (const auto& [where, move] : localTrans)
+    if (isListed(where.second)) ++firstMove_[where.second + 1];
+  std::partial_sum(firstMove_.begin(), firstMove_.end(), firstMove_.begin());
+  moves_.resize(firstMove_.back());
+  std::vector<std::size_t> next = firstMove_;
+  for (const auto& [where, move] : localTrans)
+    if (isListed(where.second))
+      moves_[next[where.second]++] = {where.first, move.first, move.second};
+
+  std::map<std::vector<Number>, int> crews;
+  crewOf_.assign(1, 0);
+  for (int t = 1; t <= nrOfTrans; ++t) {
+    std::vector<Number> crew;
+    for (const Move& move : movesOf(t)) crew.push_back(move.process);
+    crewOf_.push_back(crews.try_emplace(crew, static_cast<int>(crews.size()) + 1).first->second);
+  }
+  crews_ = static_cast<int>(crews.size());
 }
 
 std::int64_t NetTimedModel::getSymStateLen() const {

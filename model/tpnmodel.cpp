@@ -6,30 +6,11 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "clock/clockcond.hpp"
+#include "model/stateterms.hpp"
 
 namespace {
 
 constexpr auto unbounded = static_cast<NetTimedModel::Number>(-1);  // no latest firing time
-
-// Building an atom again would give the same formula and no new node.
-template <class Atoms>
-BoolForm clockAtom(const SymState& s, Atoms& atoms, NetTimedModel::Number p, ClockRel rel,
-                   NetTimedModel::Number bound) {
-  const SmplClockCond atom{static_cast<int>(p), 0, rel, static_cast<int>(bound)};
-  const auto known = atoms.find(atom);
-  if (known != atoms.end()) return known->second;
-  const BoolForm built = atom.toBool(s.clocks);
-  atoms.emplace(atom, built);
-  return built;
-}
-
-template <class Atoms>
-BoolForm inTime(const SymState& s, Atoms& atoms, NetTimedModel::Number p,
-                NetTimedModel::Number latest) {
-  if (latest == unbounded) return BoolForm(true);
-  return clockAtom(s, atoms, p, relLessOrEqual, latest);
-}
 
 }  // namespace
 
@@ -46,48 +27,56 @@ BoolForm NetTimedModel::bef(int p, int l, const BoolFormVect& loc) const {
 }
 
 BoolForm NetTimedModel::enabled(const SymState& s, int t) const {
+  StateTerms terms(*this, s);
+  return enabled(terms, t);
+}
+
+BoolForm NetTimedModel::enabled(StateTerms& s, int t) const {
   BoolForm r(true);
-  for (const Number p : transProcs.at(static_cast<Number>(t))) {
-    const Number source = localTrans.at({p, static_cast<Number>(t)}).first;
-    const BoolForm there = bef(static_cast<int>(p), static_cast<int>(source), s.loc);
-    r = con(r, there);
-  }
+  for (const Move& move : movesOf(t)) r = con(r, s.isAt(move.process, move.source));
   return r;
+}
+
+BoolForm NetTimedModel::guard(const SymState& s, int t) const {
+  StateTerms terms(*this, s);
+  return guard(terms, t);
 }
 
 // The earliest time must be reached by the clocks of all processes of t; the latest time need only
 // hold for one of them.
-BoolForm NetTimedModel::guard(const SymState& s, int t) const {
-  Atoms atoms;
-  return guard(s, t, atoms);
-}
-
-BoolForm NetTimedModel::guard(const SymState& s, int t, Atoms& atoms) const {
+BoolForm NetTimedModel::guard(StateTerms& s, int t) const {
   const auto [earliest, latest] = timeIntervals[static_cast<std::size_t>(t)];
   BoolForm allReady(true);
   BoolForm oneInTime(false);
-  for (const Number p : transProcs.at(static_cast<Number>(t))) {
-    const BoolForm ready = clockAtom(s, atoms, p, relGreaterOrEqual, earliest);
+  for (const Move& move : movesOf(t)) {
+    const BoolForm ready = s.clock(move.process, relGreaterOrEqual, earliest);
     allReady = con(allReady, ready);
-    const BoolForm notLate = inTime(s, atoms, p, latest);
+    const BoolForm notLate = inTime(s, move.process, latest);
     oneInTime = dis(oneInTime, notLate);
   }
   return con(allReady, oneInTime);
 }
 
+BoolForm NetTimedModel::inTime(StateTerms& s, Number p, Number latest) {
+  return latest == unbounded ? BoolForm(true) : s.clock(p, relLessOrEqual, latest);
+}
+
 BoolForm NetTimedModel::invariant(const SymState& s) const {
-  Atoms atoms;
+  StateTerms terms(*this, s);
+  return invariant(terms);
+}
+
+BoolForm NetTimedModel::invariant(StateTerms& s) const {
   BoolForm all(true);
   for (int t = 1; t <= nrOfTrans; ++t) {
     const Number latest = timeIntervals[static_cast<std::size_t>(t)].second;
-    const auto procs = transProcs.find(static_cast<Number>(t));
-    if (procs == transProcs.end()) {
+    if (movesOf(t).empty()) {
       std::cout << "tranzycja z pustym zbiorem procesow\n";
       std::exit(1);
     }
     BoolForm oneInTime(false);
-    for (const Number p : procs->second) {
-      const BoolForm notLate = inTime(s, atoms, p, latest);
+    for (const Move& move : movesOf(t)) {
+      const BoolForm notLate = inTime(s, move.process, latest);
       oneInTime = dis(oneInTime, notLate);
     }
     const BoolForm isEnabled = enabled(s, t);

@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -94,6 +95,8 @@ class NetTimedModel {
 
   void countInvTerms(unsigned more) const;  // adds to nrInvTerms
 
+  class StateTerms;  // stateterms.hpp
+
   // --- Steps from s1 to s2. ---
 
   // t moves its processes, all others stay; clocks are not mentioned.
@@ -103,14 +106,33 @@ class NetTimedModel {
   BoolForm adjustSucc(const SymState& s1, const SymState& s2) const;  // clocks are normalised
 
  private:
-  // Clock atoms already built for one state: transitions share most of theirs.
-  using Atoms = std::map<SmplClockCond, BoolForm>;
+  // What a process does in a transition.
+  struct Move {
+    Number process;
+    Number source;
+    Number target;
+  };
+  class StepTerms;
 
   void readTransitions(std::ifstream& file);
   bool readProcess(std::ifstream& file);  // false at the end of the process list
-  class StepTerms;
 
-  BoolForm guard(const SymState& s, int t, Atoms& atoms) const;
-  BoolForm fired(const SymState& s1, int t, const SymState& s2, StepTerms& terms) const;
-  BoolForm resets(int t, StepTerms& terms) const;
+  void listMoves();
+  std::span<const Move> movesOf(int t) const {  // by process, ascending
+    const auto i = static_cast<std::size_t>(t);
+    return std::span(moves_).subspan(firstMove_[i], firstMove_[i + 1] - firstMove_[i]);
+  }
+  int crewOf(int t) const { return crewOf_[static_cast<std::size_t>(t)]; }
+
+  BoolForm enabled(StateTerms& s, int t) const;
+  BoolForm guard(StateTerms& s, int t) const;
+  static BoolForm inTime(StateTerms& s, Number p, Number latest);
+  BoolForm invariant(StateTerms& s) const;
+  BoolForm fired(int t, StepTerms& terms) const;
+
+  // transProcs and localTrans as arrays, from compNrOfBits on: each step asks for all of them.
+  std::vector<Move> moves_;             // transition by transition
+  std::vector<std::size_t> firstMove_;  // [t]; nrOfTrans + 2 of them
+  std::vector<int> crewOf_;             // [t]: 1..crews_, the same where the processes are the same
+  int crews_ = 0;
 };

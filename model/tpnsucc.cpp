@@ -1,8 +1,10 @@
 // Formulas over two symbolic states: the firing of a transition and the three kinds of step.
 
 #include <optional>
+#include <span>
+#include <vector>
 
-#include "model/tpnmodel.hpp"
+#include "model/stateterms.hpp"
 
 namespace {
 
@@ -26,86 +28,110 @@ class OnDemand {
 
 }  // namespace
 
-// What the transitions of one action step have in common, process by process.
+// What the transitions of one action step have in common, process by process and, where the same
+// processes take part, as a whole.
 class NetTimedModel::StepTerms {
  public:
-  StepTerms(const NetTimedModel& net, const SymState& from, const SymState& to)
-      : net_(net),
-        from_(from),
-        to_(to),
+  StepTerms(const NetTimedModel& net, const SymState& s1, const SymState& s2)
+      : from(net, s1),
+        to(net, s2),
+        net_(net),
         stays_(net.nrOfProcs),
         zero_(net.nrOfClocks),
-        same_(net.nrOfClocks) {}
+        same_(net.nrOfClocks),
+        othersStay_(net.crews_),
+        resets_(net.crews_) {}
+
+  StateTerms from;
+  StateTerms to;
+
+  // The processes that have no part in t keep their locations.
+  const BoolForm& othersStay(int t) {
+    return othersStay_.get(net_.crewOf(t), [=, this](int) {
+      BoolForm rest(true);
+      auto mover = net_.movesOf(t).begin();
+      for (int p = 1; p <= net_.nrOfProcs; ++p) {
+        if (isNext(mover, t, p))
+          ++mover;
+        else
+          rest = con(rest, stays(p));
+      }
+      return rest;
+    });
+  }
+
+  // The clocks of t's processes become zero, the others keep their values.
+  const BoolForm& resets(int t) {
+    return resets_.get(net_.crewOf(t), [=, this](int) {
+      BoolForm all(true);
+      auto mover = net_.movesOf(t).begin();
+      for (int p = 1; p <= net_.nrOfClocks; ++p) {
+        const bool isReset = isNext(mover, t, p);
+        if (isReset) ++mover;
+        all = con(all, clock(p, isReset));
+      }
+      return all;
+    });
+  }
+
+ private:
+  using Mover = std::span<const Move>::iterator;
+  bool isNext(Mover mover, int t, int p) const {
+    return mover != net_.movesOf(t).end() && mover->process == static_cast<Number>(p);
+  }
 
   // Process p keeps its location.
   const BoolForm& stays(int p) {
     return stays_.get(p, [this](int i) {
       const auto at = static_cast<std::size_t>(i);
-      return eq(from_.loc, to_.loc, net_.firstVertBit[at], net_.nrVertBits[at]);
+      return eq(from.state().loc, to.state().loc, net_.firstVertBit[at], net_.nrVertBits[at]);
     });
   }
 
   // Clock p becomes zero, or keeps its value.
   const BoolForm& clock(int p, bool isReset) {
-    if (isReset) return zero_.get(p, [this](int i) { return zeroClock(to_.clocks, i); });
-    return same_.get(p, [this](int i) { return sameClock(from_.clocks, to_.clocks, i); });
+    if (isReset) return zero_.get(p, [this](int i) { return zeroClock(to.state().clocks, i); });
+    return same_.get(
+        p, [this](int i) { return sameClock(from.state().clocks, to.state().clocks, i); });
   }
 
- private:
   const NetTimedModel& net_;
-  const SymState& from_;
-  const SymState& to_;
   OnDemand stays_;
   OnDemand zero_;
   OnDemand same_;
+  OnDemand othersStay_;
+  OnDemand resets_;
 };
 
 BoolForm NetTimedModel::fired(const SymState& s1, int t, const SymState& s2) const {
   StepTerms terms(*this, s1, s2);
-  return fired(s1, t, s2, terms);
+  return fired(t, terms);
 }
 
-BoolForm NetTimedModel::fired(const SymState& s1, int t, const SymState& s2,
-                              StepTerms& terms) const {
-  const NumSet& movers = transProcs.at(static_cast<Number>(t));
+BoolForm NetTimedModel::fired(int t, StepTerms& terms) const {
   BoolForm moves(true);
-  for (const Number p : movers) {
-    const auto [source, target] = localTrans.at({p, static_cast<Number>(t)});
-    const BoolForm arrives = bef(static_cast<int>(p), static_cast<int>(target), s2.loc);
-    const BoolForm leaves = bef(static_cast<int>(p), static_cast<int>(source), s1.loc);
+  for (const auto& [process, source, target] : movesOf(t)) {
+    const BoolForm arrives = terms.to.isAt(process, target);
+    const BoolForm leaves = terms.from.isAt(process, source);
     const BoolForm move = con(leaves, arrives);
     moves = con(moves, move);
   }
-  BoolForm rest(true);
-  for (int p = 1; p <= nrOfProcs; ++p)
-    if (movers.count(static_cast<Number>(p)) == 0) rest = con(rest, terms.stays(p));
-  return con(moves, rest);
-}
-
-// The clocks of t's processes become zero, the others keep their values: reset, from known terms.
-BoolForm NetTimedModel::resets(int t, StepTerms& terms) const {
-  const NumSet& movers = transProcs.at(static_cast<Number>(t));
-  BoolForm all(true);
-  for (int p = 1; p <= nrOfClocks; ++p)
-    all = con(all, terms.clock(p, movers.count(static_cast<Number>(p)) != 0));
-  return all;
+  return con(moves, terms.othersStay(t));
 }
 
 BoolForm NetTimedModel::actionSucc(const SymState& s1, const SymState& s2) const {
-  const BoolForm targetInvariant = invariant(s2);
   StepTerms terms(*this, s1, s2);
-  Atoms atoms;
+  const BoolForm targetInvariant = invariant(terms.to);
   BoolForm some(false);
   for (int t = 1; t <= nrOfTrans; ++t) {
     if (checkpoint) checkpoint();
-    BoolForm fires = enabled(s1, t);
-    const BoolForm movesProcesses = fired(s1, t, s2, terms);
+    BoolForm fires = enabled(terms.from, t);
+    const BoolForm movesProcesses = fired(t, terms);
     fires = con(fires, movesProcesses);
-    const BoolForm inTime = guard(s1, t, atoms);
+    const BoolForm inTime = guard(terms.from, t);
     fires = con(fires, inTime);
     fires = con(fires, targetInvariant);
-    const BoolForm clocks = resets(t, terms);
-    fires = con(fires, clocks);
+    fires = con(fires, terms.resets(t));
     some = dis(some, fires);
   }
   return some;
