@@ -26,22 +26,12 @@ enum class EctlOper : int {
 constexpr EctlOper oper(std::string_view text) {
   const char first = text.empty() ? '\0' : text[0];
   const char second = text.size() < 2 ? '\0' : text[1];
-  switch (first) {
-    case 'T':
-      return EctlOper::truth;
-    case 'p':
-      return second == '-' ? EctlOper::negProp : EctlOper::prop;
-    case '&':
-    case 'C':
-      return EctlOper::conj;
-    case '+':
-    case 'D':
-      return EctlOper::disj;
-    case 'E':
-      break;
-    default:
-      return EctlOper::none;
-  }
+  // The usual ones first, without a jump between the two of a kind.
+  if (first == 'p') return second == '-' ? EctlOper::negProp : EctlOper::prop;
+  if (first == '&' || first == '+') return first == '&' ? EctlOper::conj : EctlOper::disj;
+  if (first == 'C' || first == 'D') return first == 'C' ? EctlOper::conj : EctlOper::disj;
+  if (first == 'T') return EctlOper::truth;
+  if (first != 'E') return EctlOper::none;
   switch (second) {
     case 'G':
       return EctlOper::existsGlobally;

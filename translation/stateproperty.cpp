@@ -1,5 +1,6 @@
 #include "translation/stateproperty.hpp"
 
+#include <array>
 #include <cassert>
 #include <unordered_map>
 
@@ -28,12 +29,17 @@ StateProperty::StateProperty(const EctlForm& property) : isFormula_(isStateFormu
 }
 
 int StateProperty::signalOf(const std::vector<OnpNode>& items) {
-  std::unordered_map<int, int> inputs;  // by proposition
+  // By proposition; small numbers, which are the usual ones, have places of their own.
+  std::array<int, 4096> usual{};
+  std::unordered_map<int, int> others;
   const auto inputOf = [&](int proposition) {
-    const auto known = inputs.find(proposition);
-    if (known != inputs.end()) return known->second;
-    propositions_.push_back(proposition);
-    return inputs[proposition] = circuit_.input();
+    const auto i = static_cast<unsigned>(proposition);
+    int& input = i < usual.size() ? usual[i] : others[proposition];
+    if (input == 0) {
+      propositions_.push_back(proposition);
+      input = circuit_.input();
+    }
+    return input;
   };
   std::vector<int> s;
   for (const OnpNode& item : items) {

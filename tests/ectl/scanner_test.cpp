@@ -65,4 +65,38 @@ TEST(TokenAt, LooksAtNothingBefore) {
   EXPECT_EQ(seenAt(" ?p12&", 2), (Seen{EctlOper::prop, 12, "p12", 3}));
 }
 
+// The digits at text[at], one by one.
+unsigned plainNumber(const std::string& text, std::size_t at) {
+  unsigned value = 0;
+  for (; at < text.size() && '0' <= text[at] && text[at] <= '9'; ++at)
+    value = 10 * value + static_cast<unsigned>(text[at] - '0');
+  return value;
+}
+
+TEST(TakeNumber, TakesAsManyDigitsAsThereAre) {
+  const std::string digits = "9081726354019";
+  for (std::size_t count = 0; count <= digits.size(); ++count)
+    for (const std::string after : {"", "p", "&p1", "/////////", ":::::::::", "\xff\xff\xff\xff",
+                                    "-123456789", "p4&p5&p6&p7&",
+                                    "\x80"
+                                    "12345678"})
+      for (const std::string before : {"", "p", "p-"}) {
+        const std::string text = before + digits.substr(0, count) + after;
+        std::size_t at = before.size();
+        EXPECT_EQ(static_cast<unsigned>(takeNumber(text, at)), plainNumber(text, before.size()))
+            << text;
+        EXPECT_EQ(at, before.size() + count) << text;
+      }
+}
+
+TEST(TakeNumber, StopsAtEveryOtherCharacter) {
+  for (int c = 0; c < 256; ++c) {
+    if ('0' <= c && c <= '9') continue;
+    const std::string text = "407" + std::string(9, static_cast<char>(c));
+    std::size_t at = 0;
+    EXPECT_EQ(takeNumber(text, at), 407) << c;
+    EXPECT_EQ(at, 3U) << c;
+  }
+}
+
 }  // namespace
