@@ -109,15 +109,19 @@ void NodeIndex::takeUp(std::size_t operand, const std::vector<Triple>& nodes) {
 void NodeIndex::add(std::size_t i, const std::vector<Triple>& nodes) {
   const int nr = firstNr + static_cast<int>(i);
   int* first = firstUse(larger(nodes[i]), nodes);
-  if (first != nullptr && (*first == 0 || *first == nr)) {
+  if (first != nullptr && *first == 0) {
     *first = nr;
     return;
   }
+  putIntoSlot(nr, nodes);
+  ++taken_;
+}
+
+void NodeIndex::putIntoSlot(int nr, const std::vector<Triple>& nodes) {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t at = firstSlot(nodes[i]);
+  std::size_t at = firstSlot(nodeOf(nr, nodes));
   while (slots_[at] != 0) at = (at + 1) & mask;
   slots_[at] = nr;
-  ++taken_;
 }
 
 std::size_t NodeIndex::searchLength(const Triple& key, const std::vector<Triple>& nodes) {
@@ -131,15 +135,8 @@ void NodeIndex::know(const Repetition& copies) {
 }
 
 void NodeIndex::grow(const std::vector<Triple>& nodes) {
-  const std::size_t capacity = std::max(smallestCapacity, 2 * slots_.size());
-  std::vector<int>().swap(slots_);  // old and new table never stand in memory together
-  slots_.resize(capacity, 0);
-  taken_ = 0;
-  auto out = leftOut_.begin();
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    if (i == copies_.begin()) i += copies_.size();
-    if (i == nodes.size()) break;
-    while (out != leftOut_.end() && out->end <= i) ++out;
-    if (out == leftOut_.end() || !out->has(i, nodes)) add(i, nodes);
-  }
+  std::vector<int> old(std::max(smallestCapacity, 2 * slots_.size()), 0);
+  old.swap(slots_);
+  for (const int nr : old)
+    if (nr != 0) putIntoSlot(nr, nodes);
 }

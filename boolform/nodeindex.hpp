@@ -60,6 +60,7 @@ class NodeIndex {
   std::size_t firstSlot(const Triple& key) const;
   std::size_t slotOf(const Triple& key, const std::vector<Triple>& nodes) const;
   void add(std::size_t i, const std::vector<Triple>& nodes);
+  void putIntoSlot(int nr, const std::vector<Triple>& nodes);
   void takeUp(std::size_t operand, const std::vector<Triple>& nodes);
   void grow(const std::vector<Triple>& nodes);
 
