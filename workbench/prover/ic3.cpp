@@ -48,6 +48,7 @@ class Prover {
         blocking_(machine, layout, words_, steps_, frames_, *solver_, checkpoint_),
         nearness_(machine, words_),
         cores_(words_, nearness_, blocking_, checkpoint_),
+        aside_(options.aside),
         report_(report),
         result_(result) {
     solver_->stop(stop);
@@ -100,6 +101,7 @@ class Prover {
     queue.emplace(level, first);
     while (!queue.empty()) {
       checkpoint_();
+      if (aside_ && aside_(blocking_.queries())) throw Interrupted();
       const auto [at, index] = queue.top();
       if (const auto before = predecessor(obligations_[index], at)) {
         const std::size_t next = add({before->cube, before->way, index,
@@ -204,6 +206,7 @@ class Prover {
   Blocking blocking_;
   Nearness nearness_;
   Cores cores_;
+  const std::function<bool(long)>& aside_;
   const std::function<void(const ProverProgress&)>& report_;
   std::deque<Obligation> obligations_;
   ProverResult& result_;

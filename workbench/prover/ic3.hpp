@@ -37,6 +37,9 @@ struct ProverOptions {
   Clauses facts;                        // more of them, with helpers above the state's variables
   int helpers = 0;
   std::size_t mostImages = 200000;  // of a learnt clause; beyond, all over again without symmetry
+  // Asked between obligations, with the queries so far: does what else is done about the question
+  // end it?
+  std::function<bool(long queries)> aside{};
 };
 
 // `stop` is asked now and then. Throws std::bad_alloc where memory runs out.

@@ -1,5 +1,6 @@
 #include "workbench/search/proving.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "workbench/proof/checker.hpp"
 #include "workbench/prover/certify.hpp"
 #include "workbench/search/foundrun.hpp"
+#include "workbench/search/greedy.hpp"
 
 namespace tpn {
 
@@ -60,20 +62,42 @@ class Proving {
     options.facts = std::move(linear.clauses);
     options.helpers = linear.helpers;
     const StateFormula formula = propertyFormula(net_, machine_, layout_, goal_);
+    if (options_.greedy && !asksDeadlock(goal_))
+      options.aside = [this](long queries) { return greedyFinds(queries); };
     const ProverResult result =
         prove(machine_, layout_, formula, Orbits(generators), options, over_, report);
-    if (result.answer == ProverResult::reachable) return {runOf(result), {}, false};
+    if (found_) return {runOf(*found_), {}, false};
+    if (result.answer == ProverResult::reachable)
+      return {runOf({result.transitions, result.delays}), {}, false};
     if (result.answer == ProverResult::unreachable) return {{}, checked(result), false};
     return {};
   }
 
  private:
   // Where time decides on the goal, the earliest times need not lead to one.
-  Run runOf(const ProverResult& result) const {
+  Run runOf(const Greedy::Found& found) const {
     std::vector<std::int64_t> delays;
-    if (asksSafety(goal_) || (asksDeadlock(goal_) && hasHopeless(machine_))) delays = result.delays;
+    if (asksSafety(goal_) || (asksDeadlock(goal_) && hasHopeless(machine_))) delays = found.delays;
     for (std::int64_t& delay : delays) delay *= machine_.unit;
-    return foundRun(net_, goal_, result.transitions, delays);
+    return foundRun(net_, goal_, found.transitions, delays);
+  }
+
+  // The greedy search's share of the time, after so many queries of the prover's: a twentieth where
+  // symmetries make proofs short, or else a quarter at first.
+  bool greedyFinds(long queries) {
+    constexpr long start = 250;  // what is answered by then needs no other search
+    constexpr long early = 12'000;
+    constexpr long least = 80;        // a query
+    constexpr long more = 320;        // the same, early, without symmetries
+    constexpr long most = 1'000'000;  // at a time
+    long share = least * queries;
+    if (symmetries_.empty()) share += more * std::min(queries, early);
+    if (queries < start || greedyEnded_) return false;
+    if (!greedy_) greedy_.emplace(net_, machine_, goal_, checkpoint_);
+    found_ = greedy_->goOn(std::min(most, share - greedy_->effort()));
+    greedyEnded_ = greedy_->over();
+    if (greedyEnded_) greedy_.reset();  // and with it all of its states
+    return found_.has_value();
   }
 
   std::optional<Certificate> checked(const ProverResult& result) const {
@@ -94,6 +118,9 @@ class Proving {
   StateLayout layout_;
   std::vector<Symmetry> symmetries_;
   std::vector<PlaceInvariant> invariants_;
+  std::optional<Greedy> greedy_;
+  bool greedyEnded_ = false;
+  std::optional<Greedy::Found> found_;
 };
 
 }  // namespace

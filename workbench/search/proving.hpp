@@ -25,6 +25,7 @@ struct Proved {
 struct ProvingOptions {
   bool symmetry = true;    // what is learnt counts for all images
   bool longDelays = true;  // several units pass in one step
+  bool greedy = true;      // now and then, look for a run state by state
 };
 
 // Throws std::runtime_error with one line where a run does not replay or a proof does not check.
