@@ -93,17 +93,17 @@ class Proving {
     return foundRun(net_, goal_, found.transitions, delays);
   }
 
-  // The greedy search's share of the time, after so many queries of the prover's: a twentieth where
-  // symmetries make proofs short, or else a quarter at first.
+  // The greedy search's share of the time, after so many queries of the prover's: some hundredths
+  // where symmetries make proofs short, or else a quarter at first.
   bool greedyFinds(long queries) {
     constexpr long start = 250;  // what is answered by then needs no other search
     constexpr long early = 12'000;
-    constexpr long least = 80;        // a query
-    constexpr long more = 320;        // the same, early, without symmetries
+    constexpr long least = 40;        // a query
+    constexpr long more = 360;        // the same, early, without symmetries
     constexpr long most = 1'000'000;  // at a time
-    long share = least * queries;
-    if (symmetries_.empty()) share += more * std::min(queries, early);
     if (queries < start || greedyEnded_) return false;
+    long share = least * (queries - start);
+    if (symmetries_.empty()) share += more * std::min(queries - start, early);
     if (!greedy_) greedy_.emplace(net_, machine_, goal_, checkpoint_);
     found_ = greedy_->goOn(std::min(most, share - greedy_->effort()));
     greedyEnded_ = greedy_->over();
