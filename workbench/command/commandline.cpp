@@ -11,10 +11,9 @@ namespace tpn {
 namespace {
 
 // As the help lists them.
-constexpr const Subcommand* subcommands[] = {&lintCommand,   &showCommand,    &checkCommand,
-                                             &traceCommand,  &runCommand,     &certifyCommand,
-                                             &exportCommand, &convertCommand, &makeCommand,
-                                             &planCommand,   &workCommand,    &collectCommand};
+constexpr const Subcommand* subcommands[] = {
+    &lintCommand,   &showCommand,    &checkCommand, &traceCommand, &runCommand,  &certifyCommand,
+    &exportCommand, &convertCommand, &makeCommand,  &planCommand,  &workCommand, &collectCommand};
 
 bool isOption(const std::string& word) { return word.starts_with("-"); }
 

@@ -145,8 +145,8 @@ std::string hindrance(const Network& net, const TimedState& state, std::size_t t
   const auto limit = deadline(net, state);
   assert(enabled(t, state.locations) && limit);
   const Rational ready = Rational(t.interval.earliest) - sinceEnabling(t, state.clocks);
-  return "before " + ready.text() + " has passed, and " +
-         named(net, limit->transition) + " has to fire within " + limit->delay.text();
+  return "before " + ready.text() + " has passed, and " + named(net, limit->transition) +
+         " has to fire within " + limit->delay.text();
 }
 
 std::string advance(const Network& net, const Step& step, TimedState& state) {
