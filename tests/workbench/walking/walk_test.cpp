@@ -1,65 +1,18 @@
-// Sessions as transcripts: what is typed stands after the prompt.
+// Walks by hand.
 
 #include "workbench/walking/walk.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "tests/workbench/network/smallnets.hpp"
+#include "tests/workbench/walking/sessions.hpp"
 #include "tests/workbench/walking/walked.hpp"
-#include "workbench/views/views.hpp"
 
 namespace tpn {
 namespace {
-
-namespace fs = std::filesystem;
-
-struct Session {
-  Walked walked;
-  std::string out;
-};
-
-Session session(const std::string& input, const Network& net = twoProcesses()) {
-  std::istringstream in(input);
-  std::ostringstream out;
-  return {walk(net, in, out), out.str()};
-}
-
-Session script(const std::string& input, const Network& net = twoProcesses()) {
-  std::istringstream in(input);
-  std::ostringstream out;
-  const Walked walked = walkScript(net, "moves.txt", in, out);
-  return {walked, out.str()};
-}
-
-// What the commands after the first state answer.
-std::string answers(const std::string& input) {
-  const std::string out = session(input).out;
-  return out.substr(out.find("\n> ") + 1);
-}
-
-const std::string start = R"(time 0, after 0 steps
-  process 1: location 0, clock 0
-  process 2: location 0, clock 0
-  propositions: none
-   1  delay 1 to 2      process 1: 0 -> 1
-   2  delay 0 to 2      process 2: 0 -> 1
-)";
-
-const std::string afterOne = R"(time 3/2, after 1 step
-  process 1: location 1, clock 0
-  process 2: location 0, clock 3/2
-  propositions: 7
-   2  delay 0 to 3/2    process 2: 0 -> 1
-)";
-
-// ---- by hand
-// -------------------------------------------------------------------------------------
 
 TEST(Walk, ShowsEveryStateUntilTheEnd) {
   const Session s = session("1 1.5\n2 1/2\n3\nquit\n");
@@ -245,68 +198,6 @@ TEST(Walk, ShowsTransitionsThatCannotFireInTime) {
                         transition 1 has to fire within 2
 > 
 )");
-}
-
-// ---- views
-// ---------------------------------------------------------------------------------------
-
-std::string contents(const fs::path& file) {
-  std::ifstream in(file);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-TEST(WalkViews, ArePrintedOfTheRunSoFar) {
-  const Network net = twoProcesses();
-  const auto run = session("1 3/2\n").walked.run;
-  const std::string commands = "1 3/2\n2\nundo\n";
-  const auto expected = [&](const char* view) { return session(commands + view).out; };
-  const std::string before = session(commands + "quit\n").out;
-  EXPECT_EQ(expected("text\nquit\n"), before + runText(net, anything(), run) + "> ");
-  EXPECT_EQ(expected("json\nquit\n"), before + tpn::jsonText(runJson(net, anything(), run)) + "> ");
-  EXPECT_EQ(expected("vcd\nquit\n"), before + runVcd(net, anything(), run) + "> ");
-  EXPECT_EQ(expected("svg\nquit\n"), before + runSvg(net, anything(), run) + "> ");
-}
-
-TEST(WalkViews, GoIntoFiles) {
-  const fs::path file = fs::path(testing::TempDir()) / "a walk #1.svg";
-  fs::remove(file);
-  const Session s = session("1 3/2\nsvg " + file.string() + " \nquit\n");
-  EXPECT_EQ(s.out, start + "> " + afterOne + "> > ");
-  EXPECT_EQ(contents(file), runSvg(twoProcesses(), anything(), s.walked.run));
-  fs::remove(file);
-}
-
-TEST(WalkViews, SayWhatKeepsThemFromBeingWritten) {
-  EXPECT_EQ(answers("text /no/such/folder/x\nquit\n"),
-            "> error: cannot write '/no/such/folder/x': No such file or directory\n> ");
-  EXPECT_EQ(answers("text /dev/full\nquit\n"),
-            "> error: cannot write '/dev/full': No space left on device\n> ");
-}
-
-// ---- by script
-// -----------------------------------------------------------------------------------
-
-TEST(WalkScript, PrintsOnlyWhatItIsAskedFor) {
-  const Session s = script("# a lap\n\n1 3/2   # late\n2\n3\n");
-  EXPECT_EQ(s.out, "");
-  EXPECT_EQ(s.walked.error, "");
-  EXPECT_EQ(steps(s.walked), "1 after 3/2, 2 after 0, 3 after 2");
-  EXPECT_EQ(script("1 1.5\nshow\n").out, afterOne);
-}
-
-TEST(WalkScript, EndsWithQuit) {
-  const Session s = script("1\nquit\nfly\n");
-  EXPECT_EQ(s.walked.error, "");
-  EXPECT_EQ(steps(s.walked), "1 after 1");
-}
-
-TEST(WalkScript, StopsAtABadLineAndKeepsWhatWasDone) {
-  const Session s = script("# a lap\n1 3/2\n\n2 4\n2\n");
-  EXPECT_EQ(s.walked.error,
-            "moves.txt:4: error: transition 2 fires too late: its clocks are at 11/2 or more, past "
-            "3; it fires with delay 0 to 3/2");
-  EXPECT_EQ(steps(s.walked), "1 after 3/2");
-  EXPECT_EQ(script("fly").walked.error, "moves.txt:1: error: unknown command 'fly'; try help");
 }
 
 }  // namespace
