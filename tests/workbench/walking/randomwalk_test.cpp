@@ -3,7 +3,6 @@
 #include "workbench/walking/randomwalk.hpp"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <set>
 #include <string>
@@ -71,21 +70,6 @@ TEST(WalkRandomly, GivesRunsThatReplayInAnyNetwork) {
   }
   EXPECT_GT(made, 100);
   EXPECT_GT(cut, 100);
-}
-
-// In kilobytes, the most so far.
-long memory() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return usage.ru_maxrss;
-}
-
-// All states of this walk take 3 kB each.
-TEST(WalkRandomly, KeepsStepsAndNotStates) {
-  const Network net = manyProcesses(150);
-  const long before = memory();
-  EXPECT_EQ(walkRandomly(net, 1, 30000).run.steps.size(), 30000U);
-  EXPECT_LT(memory() - before, 20000);
 }
 
 // Asking for one window asks for the deadlines of all transitions; 2000 times that, a step took
