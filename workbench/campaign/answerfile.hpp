@@ -14,19 +14,19 @@ namespace tpn {
 
 struct JobAnswer {
   // As of an Answer (search/answer.hpp), or that there was none.
-  enum Kind { reachable, unreachable, undecided, unsafe, failed } kind = undecided;
+  enum Kind { reachable, unreachable, undecided, unsafe, gaveUp } kind = undecided;
   std::optional<Run> run;   // reachable, unsafe
   bool shortest = false;    // reachable: no shorter run does it
   int noRunUpTo = -1;       // no run (in the job's cube) of up to so many transitions does it
   std::string certificate;  // unreachable: as text; empty where the question was split
-  std::string reason;       // undecided, unsafe, failed: one line
+  std::string reason;       // undecided, unsafe, gaveUp: one line
   double seconds = 0;       // by the clock
   double cpu = 0;           // seconds, of what it called, too
   std::int64_t memory = 0;  // most that it held, KiB
   std::string host;
 
   // Is there nothing to be gained by asking once more?
-  bool isDone() const { return kind != failed; }
+  bool isDone() const { return kind != gaveUp; }
   // Does it answer the question for good?
   bool isSure() const { return kind == reachable || kind == unreachable || kind == unsafe; }
 };

@@ -23,7 +23,7 @@ std::optional<std::string> textOf(const std::string& file) {
 }
 
 void take(const JobAnswer& answer, Row& row) {
-  row.state = answer.kind == JobAnswer::failed ? Row::failed : Row::answered;
+  row.state = answer.kind == JobAnswer::gaveUp ? Row::gaveUp : Row::complete;
   row.answer = answer.kind;
   if (answer.run) row.transitions = static_cast<int>(answer.run->steps.size());
   row.shortest = answer.shortest;
@@ -83,7 +83,7 @@ Whole cubesTogether(const Collection& c, Judge& judge) {
   whole.noRunUpTo = *c.plan.limits.maxTransitions;
   for (const Row& row : c.rows) {
     cubes.push_back(row.job.cube);
-    const int known = row.state == Row::answered ? row.noRunUpTo : -1;
+    const int known = row.state == Row::complete ? row.noRunUpTo : -1;
     whole.noRunUpTo = std::min(whole.noRunUpTo, known);
     if (known < *c.plan.limits.maxTransitions) ++open;
   }
@@ -114,7 +114,7 @@ Whole wholeOf(Collection& c, Judge& judge) {
 }  // namespace
 
 bool isSure(const Row& row) {
-  return row.state == Row::answered &&
+  return row.state == Row::complete &&
          (row.answer == JobAnswer::reachable || row.answer == JobAnswer::unreachable ||
           row.answer == JobAnswer::unsafe);
 }

@@ -14,8 +14,8 @@ namespace tpn {
 
 struct Row {
   enum State {
-    answered,
-    failed,       // it told why, and can be asked again
+    complete,     // its answer is there
+    gaveUp,       // it told why, and can be asked again
     missing,      // not begun
     begun,        // and no answer: it is at work, or was killed
     broken,       // a file that is no answer; asked again by the next run

@@ -22,7 +22,7 @@ std::string fixed(double value, const char* format) {
 }
 
 bool hasFigures(const Row& row) {
-  return row.state == Row::answered || row.state == Row::failed || row.state == Row::refuted;
+  return row.state == Row::complete || row.state == Row::gaveUp || row.state == Row::refuted;
 }
 
 // Rows of words under headings, numbers to the right.
@@ -63,7 +63,7 @@ class TextTable {
 
 std::string lengthOf(const Row& row) {
   if (row.transitions >= 0) return std::to_string(row.transitions);
-  if (row.state == Row::answered && row.answer == JobAnswer::undecided && row.noRunUpTo >= 0)
+  if (row.state == Row::complete && row.answer == JobAnswer::undecided && row.noRunUpTo >= 0)
     return "> " + std::to_string(row.noRunUpTo);
   return "";
 }
@@ -103,7 +103,7 @@ Json jsonOf(const Row& row) {
   for (const Swept& swept : job.swept)
     json["swept"].push_back({{"what", swept.what()}, {"value", swept.value}});
   json["state"] = nameOf(row.state);
-  if (row.state == Row::answered) json["answer"] = nameOf(row.answer);
+  if (row.state == Row::complete) json["answer"] = nameOf(row.answer);
   if (row.transitions >= 0) {
     json["transitions"] = row.transitions;
     json["shortest"] = row.shortest;
@@ -138,7 +138,7 @@ std::string gaps(const Collection& c) {
   std::size_t missing = 0;
   for (const Row& row : c.rows) {
     if (row.state == Row::missing) ++missing;
-    if (row.state == Row::missing || row.state == Row::answered || row.state == Row::superfluous)
+    if (row.state == Row::missing || row.state == Row::complete || row.state == Row::superfluous)
       continue;
     text += "job " + std::to_string(row.job.number) + " " + nameOf(row.state) + ": " +
             printable(row.why) + "\n";
@@ -153,7 +153,7 @@ std::string gaps(const Collection& c) {
 const char* nameOf(Row::State state) { return states.at(state); }
 
 std::string answerWord(const Row& row) {
-  return row.state == Row::answered ? nameOf(row.answer) : nameOf(row.state);
+  return row.state == Row::complete ? nameOf(row.answer) : nameOf(row.state);
 }
 
 std::string text(const Turn& turn) {
@@ -206,7 +206,7 @@ std::string collectionCsv(const Collection& c) {
     text +=
         csvLine({std::to_string(job.number), job.name, std::to_string(job.size), sweptText(job),
                  job.asked, job.engine, std::to_string(job.seed), nameOf(row.state),
-                 row.state == Row::answered ? nameOf(row.answer) : "", known(row.transitions),
+                 row.state == Row::complete ? nameOf(row.answer) : "", known(row.transitions),
                  row.shortest ? "true" : "", known(row.noRunUpTo),
                  figures ? fixed(row.seconds, "%.6f") : "", figures ? fixed(row.cpu, "%.6f") : "",
                  figures ? std::to_string(row.memory) : "", row.why});

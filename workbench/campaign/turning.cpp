@@ -24,7 +24,7 @@ struct Said {
 };
 
 void add(const Row& row, Said& said) {
-  if (row.state != Row::answered) return;
+  if (row.state != Row::complete) return;
   if ((row.answer == JobAnswer::reachable || row.answer == JobAnswer::unsafe) &&
       (said.run == nullptr || row.transitions < said.run->transitions))
     said.run = &row;

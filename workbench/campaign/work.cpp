@@ -108,7 +108,7 @@ JobAnswer searchedOrFailed(const std::string& folder, const Job& job, const Limi
                            const std::atomic<bool>& stop) {
   const auto failure = [](const std::string& reason) {
     JobAnswer answer;
-    answer.kind = JobAnswer::failed;
+    answer.kind = JobAnswer::gaveUp;
     answer.reason = reason;
     return answer;
   };
@@ -183,8 +183,8 @@ Worked answerNow(const std::string& folder, const Plan& plan, const Job& job,
     return {lookout.seen() ? Worked::superfluous : Worked::interrupted, "", false};
   measure(answer, start);
   replaceFile(answerName(folder, job.number), answerText(jobLine(job), answer));
-  if (answer.kind == JobAnswer::failed) return {Worked::failed, answer.reason, false};
-  return {Worked::answered, "", settle(folder, plan, job, answer)};
+  if (answer.kind == JobAnswer::gaveUp) return {Worked::gaveUp, answer.reason, false};
+  return {Worked::answeredNow, "", settle(folder, plan, job, answer)};
 }
 
 }  // namespace

@@ -14,13 +14,13 @@ namespace tpn {
 
 struct Worked {
   enum How {
-    answered,     // now
+    answeredNow,
     wasAnswered,  // before; nothing was asked
     superfluous,  // another job has settled the question
     interrupted,  // by `stop`; nothing is written
-    failed        // which is written, and the job remains to be done
-  } how = answered;
-  std::string reason;    // failed: one line
+    gaveUp        // which is written, and the job remains to be done
+  } how = answeredNow;
+  std::string reason;    // gaveUp: one line
   bool settles = false;  // the whole plan
 };
 

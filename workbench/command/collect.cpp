@@ -43,7 +43,7 @@ std::string printed(const CollectArguments& a, const Collection& c) {
 // A contradiction is the worst that can be; what is not there yet comes next.
 int statusOf(const Collection& c) {
   if (!c.contradictions.empty()) return failed;
-  if (c.count(Row::refuted) + c.count(Row::broken) + c.count(Row::failed) > 0) return failed;
+  if (c.count(Row::refuted) + c.count(Row::broken) + c.count(Row::gaveUp) > 0) return failed;
   return c.count(Row::missing) + c.count(Row::begun) > 0 ? neither : done;
 }
 

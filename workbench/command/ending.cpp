@@ -11,7 +11,7 @@ namespace tpn {
 
 namespace {
 
-std::atomic<bool> stopped{false};
+std::atomic<bool> stopAsked{false};
 
 }  // namespace
 
@@ -28,8 +28,8 @@ std::optional<std::chrono::milliseconds> limitOf(double timeout) {
 
 const std::atomic<bool>& stoppedBySignals() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-    if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopped = true; });
-  return stopped;
+    if (std::signal(signal, SIG_IGN) != SIG_IGN) std::signal(signal, [](int) { stopAsked = true; });
+  return stopAsked;
 }
 
 Exit stoppedBefore(const Watch& watch) {

@@ -40,7 +40,7 @@ int told(const WorkArguments& a, const std::string& reason) {
 
 int workOn(const WorkArguments& a) {
   const Worked worked = work(a.folder, a.number, stoppedBySignals());
-  if (worked.how == Worked::failed) return told(a, worked.reason);
+  if (worked.how == Worked::gaveUp) return told(a, worked.reason);
   if (worked.how == Worked::interrupted) return told(a, "interrupted");
   return a.race && !worked.settles ? open : done;
 }

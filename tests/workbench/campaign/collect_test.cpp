@@ -36,7 +36,7 @@ TEST(Collect, HasARowForEachJob) {
   plans.campaign(twoQuestions);
   const Collection c = plans.workAll();
   ASSERT_EQ(c.rows.size(), 4U);
-  EXPECT_EQ(c.count(Row::answered), 4U);
+  EXPECT_EQ(c.count(Row::complete), 4U);
   EXPECT_EQ(c.rows[0].answer, JobAnswer::reachable);
   EXPECT_EQ(c.rows[0].transitions, 3);
   EXPECT_TRUE(c.rows[0].shortest);
@@ -195,7 +195,7 @@ TEST(Collect, AnInputThatWasDamagedIsToldOfItsJobsAlone) {
   const Job last = readJob(plans.plan(), readPlan(plans.plan()), 4);
   plans.write("plan/inputs/" + last.question, "p3\n");
   const Collection c = collect(plans.plan());
-  EXPECT_EQ(c.rows[0].state, Row::answered);
+  EXPECT_EQ(c.rows[0].state, Row::complete);
   EXPECT_EQ(c.rows[3].state, Row::refuted);
   EXPECT_THAT(c.rows[3].why, HasSubstr("is not what was planned"));
 }
@@ -217,7 +217,7 @@ TEST(Collect, TextsAndPicturesHaveEveryJob) {
 TEST(Collect, PlotsMarkWholeNumbersWhereTheyAre) {
   Collection c;
   Row row;
-  row.state = Row::answered;
+  row.state = Row::complete;
   row.answer = JobAnswer::unreachable;
   row.job.size = 5;
   c.rows.push_back(row);

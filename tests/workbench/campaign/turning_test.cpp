@@ -10,7 +10,7 @@ namespace {
 
 Row row(JobAnswer::Kind answer, int transitions, int noRunUpTo) {
   Row row;
-  row.state = Row::answered;
+  row.state = Row::complete;
   row.answer = answer;
   row.transitions = transitions;
   row.noRunUpTo = noRunUpTo;

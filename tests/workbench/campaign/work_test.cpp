@@ -15,7 +15,7 @@ const std::string oneJob = "[[network]]\nfile = \"counting.tpn\"\nquestions = [\
 TEST(Work, WritesAnAnswerAndNothingBesideIt) {
   const Plans plans;
   plans.campaign(oneJob);
-  EXPECT_EQ(plans.work(1).how, Worked::answered);
+  EXPECT_EQ(plans.work(1).how, Worked::answeredNow);
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(plans.plan() + "/answers/0"))
     names.push_back(entry.path().filename());
@@ -37,7 +37,7 @@ TEST(Work, IsDoneAgainWhereItsAnswerWasDamaged) {
   plans.work(1);
   plans.damage(1);
   EXPECT_EQ(unanswered(plans.plan()), std::vector<int>{1});
-  EXPECT_EQ(plans.work(1).how, Worked::answered);
+  EXPECT_EQ(plans.work(1).how, Worked::answeredNow);
   EXPECT_TRUE(unanswered(plans.plan()).empty());
 }
 
@@ -55,11 +55,11 @@ TEST(Work, ThatFailsTellsWhyAndRemainsToBeDone) {
   const Job job = readJob(plans.plan(), readPlan(plans.plan()), 1);
   plans.write("plan/inputs/" + job.network, "damaged");
   const Worked worked = plans.work(1);
-  EXPECT_EQ(worked.how, Worked::failed);
+  EXPECT_EQ(worked.how, Worked::gaveUp);
   EXPECT_THAT(worked.reason, testing::HasSubstr("is not what was planned"));
   EXPECT_EQ(unanswered(plans.plan()), std::vector<int>{1});
   plans.write("plan/inputs/" + job.network, counting);
-  EXPECT_EQ(plans.work(1).how, Worked::answered);
+  EXPECT_EQ(plans.work(1).how, Worked::answeredNow);
 }
 
 TEST(Work, OfAJobThatIsNotThereIsRefused) {
@@ -91,7 +91,7 @@ TEST(Work, InARaceGoesOnWhereTheAnswerThatSettledItWasDamaged) {
   planPortfolio(aboutCounting("p2"), 3, {}, plans.plan(), {});
   plans.work(2);
   plans.damage(2);
-  EXPECT_EQ(plans.work(1).how, Worked::answered);
+  EXPECT_EQ(plans.work(1).how, Worked::answeredNow);
 }
 
 }  // namespace
