@@ -22,7 +22,7 @@ struct Instance {
 };
 
 // Throws std::runtime_error, one line, where one cannot be had.
-Instance instanceIn(const std::string& file);
+Instance instanceIn(const std::string& named);
 void forEachInstance(const NetworkEntry& entry, const std::function<void(const Instance&)>& take);
 
 // Every combination of the values of the sweeps; the last one changes fastest.

@@ -61,7 +61,7 @@ std::string Judge::runComplaint(const Job& job, const JobAnswer& answer) {
   if (!answer.run) return "it has no run";
   const Network& net = network(job);
   const Goal& asked = goal(job);
-  const std::string complaint = replayComplaint(net, asked, *answer.run);
+  std::string complaint = replayComplaint(net, asked, *answer.run);
   if (!complaint.empty()) return complaint;
   if (!isIn(job.cube, *answer.run)) return "its run is outside of its cube";
   const bool isUnsafe = !unsafety(net, asked, *answer.run).empty();

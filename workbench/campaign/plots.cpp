@@ -81,7 +81,7 @@ std::string polyline(const std::vector<Point>& points, const Axes& axes, const c
   for (const Point& p : points) {
     const std::string x = std::to_string(axes.x(p.x));
     const std::string y = std::to_string(axes.y(p.seconds));
-    corners += (corners.empty() ? "" : " ") + x + "," + y;
+    corners.append(corners.empty() ? "" : " ").append(x).append(",").append(y);
     dots += "<circle" + attribute("cx", x) + attribute("cy", y) + attribute("r", 2) +
             attribute("fill", colour) + "/>\n";
   }

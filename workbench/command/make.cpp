@@ -140,6 +140,7 @@ Action declareMake(CLI::App& app) {
       ->check(wholeNumber(1, largestSize))
       ->type_name("N");
   std::vector<std::string> names;
+  names.reserve(std::size(formats));
   for (const Format& format : formats) names.emplace_back(format.name);
   app.add_option("--format", a->format, "of the network; tpn where nothing is said")
       ->type_name(alternatives(names))

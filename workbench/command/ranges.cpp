@@ -63,6 +63,7 @@ CLI::Validator oneOf(const std::vector<std::string>& names) {
 
 CLI::Validator numberOf(const std::vector<std::pair<std::string, int>>& names) {
   std::vector<std::string> known;
+  known.reserve(names.size());
   for (const auto& row : names) known.push_back(row.first);
   const std::function<std::string(std::string&)> exchange = [=](std::string& text) {
     std::string complaint = oneOf(known)(text);

@@ -47,12 +47,12 @@ std::optional<Network> networkOf(const Files& files, Diagnostics& diagnostics,
 std::optional<Property> propertyOf(const Files& files, const Network* net,
                                    Diagnostics& diagnostics) {
   if (files.property) {
-    const auto given = readGivenQuestion(*files.property, net, diagnostics);
+    auto given = readGivenQuestion(*files.property, net, diagnostics);
     if (given) lintTogether(*net, commandLine, *given, diagnostics);
     return given;
   }
   const std::string name = inputName(files.phi);
-  const auto read = readQuestion(name, readInput(files.phi), net, diagnostics);
+  auto read = readQuestion(name, readInput(files.phi), net, diagnostics);
   if (read && net != nullptr) lintTogether(*net, name, *read, diagnostics);
   return read;
 }

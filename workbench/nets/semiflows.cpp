@@ -143,6 +143,7 @@ std::vector<std::vector<Row>> groupedRows(const PlaceClasses& classes) {
     grouped[groups.find(key)].push_back(std::move(rows[key]));
   }
   std::vector<std::vector<Row>> ordered;
+  ordered.reserve(grouped.size());
   for (auto& [key, group] : grouped) ordered.push_back(std::move(group));
   std::stable_sort(ordered.begin(), ordered.end(),
                    [](const auto& a, const auto& b) { return a.size() < b.size(); });

@@ -35,6 +35,7 @@ std::optional<NameLine::Kind> kindCalled(std::string_view word) {
 
 std::string kindHint(std::string_view word) {
   std::vector<std::string> names;
+  names.reserve(std::size(kinds));
   for (const auto& [name, kind] : kinds) names.emplace_back(name);
   const std::string near = nearest(word, names);
   return near.empty() ? "\"process\", \"location\", \"transition\" or \"proposition\" is expected"

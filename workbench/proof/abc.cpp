@@ -28,7 +28,7 @@ constexpr const char* program = "berkeley-abc";
 constexpr std::size_t mostClauses = 1000000;
 
 std::string pathOfAbc() {
-  const std::string path = programPath(program);
+  std::string path = programPath(program);
   if (!path.empty()) return path;
   throw std::runtime_error("there is no program berkeley-abc (the package of that name has it)");
 }

@@ -114,7 +114,7 @@ class Cursor {
 
   std::string digest() {
     const std::size_t digits = rest_.find_first_not_of("0123456789abcdef");
-    const std::string found(rest_.substr(0, digits));
+    std::string found(rest_.substr(0, digits));
     if (found.size() != 64) refuse("expected 64 hexadecimal digits");
     rest_.remove_prefix(found.size());
     return found;

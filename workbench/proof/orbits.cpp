@@ -100,6 +100,7 @@ std::vector<LinearInvariant> closed(const std::vector<LinearInvariant>& represen
     if (seen.insert(invariant).second) all.push_back(std::move(invariant));
   };
   for (const LinearInvariant& invariant : representatives) put(invariant);
+  // NOLINTNEXTLINE(modernize-loop-convert): it grows meanwhile
   for (std::size_t next = 0; next < all.size(); ++next)
     for (const Generator& g : generators) {
       checkpoint();

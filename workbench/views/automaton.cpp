@@ -129,6 +129,7 @@ class Drawing {
     const std::size_t others = first().locations.size() - 1;
     if (sources.size() == others && !sources.contains(target)) return "from any other";
     std::vector<std::string> names;
+    names.reserve(sources.size());
     for (const int source : sources) names.push_back(drawn(source, {}).name);
     return "from " + joined(summary(names, 6), ", ");
   }

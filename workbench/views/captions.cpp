@@ -36,6 +36,7 @@ std::string partnersText(const Network& net, const std::set<Processes>& sets, st
     std::set<std::size_t> here;
     for (const Processes& set : sets) here.insert(set[i]);
     std::vector<std::string> names;
+    names.reserve(here.size());
     for (const std::size_t p : here) names.push_back(shownProcess(net, p));
     words.push_back(eitherOf(names));
   }

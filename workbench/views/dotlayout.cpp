@@ -116,8 +116,10 @@ std::vector<Layout> laidOut(const std::vector<Graph>& graphs) {
   }
   PlainReader reader(plainOf(input));
   std::vector<Layout> distinct;
+  distinct.reserve(chosen.size());
   for (const std::size_t i : chosen) distinct.push_back(reader.next(graphs[i]));
   std::vector<Layout> result;
+  result.reserve(which.size());
   for (const std::size_t i : which) result.push_back(distinct[i]);
   return result;
 }

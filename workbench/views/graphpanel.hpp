@@ -26,8 +26,8 @@ class GraphPanel : public Panel {
   std::size_t arrowNode(std::size_t arrow) const {
     return 1 + automaton().locations.size() + arrow;
   }
-  std::string drawArrow(std::size_t arrow) const;
-  std::string drawCaptions(std::size_t arrow) const;
+  std::string drawArrow(std::size_t index) const;
+  std::string drawCaptions(std::size_t index) const;
   std::string drawLocation(std::size_t rank) const;
 
   Graph graph_;  // nodes: where it starts, locations, arrows; edges: the first one, two an arrow

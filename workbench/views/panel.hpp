@@ -27,7 +27,7 @@ class Panel {
   // What dot is to lay out; null where there is nothing. The layout has to be there before the rest
   // is asked for.
   virtual const Graph* graph() const { return nullptr; }
-  virtual void place(Layout /*layout*/) {}
+  virtual void place(Layout /*layout*/) {}  // NOLINT(performance-unnecessary-value-param)
 
   double width() const;
   double height() const;

@@ -64,6 +64,7 @@ std::vector<Kin> kinsOf(const std::vector<std::string>& names) {
 
 std::vector<std::size_t> numbersOf(const std::vector<std::string>& words) {
   std::vector<std::size_t> numbers;
+  numbers.reserve(words.size());
   for (const std::string& word : words) numbers.push_back(std::stoul(word));
   std::sort(numbers.begin(), numbers.end());
   return numbers;

@@ -25,6 +25,7 @@ std::string listed(const std::vector<std::string>& items, const std::string& las
 // "P1 is in reading or waiting"
 std::string placed(const Network& net, std::size_t process, const std::set<int>& locations) {
   std::vector<std::string> names;
+  names.reserve(locations.size());
   for (const int l : locations) names.push_back(locationTitle(net, process, l));
   return processTitle(net, process) + " is in " + listed(names, "or");
 }
@@ -143,6 +144,10 @@ void addPlaces(const Network& net, const AtomClause& clause, Implication& says) 
   }
 }
 
+std::string compared(const std::string& clock, const char* how, const std::string& time) {
+  return clock + how + time;
+}
+
 void addClocks(const Network& net, const AtomClause& clause, std::int64_t unit, Implication& says) {
   std::vector<std::string> below;
   for (const Atom& atom : clause) {
@@ -150,11 +155,11 @@ void addClocks(const Network& net, const AtomClause& clause, std::int64_t unit, 
     const std::string time = std::to_string(atom.value * unit);
     const std::string clock = clockOf(net, atom.process);
     if (atom.positive)
-      says.conclusions.push_back(clock + " is at least " + time);
+      says.conclusions.push_back(compared(clock, " is at least ", time));
     else if (says.conclusions.empty() && below.empty())
-      below.push_back(clock + " is below " + time);
+      below.push_back(compared(clock, " is below ", time));
     else
-      says.premises.push_back(clock + " is at least " + time);
+      says.premises.push_back(compared(clock, " is at least ", time));
   }
   says.conclusions.insert(says.conclusions.end(), below.begin(), below.end());
 }
@@ -245,6 +250,7 @@ std::string sentence(const Network& net, const Generator& generator) {
   std::vector<std::string> moves;
   for (const std::vector<std::size_t>& cycle : cycles(generator)) {
     std::vector<std::string> names;
+    names.reserve(cycle.size());
     for (const std::size_t p : cycle) names.push_back(processTitle(net, p));
     moves.push_back(names.size() == 2 ? names[0] + " and " + names[1] + " change places"
                                       : joined(names, " becomes ") + " becomes " + names[0]);
