@@ -15,7 +15,7 @@ namespace tpn {
 // and `bound` is the path's length. Unreached: the answer is that there is no run of exactly that
 // length, which says nothing of shorter ones; `bound` is 0. Throws std::runtime_error with one line
 // where the files are broken or do not fit.
-Verdict traced(const Network& net, const Property& property, const std::string& map,
+Verdict traced(const Network& network, const Property& asked, const std::string& map,
                const std::string& answer);
 
 }  // namespace tpn

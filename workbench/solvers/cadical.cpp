@@ -85,7 +85,7 @@ class Cadical final : public Solver, private CaDiCaL::Terminator, private CaDiCa
     try {
       made();
     } catch (...) {
-      solver_.release();  // on purpose never freed
+      static_cast<void>(solver_.release());  // on purpose never freed
       throw;
     }
   }

@@ -19,11 +19,11 @@ std::string processText(const Network& net, std::size_t process) {
   return (net.names.processes.contains(process) ? "" : "process ") + shownProcess(net, process);
 }
 
-using Words = std::vector<std::string>;
+using Phrases = std::vector<std::string>;
 
 // "P1: idle -> asking,", "variable: reads free".
-Words movesWords(const Network& net, const Transition& t) {
-  Words words;
+Phrases movesWords(const Network& net, const Transition& t) {
+  Phrases words;
   for (const Move& move : t.moves) {
     std::string text = processText(net, move.process) + ": ";
     if (!move.resets) text += "reads ";
@@ -34,13 +34,13 @@ Words movesWords(const Network& net, const Transition& t) {
   return words;
 }
 
-Words propositionWords(const Network& net, const std::set<int>& held) {
-  Words words;
+Phrases propositionWords(const Network& net, const std::set<int>& held) {
+  Phrases words;
   for (const int proposition : held)
     words.push_back(net.names.propositions.contains(proposition)
                         ? shownProposition(net, proposition)
                         : std::to_string(proposition));
-  return held.empty() ? Words{"none"} : words;
+  return held.empty() ? Phrases{"none"} : words;
 }
 
 void showProcesses(const Network& net, const TimedState& state, std::size_t width,
@@ -48,7 +48,7 @@ void showProcesses(const Network& net, const TimedState& state, std::size_t widt
   for (std::size_t p = 0; p < net.processes.size(); ++p)
     out << "  " << processText(net, p) << ": location " << shownLocation(net, p, state.locations[p])
         << ", clock " << state.clocks[p].text() << "\n";
-  const Words held = propositionWords(net, propositionsAt(net, state.locations));
+  const Phrases held = propositionWords(net, propositionsAt(net, state.locations));
   out << hanging("  propositions:", held, width);
 }
 
@@ -58,8 +58,8 @@ std::string nameOf(const Network& net, std::size_t transition) {
 }
 
 // What moves, and why it cannot where that is so.
-Words effectOf(const Network& net, const TimedState& state, std::size_t transition, bool fires) {
-  Words words = movesWords(net, net.transitions[transition]);
+Phrases effectOf(const Network& net, const TimedState& state, std::size_t transition, bool fires) {
+  Phrases words = movesWords(net, net.transitions[transition]);
   if (fires) return words;
   words.back() += "; not";
   std::istringstream reason(hindrance(net, state, transition));

@@ -184,7 +184,7 @@ class Session {
 
   std::string print(const RunView& view, const std::string& file) {
     try {
-      const std::string refused = veto_ && !file.empty() ? veto_(file) : "";
+      std::string refused = veto_ && !file.empty() ? veto_(file) : "";
       if (!refused.empty()) return refused;
       const std::string text =
           view.print(net_, anything(), run(), file.empty() ? look_ : Look{.all = look_.all});
