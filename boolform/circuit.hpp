@@ -35,7 +35,6 @@ class Circuit {
 
  private:
   BoolForm value(int signal) const;
-  BoolForm conOf(const Triple& gate) const;
   void buildUpTo(std::size_t gates);
   void buildNew();
   bool areIndependent();

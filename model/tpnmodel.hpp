@@ -5,8 +5,9 @@
 // set by readFormula; from then on only read, but for the counter nrInvTerms. Processes and
 // transitions are numbered from 1, locations from 0. Process p owns clock p.
 //
-// tpnmodel.cpp holds the formulas over one state, tpnsucc.cpp those over two, tpnlayout.cpp the
-// widths and the variable map, tpnreader.cpp the input files.
+// tpnmodel.cpp holds the formulas over one state, stateterms.cpp the atoms they share, tpnsucc.cpp
+// the formulas over two, tpnlayout.cpp the widths and the variable map, tpnreader.cpp the input
+// files.
 
 #pragma once
 
